@@ -1,0 +1,8 @@
+#include "platform/VmKbMainWidget.h"
+
+VmKbMainWidget::VmKbMainWidget(QWidget* parent) : QWidget(parent)
+{
+    setWindowTitle(QStringLiteral("Media Player"));
+}
+
+VmKbMainWidget::~VmKbMainWidget() = default;

@@ -1,0 +1,23 @@
+#!/usr/bin/env bash
+# From nothing to a passing test run: installs what is missing, builds, runs
+# every test, then builds again with AddressSanitizer and
+# UndefinedBehaviorSanitizer and runs every test once more.
+#   scripts/test.sh            both runs
+#   scripts/test.sh --quick    the plain run only
+set -euo pipefail
+root="$(cd "$(dirname "$0")/.." && pwd)"
+export QT_QPA_PLATFORM=offscreen
+
+run_suite() {
+  local build="$1"; shift
+  "$root/scripts/build.sh" "$build" "$@"
+  ctest --test-dir "$build" --output-on-failure -j "$(nproc)"
+}
+
+run_suite "$root/build"
+if [ "${1:-}" != "--quick" ]; then
+  export ASAN_OPTIONS="detect_leaks=1:abort_on_error=1"
+  export UBSAN_OPTIONS="print_stacktrace=1:halt_on_error=1"
+  export LSAN_OPTIONS="suppressions=$root/scripts/lsan.supp"
+  run_suite "$root/build-sanitize" -DMP_SANITIZE=ON -DCMAKE_BUILD_TYPE=Debug
+fi

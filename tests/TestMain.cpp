@@ -1,0 +1,25 @@
+// Runs every test inside one QApplication on the offscreen platform, with the
+// library's trace lines going to a log file instead of the test output.
+
+#include <QApplication>
+#include <QDir>
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+
+#include "platform/TraceLog.h"
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    testing::InitGoogleTest(&argc, argv);
+    QApplication app(argc, argv);
+    FILE* log = std::fopen((QDir::tempPath() + QStringLiteral("/mp_tests-trace.log")).toLocal8Bit().constData(), "w");
+    LOG_SetStream(log);
+    const int result = RUN_ALL_TESTS();
+    LOG_SetStream(nullptr);
+    if (log)
+        std::fclose(log);
+    return result;
+}

@@ -1,0 +1,54 @@
+#include "platform/StreamEncoding.h"
+
+#include <QByteArray>
+#include <QDataStream>
+#include <QIODevice>
+#include <QString>
+
+#include <gtest/gtest.h>
+
+#include "platform/Qt2Compat.h"
+
+namespace {
+
+template <typename... Values>
+QByteArray encode(const Values&... values)
+{
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    MP_SetPayloadFormat(stream);
+    (stream << ... << values);
+    return bytes;
+}
+
+TEST(StreamEncodingTest, WritesThePhonesBytes)
+{
+    EXPECT_EQ(encode(qint32(0x1048), qint32(1)).toHex(), "0000104800000001");
+    EXPECT_EQ(encode(qint32(-1)).toHex(), "ffffffff");
+    EXPECT_EQ(encode(Q_INT8(-2)).toHex(), "fe");
+    // Byte count, then UTF-16 big-endian code units; "Ár" and a CJK character.
+    EXPECT_EQ(encode(QString::fromUtf8("\xc3\x81r\xe6\x97\xa5")).toHex(), "0000000600c1007265e5");
+    EXPECT_EQ(encode(QString(QLatin1String(""))).toHex(), "00000000");
+    EXPECT_EQ(encode(QString()).toHex(), "ffffffff");
+    EXPECT_EQ(encode(QByteArray("\x01\x02", 2)).toHex(), "000000020102");
+    EXPECT_EQ(encode(qint32(3), QString(QLatin1String("ab"))).toHex(), "00000003000000040061" "0062");
+}
+
+TEST(StreamEncodingTest, ReadsBackWhatItWrote)
+{
+    const QByteArray bytes = encode(qint32(7), QString(), QString::fromUtf8("\xc3\xa9t\xc3\xa9"), Q_INT8(5));
+    QDataStream stream(bytes);
+    MP_SetPayloadFormat(stream);
+    qint32 number = 0;
+    QString null = QStringLiteral("x");
+    QString text;
+    Q_INT8 small = 0;
+    stream >> number >> null >> text >> small;
+    EXPECT_EQ(number, 7);
+    EXPECT_TRUE(null.isNull());
+    EXPECT_EQ(text, QString::fromUtf8("\xc3\xa9t\xc3\xa9"));
+    EXPECT_EQ(small, 5);
+    EXPECT_EQ(stream.status(), QDataStream::Ok);
+}
+
+} // namespace
