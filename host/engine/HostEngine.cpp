@@ -1,0 +1,528 @@
+#include "host/engine/HostEngine.h"
+
+#include <QLoggingCategory>
+
+#include <algorithm>
+#include <climits>
+#include <unistd.h>
+
+#include "host/engine/HostEngineClock.h"
+#include "host/platform/HostJournal.h"
+#include "lists/MP_ListInterface.h"
+#include "platform/MP_Utility.h"
+#include "platform/VmKbMainWidget.h"
+
+Q_LOGGING_CATEGORY(lcEngine, "mp.host.engine", QtInfoMsg)
+
+namespace {
+
+// Every engine alive, in creation order.
+std::vector<HostEngine*>& registry()
+{
+    static std::vector<HostEngine*> engines;
+    return engines;
+}
+
+bool consoleEnabled = false;
+
+QJsonValue listTag(const MP_ListInterface* list)
+{
+    return HostEngineReporter::journalTag(list, QStringLiteral("list"));
+}
+
+QJsonValue listenerTag(const void* listener)
+{
+    return HostEngineReporter::journalTag(listener, QStringLiteral("listener"));
+}
+
+} // namespace
+
+HostEngine::HostEngine(bool playerFlag, MP_LAUNCH_TYPE launchType)
+    : m_playerFlag(playerFlag)
+    , m_launchType(launchType)
+    , m_control(*this)
+    , m_mainWidget(std::make_unique<VmKbMainWidget>())
+    , m_view(*m_mainWidget)
+    , m_console(stderr, isatty(fileno(stderr)) != 0)
+{
+    m_mainWidget->setWindowTitle(QStringLiteral("Media Player"));
+    m_ticker.setInterval(HostEngineClock::kTickInterval);
+    connect(&m_ticker, &QTimer::timeout, this, [this] { advanceTime(int(m_sinceTick.restart())); });
+    registry().push_back(this);
+}
+
+HostEngine::~HostEngine()
+{
+    m_ticker.stop();
+    m_reporter.clear();
+    auto& engines = registry();
+    engines.erase(std::remove(engines.begin(), engines.end(), this), engines.end());
+}
+
+// --- The engine interface -------------------------------------------------
+
+void HostEngine::setFile(const QString& path)
+{
+    journalCall("setFile", {path});
+    const bool keepPlaying = m_state == MP_STATE_PLAYING;
+    if (m_list) {
+        m_list = nullptr;
+        announceListInfo();
+    }
+    if (loadMedia(path))
+        setState(keepPlaying ? MP_STATE_PLAYING : MP_STATE_STOPPED);
+    else
+        announceError();
+}
+
+void HostEngine::setPlayList(MP_ListInterface* list)
+{
+    journalCall("setPlayList", {listTag(list)});
+    const bool keepPlaying = m_state == MP_STATE_PLAYING;
+    m_list = list;
+    if (!list)
+        forgetMedia();
+    announceListInfo();
+    if (!list)
+        setState(MP_STATE_STOPPED);
+    else if (m_list == list)
+        settleOnListCurrent(keepPlaying);
+}
+
+void HostEngine::showPlayer()
+{
+    journalCall("showPlayer");
+    m_mainWidget->show();
+    m_mainWidget->raise();
+    m_mainWidget->activateWindow();
+}
+
+void HostEngine::closePlayerWindow()
+{
+    journalCall("closePlayerWindow");
+    m_mainWidget->hide();
+}
+
+int HostEngine::flipClosed()
+{
+    journalCall("flipClosed");
+    return 0;
+}
+
+void HostEngine::autoPlay(bool slideShow)
+{
+    journalCall("autoPlay", {slideShow});
+    m_slideShow = slideShow;
+    startPlayback();
+}
+
+void HostEngine::notifyCurrentChanged()
+{
+    journalCall("notifyCurrentChanged");
+    MP_ListInterface* const list = m_list;
+    if (!list)
+        return;
+    const bool keepPlaying = m_state == MP_STATE_PLAYING;
+    announceListInfo();
+    if (m_list == list)
+        settleOnListCurrent(keepPlaying);
+}
+
+VmKbMainWidget* HostEngine::getMainWidget()
+{
+    return m_mainWidget.get();
+}
+
+void HostEngine::setShuffleRepeat(bool shuffle, bool repeat)
+{
+    journalCall("setShuffleRepeat", {shuffle, repeat});
+    m_shuffle = shuffle;
+    m_repeat = repeat;
+}
+
+MP_CONTENT_TYPE HostEngine::getContentType()
+{
+    return m_media.contentType;
+}
+
+bool HostEngine::isPlayerShown()
+{
+    return m_mainWidget->isVisible();
+}
+
+void HostEngine::setNormalSize(bool normal)
+{
+    journalCall("setNormalSize", {normal});
+    m_normalSize = normal;
+}
+
+QString HostEngine::getCurrentPath()
+{
+    return m_path;
+}
+
+MP_PlayerControl* HostEngine::getPlayerControl()
+{
+    return &m_control;
+}
+
+MP_ListInterface* HostEngine::getCurrentList()
+{
+    return m_list;
+}
+
+int HostEngine::getMediumType()
+{
+    return m_medium;
+}
+
+void HostEngine::addListListener(MP_ListListener* listener)
+{
+    journalCall("addListListener", {listenerTag(listener)});
+    m_reporter.addListListener(listener);
+}
+
+void HostEngine::removeListListener(MP_ListListener* listener)
+{
+    journalCall("removeListListener", {listenerTag(listener)});
+    m_reporter.removeListListener(listener);
+}
+
+void HostEngine::addPlayerListener(MP_PlayerListener* listener)
+{
+    journalCall("addPlayerListener", {listenerTag(listener)});
+    m_reporter.addPlayerListener(listener);
+}
+
+void HostEngine::removePlayerListener(MP_PlayerListener* listener)
+{
+    journalCall("removePlayerListener", {listenerTag(listener)});
+    m_reporter.removePlayerListener(listener);
+}
+
+// --- Host side ------------------------------------------------------------
+
+HostEngine* HostEngine::liveEngine()
+{
+    const auto& engines = registry();
+    return engines.empty() ? nullptr : engines.back();
+}
+
+void HostEngine::setConsoleOutput(bool enabled)
+{
+    consoleEnabled = enabled;
+}
+
+bool HostEngine::consoleOutput()
+{
+    return consoleEnabled;
+}
+
+void HostEngine::setMediumType(int type)
+{
+    journalCall("setMediumType", {type});
+    m_mediumOverride = type >= 0 ? type : -1;
+    m_medium = mediumOf(m_path);
+}
+
+void HostEngine::reportDownloadProgress(int progress, int value)
+{
+    m_reporter.reportDownloadProgress(progress, value);
+}
+
+void HostEngine::reportDownloadComplete()
+{
+    m_reporter.reportDownloadComplete();
+}
+
+const std::vector<HostEngine*>& HostEngine::liveEngines()
+{
+    return registry();
+}
+
+bool HostEngine::isLive(const HostEngine* engine)
+{
+    const auto& engines = registry();
+    return std::find(engines.begin(), engines.end(), engine) != engines.end();
+}
+
+// --- Time -----------------------------------------------------------------
+
+void HostEngine::advanceTime(int milliseconds)
+{
+    qint64 left = milliseconds;
+    while (left > 0 && m_state == MP_STATE_PLAYING) {
+        if (isStream()) {
+            moveTimeTo(m_position + left);
+            return;
+        }
+        const int untilEnd = std::max(0, m_media.duration - m_position);
+        if (left < untilEnd) {
+            moveTimeTo(m_position + left);
+            return;
+        }
+        moveTimeTo(m_media.duration);
+        left -= untilEnd;
+        // A listener may have paused, sought or loaded during the reports.
+        if (m_state == MP_STATE_PLAYING && m_position >= m_media.duration)
+            finishItem();
+    }
+}
+
+// Reports every whole second passed on the way to @p target.
+void HostEngine::moveTimeTo(qint64 target)
+{
+    target = std::min<qint64>(target, INT_MAX);
+    for (qint64 second = (m_position / 1000 + 1) * qint64(1000); second <= target; second += 1000) {
+        m_position = int(second);
+        announceTime();
+        if (m_state != MP_STATE_PLAYING || m_position != second)
+            return;
+    }
+    m_position = int(target);
+}
+
+void HostEngine::clockModeChanged()
+{
+    updateTicker();
+}
+
+void HostEngine::updateTicker()
+{
+    const bool wanted = m_state == MP_STATE_PLAYING && !HostEngineClock::isManual();
+    if (wanted && !m_ticker.isActive()) {
+        m_sinceTick.start();
+        m_ticker.start();
+    } else if (!wanted) {
+        m_ticker.stop();
+    }
+}
+
+// --- Playback -------------------------------------------------------------
+
+void HostEngine::startPlayback()
+{
+    if (m_state == MP_STATE_PLAYING)
+        return;
+    const bool resumable = m_state == MP_STATE_PAUSED
+        || (m_state == MP_STATE_STOPPED && m_loaded && (!m_list || m_list->getCurrent() == m_path));
+    if (resumable) {
+        setState(MP_STATE_PLAYING);
+    } else if (m_list) {
+        settleOnListCurrent(true);
+    } else if (!m_path.isNull()) {
+        // A finished or failed single file starts again from its beginning.
+        if (loadMedia(m_path))
+            setState(MP_STATE_PLAYING);
+        else
+            announceError();
+    }
+}
+
+void HostEngine::pausePlayback()
+{
+    if (m_state == MP_STATE_PLAYING)
+        setState(MP_STATE_PAUSED);
+}
+
+void HostEngine::stopPlayback()
+{
+    m_position = 0;
+    setState(MP_STATE_STOPPED);
+    if (m_loaded)
+        announceTime();
+}
+
+void HostEngine::stepForward()
+{
+    if (m_list && m_list->hasNext())
+        stepList(1, m_state == MP_STATE_PLAYING);
+}
+
+void HostEngine::stepBack()
+{
+    const bool restart = m_position >= kRestartThreshold || !m_list || !m_list->hasPrevious();
+    if (!restart) {
+        stepList(-1, m_state == MP_STATE_PLAYING);
+    } else if (m_loaded) {
+        m_position = 0;
+        announceTime();
+    }
+}
+
+void HostEngine::seekBy(int offset)
+{
+    if (!m_loaded || isStream())
+        return;
+    m_position = int(std::clamp<qint64>(qint64(m_position) + offset, 0, m_media.duration));
+    announceTime();
+}
+
+void HostEngine::reportEverythingTo(MP_PlayerListener* listener)
+{
+    if (m_loaded) {
+        m_reporter.reportMetaInfo(m_media.title, m_media.artist, m_media.album, m_medium == MP_MEDIUM_LOCAL,
+                                  listener);
+        m_reporter.reportTime(m_position, m_media.duration, listener);
+    }
+    m_reporter.reportState(m_state, listener);
+}
+
+// --- Loading and stepping -------------------------------------------------
+
+// Makes @p path the current media and reports it. False when it cannot be
+// played; the error texts are then set and nothing but the content type
+// (which the name tells) has been reported.
+bool HostEngine::loadMedia(const QString& path)
+{
+    m_path = path;
+    m_position = 0;
+    m_media = HostMediaInfo::read(path);
+    m_medium = mediumOf(path);
+    m_loaded = m_media.playable;
+    if (m_media.contentType != MP_CONTENT_UNKNOWN)
+        announceContentType();
+    if (!m_loaded) {
+        m_errorDetail = QStringLiteral("file not found");
+        m_errorMessage = QStringLiteral("%1 cannot be played.").arg(HostMediaInfo::displayName(path));
+        m_view.clearMedia();
+        m_view.showMedia(m_media.title, QString(), QString());
+        return false;
+    }
+    if (isStream())
+        m_reporter.reportConnectionStatus(kConnecting);
+    announceMedia();
+    announceTime();
+    if (isStream())
+        m_reporter.reportBuffering(100);
+    return true;
+}
+
+void HostEngine::forgetMedia()
+{
+    m_path = QString();
+    m_media = HostMediaInfo();
+    m_loaded = false;
+    m_position = 0;
+    m_medium = mediumOf(m_path);
+    m_view.clearMedia();
+}
+
+// Loads the list's current item; playing (keepPlaying), steps past items
+// that cannot be played, each at most once, so that a list of missing files
+// ends in state 8 instead of going round for ever.
+void HostEngine::settleOnListCurrent(bool keepPlaying)
+{
+    MP_ListInterface* const list = m_list;
+    const unsigned int itemCount = list->count();
+    for (unsigned int failures = 0;;) {
+        const QString path = itemCount == 0 ? QString() : list->getCurrent();
+        if (path.isEmpty()) {
+            forgetMedia();
+            setState(MP_STATE_FINISHED);
+            return;
+        }
+        if (loadMedia(path)) {
+            setState(keepPlaying ? MP_STATE_PLAYING : MP_STATE_STOPPED);
+            return;
+        }
+        announceError();
+        if (!keepPlaying || m_list != list)
+            return;
+        if (++failures >= itemCount || !list->hasNext()) {
+            setState(MP_STATE_FINISHED);
+            return;
+        }
+        list->skipSteps(1);
+        announceListInfo();
+        if (m_list != list)
+            return;
+    }
+}
+
+void HostEngine::stepList(int steps, bool keepPlaying)
+{
+    MP_ListInterface* const list = m_list;
+    list->skipSteps(steps);
+    announceListInfo();
+    // A list listener may have replaced the list meanwhile.
+    if (m_list == list)
+        settleOnListCurrent(keepPlaying);
+}
+
+void HostEngine::finishItem()
+{
+    if (m_list && m_list->hasNext())
+        stepList(1, true);
+    else
+        setState(MP_STATE_FINISHED);
+}
+
+int HostEngine::mediumOf(const QString& path) const
+{
+    if (m_mediumOverride >= 0)
+        return m_mediumOverride;
+    return path.isNull() ? int(MP_MEDIUM_LOCAL) : MP_Utility::getMediumType(path);
+}
+
+// --- Reports --------------------------------------------------------------
+
+void HostEngine::setState(MP_PLAYER_STATE state)
+{
+    if (state == m_state)
+        return;
+    m_state = state;
+    announceState();
+}
+
+// Each item that cannot be played is an error of its own, reported even
+// when the previous item failed too.
+void HostEngine::announceError()
+{
+    m_state = MP_STATE_ERROR;
+    announceState();
+}
+
+void HostEngine::announceState()
+{
+    qCDebug(lcEngine) << "state" << int(m_state) << m_path;
+    updateTicker();
+    m_view.showState(m_state);
+    if (consoleEnabled)
+        m_console.stateChanged(m_state, m_errorMessage, m_position, duration());
+    m_reporter.reportState(m_state);
+}
+
+void HostEngine::announceTime()
+{
+    m_view.showTime(m_position, m_media.duration);
+    if (consoleEnabled)
+        m_console.timeChanged(m_position, m_media.duration);
+    m_reporter.reportTime(m_position, m_media.duration);
+}
+
+void HostEngine::announceMedia()
+{
+    m_view.showMedia(m_media.title, m_media.artist, m_media.album);
+    if (consoleEnabled)
+        m_console.mediaLoaded(m_media.title, m_media.artist, m_media.album, m_path, m_position,
+                              m_media.duration);
+    m_reporter.reportMetaInfo(m_media.title, m_media.artist, m_media.album, m_medium == MP_MEDIUM_LOCAL);
+}
+
+void HostEngine::announceListInfo()
+{
+    m_reporter.reportListInfo(m_list);
+}
+
+void HostEngine::announceContentType()
+{
+    HostJournal::call(QStringLiteral("report"), QStringLiteral("signalContentTypeChanged"),
+                      {int(m_media.contentType)});
+    emit signalContentTypeChanged(m_media.contentType);
+}
+
+void HostEngine::journalCall(const char* call, const QJsonArray& args) const
+{
+    HostJournal::call(QStringLiteral("engine"), QString::fromLatin1(call), args);
+}

@@ -1,0 +1,72 @@
+#include <gtest/gtest.h>
+
+#include <cstdio>
+
+#include "host/engine/HostEngineConsole.h"
+
+namespace {
+
+// Everything written to a temporary stream so far.
+QByteArray contentsOf(FILE* stream)
+{
+    std::fflush(stream);
+    const long size = std::ftell(stream);
+    QByteArray text(int(size), '\0');
+    std::rewind(stream);
+    const size_t read = std::fread(text.data(), 1, size_t(size), stream);
+    text.truncate(int(read));
+    return text;
+}
+
+struct TempStream {
+    FILE* file = std::tmpfile();
+    ~TempStream()
+    {
+        if (file)
+            std::fclose(file);
+    }
+};
+
+} // namespace
+
+TEST(HostEngineConsoleTest, Log_PrintsTimeOnlyWithNewItemsAndStateChanges)
+{
+    TempStream stream;
+    ASSERT_TRUE(stream.file);
+    HostEngineConsole console(stream.file, false);
+    console.mediaLoaded("Night Drive", "Aurora Lane", "Coastlines", "/m/night.mp3", 0, 10000);
+    console.stateChanged(MP_STATE_STOPPED, QString(), 0, 10000);
+    console.stateChanged(MP_STATE_PLAYING, QString(), 0, 10000);
+    console.timeChanged(1000, 10000);
+    console.timeChanged(2000, 10000);
+    console.stateChanged(MP_STATE_PAUSED, QString(), 3000, 10000);
+    console.mediaLoaded("clip", QString(), QString(), "/m/clip.3gp", 0, 10000);
+    console.stateChanged(MP_STATE_ERROR, "gone cannot be played.", 0, 0);
+
+    EXPECT_EQ(QString::fromLocal8Bit(contentsOf(stream.file)),
+              QString("Playing: Night Drive — Aurora Lane (Coastlines)  [/m/night.mp3]\n"
+                      "0:00 / 0:10\n"
+                      "State: stopped\n"
+                      "State: playing\n"
+                      "State: paused\n"
+                      "0:03 / 0:10\n"
+                      "Playing: clip  [/m/clip.3gp]\n"
+                      "0:00 / 0:10\n"
+                      "State: error — gone cannot be played.\n"));
+}
+
+TEST(HostEngineConsoleTest, Terminal_RewritesTheTimeLineInPlace)
+{
+    TempStream stream;
+    ASSERT_TRUE(stream.file);
+    HostEngineConsole console(stream.file, true);
+    console.mediaLoaded("Song", "Band", QString(), "/m/s.mp3", 0, 3600000);
+    console.timeChanged(1000, 3600000);
+    console.stateChanged(MP_STATE_PAUSED, QString(), 1000, 3600000);
+
+    EXPECT_EQ(contentsOf(stream.file), QByteArray("Playing: Song — Band  [/m/s.mp3]\n"
+                                                  "\r0:00 / 1:00:00"
+                                                  "\r0:01 / 1:00:00"
+                                                  "\nState: paused\n"
+                                                  "\r0:01 / 1:00:00"));
+}

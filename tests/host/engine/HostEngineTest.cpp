@@ -1,0 +1,449 @@
+#include <QDataStream>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QLabel>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <taglib/id3v2tag.h>
+#include <taglib/wavfile.h>
+
+#include "clients/MP_ListListener.h"
+#include "clients/MP_PlayerListener.h"
+#include "host/engine/HostEngine.h"
+#include "host/engine/HostEngineClock.h"
+#include "host/platform/HostJournal.h"
+#include "lists/MP_ListInterface.h"
+#include "platform/VmKbMainWidget.h"
+#include "tests/support/TestEnvironment.h"
+
+namespace {
+
+// A list over fixed paths; with repeat it wraps at both ends.
+class FakeList : public MP_ListInterface {
+public:
+    explicit FakeList(QStringList items, bool wraps = false) : paths(std::move(items)), repeat(wraps) {}
+
+    unsigned int count() override { return unsigned(paths.size()); }
+    bool hasNext() override { return !paths.isEmpty() && (repeat || current + 1 < paths.size()); }
+    bool hasPrevious() override { return !paths.isEmpty() && (repeat || current > 0); }
+    QString getCurrent() override { return paths.value(current); }
+    QString getItem(int index) override { return paths.value(index); }
+    int getCurrentIndex() override { return current; }
+    void skipSteps(int steps) override
+    {
+        const int size = int(paths.size());
+        current = size ? ((current + steps) % size + size) % size : 0;
+    }
+    void moveTo(int index) override { current = index; }
+    bool removeItem(int) override { return false; }
+    QByteArray* getReservedData() override { return nullptr; }
+
+    QStringList paths;
+    int current = 0;
+    bool repeat;
+};
+
+// Writes every report it hears into a shared log, prefixed with its name
+// when it has one, so that the order across listeners shows.
+class RecordingListener : public MP_PlayerListener, public MP_ListListener {
+public:
+    explicit RecordingListener(QStringList& log, QString name = QString()) : m_log(log), m_name(std::move(name)) {}
+
+    std::function<void(MP_PLAYER_STATE)> onState;
+
+    void updateState(MP_PLAYER_STATE state) override
+    {
+        record(QStringLiteral("updateState(%1)").arg(state));
+        if (onState)
+            onState(state);
+    }
+    void updateTime(int elapsed, int total) override
+    {
+        record(QStringLiteral("updateTime(%1,%2)").arg(elapsed).arg(total));
+    }
+    void updateBuffering(int percent) override { record(QStringLiteral("updateBuffering(%1)").arg(percent)); }
+    void updateDownloadProgress(int progress, int value) override
+    {
+        record(QStringLiteral("updateDownloadProgress(%1,%2)").arg(progress).arg(value));
+    }
+    void updateDownloadComplete() override { record(QStringLiteral("updateDownloadComplete()")); }
+    void updateMetaInfo(const QString& title, const QString& artist, const QString& album, QByteArray data,
+                        bool canSeek) override
+    {
+        record(QStringLiteral("updateMetaInfo(%1,%2,%3,%4,%5)")
+                   .arg(title, artist, album)
+                   .arg(data.size())
+                   .arg(canSeek));
+    }
+    void updateConnectionStatus(int status) override
+    {
+        record(QStringLiteral("updateConnectionStatus(%1)").arg(status));
+    }
+    void updateListInfo(MP_ListInterface* list) override
+    {
+        record(QStringLiteral("updateListInfo(%1)").arg(list ? list->getCurrentIndex() : -1));
+    }
+
+private:
+    void record(const QString& event) { m_log << (m_name.isEmpty() ? event : m_name + ':' + event); }
+
+    QStringList& m_log;
+    const QString m_name;
+};
+
+// Lists of std::string print readably when an expectation fails.
+using Events = std::vector<std::string>;
+
+struct EngineRelease {
+    void operator()(MP_CommonPlayer* engine) const { MP_DestroyCommonPlayer(engine); }
+};
+using EnginePtr = std::unique_ptr<HostEngine, EngineRelease>;
+
+EnginePtr createEngine(MP_LAUNCH_TYPE type = MP_LAUNCH_LIST)
+{
+    return EnginePtr(static_cast<HostEngine*>(MP_CreateCommonPlayer(false, type)));
+}
+
+// Every captured journal line as "kind:call [args]".
+Events journalSummary()
+{
+    Events lines;
+    for (const QJsonObject& line : HostJournal::captured())
+        lines.push_back((line["kind"].toString() + ':' + line["call"].toString() + ' ').toStdString()
+                        + QJsonDocument(line["args"].toArray()).toJson(QJsonDocument::Compact).toStdString());
+    return lines;
+}
+
+} // namespace
+
+class HostEngineTest : public TestEnvironment {
+protected:
+    void SetUp() override
+    {
+        TestEnvironment::SetUp();
+        engine = createEngine();
+        engine->addListListener(&listener);
+        engine->addPlayerListener(&listener);
+    }
+
+    void TearDown() override
+    {
+        engine.reset();
+        TestEnvironment::TearDown();
+    }
+
+    // A PCM WAV (8 kHz, 8-bit mono) lasting @p milliseconds, tagged with
+    // TagLib when a title is given.
+    QString writeWav(const QString& name, int milliseconds, const QString& title = QString(),
+                     const QString& artist = QString(), const QString& album = QString())
+    {
+        const quint32 dataSize = quint32(milliseconds) * 8;
+        QByteArray wav;
+        QDataStream out(&wav, QIODevice::WriteOnly);
+        out.setByteOrder(QDataStream::LittleEndian);
+        out.writeRawData("RIFF", 4);
+        out << quint32(36 + dataSize);
+        out.writeRawData("WAVEfmt ", 8);
+        out << quint32(16) << quint16(1) << quint16(1) << quint32(8000) << quint32(8000) << quint16(1)
+            << quint16(8);
+        out.writeRawData("data", 4);
+        out << dataSize;
+        wav.append(QByteArray(int(dataSize), char(0x80)));
+        const QString path = writeFile(name, wav);
+        if (!title.isEmpty()) {
+            TagLib::RIFF::WAV::File file(QFile::encodeName(path).constData());
+            file.ID3v2Tag()->setTitle(TagLib::String(title.toStdString(), TagLib::String::UTF8));
+            file.ID3v2Tag()->setArtist(TagLib::String(artist.toStdString(), TagLib::String::UTF8));
+            file.ID3v2Tag()->setAlbum(TagLib::String(album.toStdString(), TagLib::String::UTF8));
+            EXPECT_TRUE(file.save());
+        }
+        return path;
+    }
+
+    QString writeFile(const QString& name, const QByteArray& contents)
+    {
+        QFile file(dataPath(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(contents);
+        return file.fileName();
+    }
+
+    // Not media at all: TagLib cannot read it, so it plays for the default time.
+    QString writeFakeVideo(const QString& name) { return writeFile(name, "not really a video"); }
+
+    // The reports heard since the last call.
+    Events takeLog()
+    {
+        Events events;
+        for (const QString& event : std::exchange(log, QStringList()))
+            events.push_back(event.toStdString());
+        return events;
+    }
+
+    QStringList log;
+    RecordingListener listener{log};
+    EnginePtr engine;
+};
+
+TEST_F(HostEngineTest, SetFile_TaggedWav_ReportsTagsDurationAndStopsUntilPlayed)
+{
+    QList<MP_CONTENT_TYPE> contentTypes;
+    QObject::connect(engine.get(), &MP_CommonPlayer::signalContentTypeChanged,
+                     [&](MP_CONTENT_TYPE type) { contentTypes << type; });
+    const QString path = writeWav("night.wav", 2500, "Night Drive", "Aurora Lane", "Coastlines");
+
+    engine->setFile(path);
+
+    EXPECT_EQ(takeLog(), Events({"updateMetaInfo(Night Drive,Aurora Lane,Coastlines,0,1)",
+                                 "updateTime(0,2500)", "updateState(5)"}));
+    EXPECT_EQ(contentTypes, QList<MP_CONTENT_TYPE>({MP_CONTENT_SOUND}));
+    EXPECT_EQ(engine->getCurrentPath(), path);
+    EXPECT_EQ(engine->getContentType(), MP_CONTENT_SOUND);
+    EXPECT_EQ(engine->getMediumType(), MP_MEDIUM_LOCAL);
+    EXPECT_EQ(engine->getPlayerControl()->getContentName(), "Night Drive");
+    EXPECT_EQ(engine->getPlayerControl()->getState(), MP_STATE_STOPPED);
+
+    // A single file ends in state 8.
+    engine->autoPlay(false);
+    HostEngineClock::advance(5000);
+    EXPECT_EQ(takeLog(), Events({"updateState(1)", "updateTime(1000,2500)", "updateTime(2000,2500)",
+                                 "updateState(8)"}));
+}
+
+TEST_F(HostEngineTest, FilesWithoutTags_PlayUnderTheirNames_UnreadableOnesForTenSeconds)
+{
+    engine->setFile(writeWav("Low Tide.wav", 1500));
+    EXPECT_EQ(takeLog(), Events({"updateMetaInfo(Low Tide,,,0,1)", "updateTime(0,1500)", "updateState(5)"}));
+
+    engine->setFile(writeFakeVideo("holiday.clip.3gp"));
+    EXPECT_EQ(takeLog(), Events({"updateMetaInfo(holiday.clip,,,0,1)", "updateTime(0,10000)"}));
+    EXPECT_EQ(engine->getContentType(), MP_CONTENT_VIDEO);
+}
+
+TEST_F(HostEngineTest, MissingFile_ReportsErrorWithItsTexts)
+{
+    engine->setFile(dataPath("gone.mp3"));
+
+    EXPECT_EQ(takeLog(), Events({"updateState(7)"}));
+    QString detail, message;
+    engine->getPlayerControl()->getErrorInfo(detail, message);
+    EXPECT_EQ(detail, "file not found");
+    EXPECT_EQ(message, "gone cannot be played.");
+}
+
+TEST_F(HostEngineTest, Reports_ReachListenersInRegistrationOrder_SkippingThoseRemovedMeanwhile)
+{
+    RecordingListener second(log, "B"), third(log, "C"), unregistered(log, "D");
+    engine->addPlayerListener(&second);
+    engine->addPlayerListener(&third);
+    engine->addPlayerListener(&unregistered);
+    engine->addPlayerListener(&second); // already there: no second delivery
+    engine->removePlayerListener(&unregistered);
+    // A client deleted by an earlier listener's reaction must not be called.
+    second.onState = [&](MP_PLAYER_STATE) { engine->removePlayerListener(&third); };
+
+    engine->setFile(writeFakeVideo("clip.mp4"));
+
+    EXPECT_EQ(takeLog(), Events({"updateMetaInfo(clip,,,0,1)", "B:updateMetaInfo(clip,,,0,1)",
+                                 "C:updateMetaInfo(clip,,,0,1)", "updateTime(0,10000)",
+                                 "B:updateTime(0,10000)", "C:updateTime(0,10000)", "updateState(5)",
+                                 "B:updateState(5)"}));
+    EXPECT_EQ(journalLines("report", "updateState").size(), 1);
+}
+
+TEST_F(HostEngineTest, ManualClock_StepsTheListAtItemEnds_CarryingTimeOver_AndFinishes)
+{
+    FakeList list({writeWav("one.wav", 2500), writeWav("two.wav", 2000)});
+    engine->setPlayList(&list);
+    engine->autoPlay(false);
+    takeLog();
+
+    HostEngineClock::advance(1200);
+    EXPECT_EQ(takeLog(), Events({"updateTime(1000,2500)"}));
+
+    HostEngineClock::advance(2300);
+    EXPECT_EQ(takeLog(), Events({"updateTime(2000,2500)", "updateListInfo(1)", "updateMetaInfo(two,,,0,1)",
+                                 "updateTime(0,2000)", "updateTime(1000,2000)"}));
+    EXPECT_EQ(engine->position(), 1000);
+
+    HostEngineClock::advance(60000);
+    EXPECT_EQ(takeLog(), Events({"updateTime(2000,2000)", "updateState(8)"}));
+    EXPECT_EQ(list.current, 1);
+}
+
+TEST_F(HostEngineTest, RepeatedListOfMissingFiles_TriesEachOnceThenFinishes)
+{
+    FakeList list({dataPath("a.mp3"), dataPath("b.mp3"), dataPath("c.mp3")}, true);
+    engine->setPlayList(&list);
+    EXPECT_EQ(takeLog(), Events({"updateListInfo(0)", "updateState(7)"}));
+
+    engine->autoPlay(false);
+    EXPECT_EQ(takeLog(), Events({"updateState(7)", "updateListInfo(1)", "updateState(7)", "updateListInfo(2)",
+                                 "updateState(7)", "updateState(8)"}));
+}
+
+TEST_F(HostEngineTest, Control_NextPreviousSeekStopAndPause)
+{
+    FakeList list({writeFakeVideo("a.mp4"), writeFakeVideo("b.mp4"), writeFakeVideo("c.mp4")});
+    MP_PlayerControl* control = engine->getPlayerControl();
+    engine->setPlayList(&list);
+    control->play();
+    control->next();
+    EXPECT_EQ(list.current, 1);
+    EXPECT_EQ(control->getState(), MP_STATE_PLAYING);
+    takeLog();
+
+    HostEngineClock::advance(3000);
+    control->previous(); // from 3 s on: back to the item's start
+    control->seek(25000);
+    control->seek(-8000);
+    control->previous(); // before 3 s: to the previous item
+    EXPECT_EQ(takeLog(), Events({"updateTime(1000,10000)", "updateTime(2000,10000)", "updateTime(3000,10000)",
+                                 "updateTime(0,10000)", "updateTime(10000,10000)", "updateTime(2000,10000)",
+                                 "updateListInfo(0)", "updateMetaInfo(a,,,0,1)", "updateTime(0,10000)"}));
+    EXPECT_EQ(list.current, 0);
+
+    control->playPause();
+    control->seek(-1);
+    control->previous(); // no previous item: restart
+    control->stop();
+    EXPECT_EQ(takeLog(), Events({"updateState(2)", "updateTime(0,10000)", "updateTime(0,10000)",
+                                 "updateState(5)", "updateTime(0,10000)"}));
+    control->playPause();
+    EXPECT_EQ(takeLog(), Events({"updateState(1)"}));
+}
+
+TEST_F(HostEngineTest, EmptyAndClearedLists)
+{
+    FakeList empty({});
+    engine->setPlayList(&empty);
+    EXPECT_EQ(takeLog(), Events({"updateListInfo(0)", "updateState(8)"}));
+    EXPECT_TRUE(engine->getCurrentPath().isNull());
+
+    FakeList list({writeFakeVideo("a.mp4")});
+    engine->setPlayList(&list);
+    engine->autoPlay(false);
+    takeLog();
+    engine->setPlayList(nullptr);
+    EXPECT_EQ(engine->getCurrentList(), nullptr);
+    EXPECT_TRUE(engine->getCurrentPath().isNull());
+    EXPECT_EQ(takeLog(), Events({"updateListInfo(-1)", "updateState(5)"}));
+    EXPECT_NE(engine->getPlayerControl(), nullptr);
+}
+
+TEST_F(HostEngineTest, NotifyCurrentChanged_LoadsTheNewCurrentItem_KeepingOnPlaying)
+{
+    FakeList list({writeFakeVideo("a.mp4"), writeWav("b.wav", 4000)});
+    engine->setPlayList(&list);
+    engine->autoPlay(false);
+    takeLog();
+
+    list.moveTo(1);
+    engine->notifyCurrentChanged();
+    EXPECT_EQ(takeLog(), Events({"updateListInfo(1)", "updateMetaInfo(b,,,0,1)", "updateTime(0,4000)"}));
+    EXPECT_EQ(engine->getPlayerControl()->getState(), MP_STATE_PLAYING);
+}
+
+TEST_F(HostEngineTest, Streams_PlayWithoutEnd_AndMediumTypesFollowThePathOrTheHostSetting)
+{
+    engine->setFile("rtsp://media.test/live/news.3gp");
+    engine->autoPlay(false);
+    HostEngineClock::advance(2500);
+    EXPECT_EQ(takeLog(), Events({"updateConnectionStatus(3)", "updateMetaInfo(news,,,0,0)", "updateTime(0,0)",
+                                 "updateBuffering(100)", "updateState(5)", "updateState(1)",
+                                 "updateTime(1000,0)", "updateTime(2000,0)"}));
+    EXPECT_EQ(engine->getMediumType(), MP_MEDIUM_STREAM);
+    EXPECT_EQ(engine->getContentType(), MP_CONTENT_VIDEO);
+
+    const QString download = writeFakeVideo("film.mp4.pd");
+    engine->setFile(download);
+    EXPECT_EQ(engine->getMediumType(), MP_MEDIUM_PROGRESSIVE_DOWNLOAD);
+    EXPECT_EQ(engine->getContentType(), MP_CONTENT_VIDEO);
+
+    engine->setMediumType(MP_MEDIUM_TRANSFER_SESSION);
+    EXPECT_EQ(engine->getMediumType(), MP_MEDIUM_TRANSFER_SESSION);
+    takeLog();
+    engine->setFile(writeFakeVideo("next.mp4"));
+    EXPECT_EQ(engine->getMediumType(), MP_MEDIUM_TRANSFER_SESSION);
+    EXPECT_EQ(takeLog().front(), "updateMetaInfo(next,,,0,0)");
+}
+
+TEST_F(HostEngineTest, RequestUpdate_ReportsAgainToThatListenerOnly)
+{
+    RecordingListener other(log, "B");
+    engine->addPlayerListener(&other);
+    engine->setFile(writeWav("song.wav", 3000, "Song", "Band", "Record"));
+    engine->autoPlay(false);
+    takeLog();
+
+    engine->getPlayerControl()->requestUpdate(&other);
+    EXPECT_EQ(takeLog(), Events({"B:updateMetaInfo(Song,Band,Record,0,1)", "B:updateTime(0,3000)",
+                                 "B:updateState(1)"}));
+}
+
+TEST_F(HostEngineTest, MainWidget_ShowsWhatPlays_AndFollowsShowAndClose)
+{
+    engine->setFile(writeWav("song.wav", 3000, "Song", "Band", "Record"));
+    engine->autoPlay(false);
+    HostEngineClock::advance(1000);
+
+    VmKbMainWidget* screen = engine->getMainWidget();
+    ASSERT_NE(screen, nullptr);
+    const auto text = [screen](const char* name) { return screen->findChild<QLabel*>(name)->text(); };
+    EXPECT_EQ(text("title"), "Song");
+    EXPECT_EQ(text("artist"), "Band");
+    EXPECT_EQ(text("album"), "Record");
+    EXPECT_EQ(text("time"), "0:01 / 0:03");
+    EXPECT_EQ(text("state"), "playing");
+
+    EXPECT_FALSE(engine->isPlayerShown());
+    engine->showPlayer();
+    EXPECT_TRUE(engine->isPlayerShown());
+    engine->closePlayerWindow();
+    EXPECT_FALSE(engine->isPlayerShown());
+    EXPECT_EQ(engine->flipClosed(), 0);
+}
+
+TEST_F(HostEngineTest, LiveEngine_IsTheNewestStillAlive)
+{
+    EXPECT_EQ(HostEngine::liveEngine(), engine.get());
+    EnginePtr newer = createEngine();
+    EXPECT_EQ(HostEngine::liveEngine(), newer.get());
+    newer.reset();
+    EXPECT_EQ(HostEngine::liveEngine(), engine.get());
+    MP_DestroyCommonPlayer(nullptr);
+}
+
+TEST_F(HostEngineTest, Journal_RecordsCallsAndEachReportOnce)
+{
+    const QString path = writeWav("tide.wav", 1500, "Tide", "Shore", "Sea");
+    HostJournal::startCapture();
+    EnginePtr player = createEngine(MP_LAUNCH_FILE);
+    RecordingListener first(log, "A"), second(log, "B");
+    player->addPlayerListener(&first);
+    player->addPlayerListener(&second);
+    player->setFile(path);
+    player->getPlayerControl()->play();
+    player->getPlayerControl()->getState();
+    HostEngineClock::advance(1200);
+    player->getPlayerControl()->seek(-5000);
+    player->removePlayerListener(&first);
+    player.reset();
+
+    const std::string file = QJsonDocument(QJsonArray{path}).toJson(QJsonDocument::Compact).toStdString();
+    EXPECT_EQ(journalSummary(),
+              Events({"engine:MP_CreateCommonPlayer [false,1]", "engine:addPlayerListener [\"listener\"]",
+                      "engine:addPlayerListener [\"listener\"]", "engine:setFile " + file,
+                      "report:signalContentTypeChanged [1]", "report:updateMetaInfo [\"Tide\",\"Shore\",\"Sea\",true]",
+                      "report:updateTime [0,1500]", "report:updateState [5]", "control:play []",
+                      "report:updateState [1]", "report:updateTime [1000,1500]", "control:seek [-5000]",
+                      "report:updateTime [0,1500]", "engine:removePlayerListener [\"listener\"]",
+                      "engine:MP_DestroyCommonPlayer []"}));
+}

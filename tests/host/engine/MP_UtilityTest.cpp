@@ -1,0 +1,35 @@
+#include <gtest/gtest.h>
+
+#include "platform/MP_PlayerTypes.h"
+#include "platform/MP_Utility.h"
+
+TEST(MP_UtilityTest, ConvertTime_MinutesBelowAnHourAndHoursFromOneHour)
+{
+    EXPECT_EQ(MP_Utility::convertTime(0), "0:00");
+    EXPECT_EQ(MP_Utility::convertTime(999), "0:00");
+    EXPECT_EQ(MP_Utility::convertTime(61000), "1:01");
+    EXPECT_EQ(MP_Utility::convertTime(3599999), "59:59");
+    EXPECT_EQ(MP_Utility::convertTime(3600000), "1:00:00");
+    EXPECT_EQ(MP_Utility::convertTime(36061000), "10:01:01");
+    EXPECT_EQ(MP_Utility::convertTime(-5000), "0:00");
+}
+
+TEST(MP_UtilityTest, MediumType_StreamsByScheme_DownloadsBySuffix)
+{
+    EXPECT_EQ(MP_Utility::getMediumType("http://radio.test/live.mp3"), MP_MEDIUM_STREAM);
+    EXPECT_EQ(MP_Utility::getMediumType("RTSP://radio.test/clip.3gp"), MP_MEDIUM_STREAM);
+    EXPECT_EQ(MP_Utility::getMediumType("/mmc/mmca1/song.mp3.pd"), MP_MEDIUM_PROGRESSIVE_DOWNLOAD);
+    EXPECT_EQ(MP_Utility::getMediumType("/home/music/song.mp3"), MP_MEDIUM_LOCAL);
+    EXPECT_EQ(MP_Utility::getMediumType("/home/music/http://x.mp3"), MP_MEDIUM_LOCAL);
+    EXPECT_EQ(MP_Utility::getMediumType(QString()), MP_MEDIUM_LOCAL);
+}
+
+TEST(MP_UtilityTest, SuffixAndSchemeRemoval)
+{
+    EXPECT_EQ(MP_Utility::removePDSuffix("/a/song.mp3.pd"), "/a/song.mp3");
+    EXPECT_EQ(MP_Utility::removePDSuffix("/a/song.mp3"), "/a/song.mp3");
+    EXPECT_EQ(MP_Utility::removePDSuffix("/a/song.PD"), "/a/song.PD");
+    EXPECT_EQ(MP_Utility::getCleanFileName("file:///mmc/mmca1/song.mp3.pd"), "/mmc/mmca1/song.mp3");
+    EXPECT_EQ(MP_Utility::getCleanFileName("/mmc/mmca1/clip.3gp"), "/mmc/mmca1/clip.3gp");
+    EXPECT_TRUE(MP_Utility::getCleanFileName(QString()).isEmpty());
+}
