@@ -1,0 +1,238 @@
+#include "host/tools/samplegen/SampleLibraryWriter.h"
+#include "host/tools/samplegen/WavSynth.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QMap>
+#include <QSet>
+#include <QTemporaryDir>
+#include <QtEndian>
+
+#include <gtest/gtest.h>
+#include <algorithm>
+#include <cstdlib>
+#include <memory>
+
+#include <taglib/fileref.h>
+#include <taglib/tpropertymap.h>
+#include <taglib/wavfile.h>
+
+namespace {
+
+QByteArray readAll(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+quint32 le32(const QByteArray& bytes, int offset) { return qFromLittleEndian<quint32>(bytes.constData() + offset); }
+quint16 le16(const QByteArray& bytes, int offset) { return qFromLittleEndian<quint16>(bytes.constData() + offset); }
+
+// The size of the named RIFF chunk, or -1 when the file has none.
+qint64 chunkSize(const QByteArray& wav, const QByteArray& id)
+{
+    for (int pos = 12; pos + 8 <= wav.size();) {
+        const quint32 size = le32(wav, pos + 4);
+        if (wav.mid(pos, 4) == id)
+            return size;
+        pos += 8 + int(size) + int(size % 2);
+    }
+    return -1;
+}
+
+QString toQString(const TagLib::String& text) { return QString::fromStdString(text.to8Bit(true)); }
+
+QStringList filesUnder(const QString& folder)
+{
+    QStringList files;
+    QDirIterator it(folder, QDir::Files, QDirIterator::Subdirectories);
+    while (it.hasNext())
+        files.append(it.next());
+    files.sort();
+    return files;
+}
+
+}  // namespace
+
+TEST(WavSynthTest, WavFile_HoldsPcmHeaderAndExactData)
+{
+    const WavSynth synth(8000);
+    const QByteArray pcm = synth.melody(7, 3);
+    ASSERT_EQ(pcm.size(), 48000);
+    const QByteArray wav = synth.wavFile(pcm);
+    ASSERT_EQ(wav.size(), 44 + 48000);
+    EXPECT_EQ(wav.left(4), "RIFF");
+    EXPECT_EQ(le32(wav, 4), 36u + 48000u);
+    EXPECT_EQ(wav.mid(8, 8), "WAVEfmt ");
+    EXPECT_EQ(le32(wav, 16), 16u);
+    EXPECT_EQ(le16(wav, 20), 1u);       // PCM
+    EXPECT_EQ(le16(wav, 22), 1u);       // mono
+    EXPECT_EQ(le32(wav, 24), 8000u);    // sample rate
+    EXPECT_EQ(le32(wav, 28), 16000u);   // bytes per second
+    EXPECT_EQ(le16(wav, 32), 2u);       // block align
+    EXPECT_EQ(le16(wav, 34), 16u);      // bits per sample
+    EXPECT_EQ(wav.mid(36, 4), "data");
+    EXPECT_EQ(le32(wav, 40), 48000u);
+    EXPECT_EQ(wav.mid(44), pcm);
+}
+
+TEST(WavSynthTest, Melody_IsAudibleFadedAndDeterministic)
+{
+    const WavSynth synth(11025);
+    const QByteArray pcm = synth.melody(42, 2);
+    ASSERT_EQ(pcm.size(), 2 * 11025 * 2);
+    int peak = 0;
+    for (int i = 0; i < pcm.size(); i += 2)
+        peak = std::max(peak, std::abs(int(qFromLittleEndian<qint16>(pcm.constData() + i))));
+    EXPECT_GT(peak, 8000);   // clearly audible
+    EXPECT_LT(peak, 32767);  // never clipped
+    EXPECT_EQ(qFromLittleEndian<qint16>(pcm.constData()), 0);                  // faded in
+    EXPECT_EQ(qFromLittleEndian<qint16>(pcm.constData() + pcm.size() - 2), 0); // faded out
+    EXPECT_EQ(synth.melody(42, 2), pcm);
+    EXPECT_NE(synth.melody(43, 2), pcm);
+    EXPECT_TRUE(synth.melody(42, 0).isEmpty());
+}
+
+class SampleLibraryTest : public ::testing::Test {
+protected:
+    static void SetUpTestSuite()
+    {
+        s_folder = std::make_unique<QTemporaryDir>();
+        ASSERT_TRUE(s_folder->isValid());
+        SampleLibraryWriter writer(s_folder->path());
+        ASSERT_TRUE(writer.write()) << qPrintable(writer.errorString());
+        EXPECT_EQ(writer.filesWritten(), 33);
+        EXPECT_EQ(writer.filesUnchanged(), 0);
+    }
+    static void TearDownTestSuite() { s_folder.reset(); }
+
+    static QString path(const QString& relative) { return QDir(s_folder->path()).filePath(relative); }
+
+    static std::unique_ptr<QTemporaryDir> s_folder;
+};
+
+std::unique_ptr<QTemporaryDir> SampleLibraryTest::s_folder;
+
+TEST_F(SampleLibraryTest, Song_ReadsBackTagsAndDuration)
+{
+    const QString file = path(QStringLiteral("Music/Árós Quartet/Kvöldljóð/02 Белая ночь.wav"));
+    const QByteArray bytes = readAll(file);
+    ASSERT_FALSE(bytes.isEmpty());
+    EXPECT_EQ(le32(bytes, 4), quint32(bytes.size() - 8));
+    EXPECT_EQ(chunkSize(bytes, "data"), 8 * 11025 * 2);
+    EXPECT_GT(chunkSize(bytes, "ID3 "), 0);
+
+    TagLib::RIFF::WAV::File wav(QFile::encodeName(file).constData());
+    ASSERT_TRUE(wav.isValid());
+    ASSERT_TRUE(wav.hasID3v2Tag());
+    const TagLib::Tag* tag = wav.tag();
+    EXPECT_EQ(toQString(tag->title()), QStringLiteral("Белая ночь"));
+    EXPECT_EQ(toQString(tag->artist()), QStringLiteral("Árós Quartet"));
+    EXPECT_EQ(toQString(tag->album()), QStringLiteral("Kvöldljóð"));
+    EXPECT_EQ(toQString(tag->genre()), QStringLiteral("Classical"));
+    EXPECT_EQ(tag->track(), 2u);
+    EXPECT_EQ(tag->year(), 1998u);
+    const TagLib::PropertyMap properties = wav.properties();
+    EXPECT_EQ(toQString(properties["COMPOSER"].toString()), QStringLiteral("Sigrún Hallsdóttir"));
+    EXPECT_EQ(toQString(properties["DATE"].toString()), QStringLiteral("1998-12-01"));
+    EXPECT_EQ(wav.audioProperties()->lengthInMilliseconds(), 8000);
+    EXPECT_EQ(wav.audioProperties()->sampleRate(), 11025);
+    EXPECT_EQ(wav.audioProperties()->channels(), 1);
+}
+
+TEST_F(SampleLibraryTest, UntaggedRecordings_HaveSoundButNoTitle)
+{
+    const QStringList files = filesUnder(path(QStringLiteral("Music/Unsorted")));
+    ASSERT_EQ(files.size(), 3);
+    for (const QString& file : files) {
+        EXPECT_EQ(chunkSize(readAll(file), "ID3 "), -1) << qPrintable(file);
+        const TagLib::FileRef ref(QFile::encodeName(file).constData());
+        ASSERT_FALSE(ref.isNull()) << qPrintable(file);
+        EXPECT_TRUE(ref.tag()->title().isEmpty()) << qPrintable(file);
+        EXPECT_GE(ref.audioProperties()->lengthInMilliseconds(), 4000) << qPrintable(file);
+    }
+}
+
+TEST_F(SampleLibraryTest, Library_HasTheCataloguedCounts)
+{
+    QSet<QString> artists, genres, composers;
+    QMap<QString, QList<uint>> tracksByAlbum;
+    int songs = 0;
+    for (const QString& file : filesUnder(path(QStringLiteral("Music")))) {
+        const TagLib::FileRef ref(QFile::encodeName(file).constData());
+        ASSERT_FALSE(ref.isNull()) << qPrintable(file);
+        if (ref.tag()->title().isEmpty())
+            continue;
+        ++songs;
+        artists.insert(toQString(ref.tag()->artist()));
+        genres.insert(toQString(ref.tag()->genre()));
+        composers.insert(toQString(ref.file()->properties()["COMPOSER"].toString()));
+        tracksByAlbum[toQString(ref.tag()->album())].append(ref.tag()->track());
+    }
+    EXPECT_EQ(songs, 25);
+    EXPECT_EQ(artists.size(), 4);
+    EXPECT_EQ(genres.size(), 5);
+    EXPECT_EQ(composers.size(), 6);
+    EXPECT_EQ(tracksByAlbum.size(), 7);
+    for (auto it = tracksByAlbum.begin(); it != tracksByAlbum.end(); ++it) {
+        QList<uint> tracks = it.value();
+        std::sort(tracks.begin(), tracks.end());
+        ASSERT_GE(tracks.size(), 3) << qPrintable(it.key());
+        for (int i = 0; i < tracks.size(); ++i)
+            EXPECT_EQ(tracks.at(i), uint(i + 1)) << qPrintable(it.key());
+    }
+
+    const QStringList videos = filesUnder(path(QStringLiteral("Videos")));
+    EXPECT_EQ(videos.size(), 4);
+    EXPECT_EQ(videos.filter(QStringLiteral("/Captured/")).size(), 2);
+    EXPECT_EQ(videos.filter(QStringLiteral("/Downloads/")).size(), 1);
+    EXPECT_EQ(readAll(path(QStringLiteral("Videos/Downloads/trailer.mp4"))).mid(4, 8), "ftypmp42");
+}
+
+TEST_F(SampleLibraryTest, PlayList_EntriesResolveToSongs)
+{
+    const QString listPath = path(QStringLiteral("Playlists/Evening.m3u"));
+    const QStringList lines = QString::fromUtf8(readAll(listPath)).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    ASSERT_FALSE(lines.isEmpty());
+    EXPECT_EQ(lines.first(), QStringLiteral("#EXTM3U"));
+    EXPECT_EQ(lines.at(1), QStringLiteral("#EXTINF:7,Aurora Lane - Harbour Wind"));
+    const QDir listFolder = QFileInfo(listPath).dir();
+    int entries = 0;
+    for (const QString& line : lines) {
+        if (line.startsWith(QLatin1Char('#')))
+            continue;
+        ++entries;
+        EXPECT_TRUE(QFileInfo::exists(listFolder.filePath(line))) << qPrintable(line);
+    }
+    EXPECT_EQ(entries, 6);
+}
+
+TEST_F(SampleLibraryTest, SecondRun_KeepsCompleteFilesAndRepairsADamagedOne)
+{
+    // Back-date every file, so a rewrite shows without waiting for the clock.
+    const QDateTime past(QDate(2001, 1, 1), QTime(12, 0), Qt::UTC);
+    const QStringList files = filesUnder(s_folder->path());
+    ASSERT_EQ(files.size(), 33);
+    for (const QString& file : files) {
+        QFile handle(file);
+        ASSERT_TRUE(handle.open(QIODevice::ReadWrite));
+        ASSERT_TRUE(handle.setFileTime(past, QFileDevice::FileModificationTime));
+    }
+
+    SampleLibraryWriter again(s_folder->path());
+    ASSERT_TRUE(again.write());
+    EXPECT_EQ(again.filesWritten(), 0);
+    EXPECT_EQ(again.filesUnchanged(), 33);
+    for (const QString& file : files)
+        EXPECT_EQ(QFileInfo(file).lastModified(), past) << qPrintable(file);
+
+    const QString damaged = path(QStringLiteral("Music/Neon Parade/Afterglow/02 月の光.wav"));
+    const QByteArray original = readAll(damaged);
+    ASSERT_TRUE(QFile::resize(damaged, original.size() / 2));
+    SampleLibraryWriter repair(s_folder->path());
+    ASSERT_TRUE(repair.write());
+    EXPECT_EQ(repair.filesWritten(), 1);
+    EXPECT_EQ(readAll(damaged), original);
+}
