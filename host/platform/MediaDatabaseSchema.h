@@ -1,0 +1,18 @@
+#pragma once
+// The media database's tables, built up one step per schema version. A new
+// database runs every step; an older one runs the steps it has not had. The
+// version is SQLite's user_version.
+
+struct sqlite3;
+
+class MediaDatabaseSchema {
+public:
+    /** The version a database has after upgrade(). */
+    static int currentVersion();
+    /** Runs the missing steps, each in its own transaction; returns false (leaving the
+     *  database at the last complete version) when one fails or when the database is
+     *  newer than this program. */
+    static bool upgrade(sqlite3* db);
+    /** The database's version, -1 when it cannot be read. */
+    static int versionOf(sqlite3* db);
+};

@@ -1,0 +1,69 @@
+#pragma once
+// A search request read and checked: the SQL that lists its whole ordered
+// result, the values bound to it, and the window and values to deliver.
+// Reading never trusts the request: anything it cannot interpret makes the
+// whole request unreadable.
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+
+#include <optional>
+#include <variant>
+
+#include "platform/Metadata.h"
+
+class SqliteStatement;
+
+class MediaSearchPlan {
+public:
+    /** Reads @p request; @p storageCount is the number of storages the phone has
+     *  (profile "MF_FlexNumber"/"StorageNumber"). Returns nothing and sets @p error
+     *  when the request cannot be read. */
+    static std::optional<MediaSearchPlan> read(const MetadataSearchMediaRequest& request, int storageCount,
+                                               QString* error);
+
+    /** The distinct album names of the result are asked for, not its entries. */
+    bool isGrouped() const { return m_isGrouped; }
+    int firstIndex() const { return m_firstIndex; }
+    /** Entries wanted; 0 asks for the total only. */
+    int resultCount() const { return m_resultCount; }
+    const QList<MetadataSearchCandidateType>& candidates() const { return m_candidates; }
+    /** Whether any value to deliver must be read from the entry's row. */
+    bool needsRowValues() const;
+
+    /** SQL listing the whole result in order: object ids, or album names when grouped. */
+    const QByteArray& sql() const { return m_sql; }
+    /** Binds the request's values to a statement prepared from sql(). */
+    void bindTo(SqliteStatement& statement) const;
+    /** Equal keys mean equal ordered results (on the same database state). */
+    QByteArray shapeKey() const;
+
+private:
+    using Value = std::variant<qint64, QByteArray>;
+    struct Condition {
+        QByteArray sql;           // with one ? per value
+        QList<Value> values;
+    };
+
+    MediaSearchPlan() = default;
+    bool readListType(const MetadataSearchMediaRequest& request, QString* error);
+    bool readFilters(const MetadataSearchMediaRequest& request, QString* error);
+    bool readFilter(const MetadataSearchFilter& filter, QString* error);
+    bool readSort(const MetadataSearchMediaRequest& request, QString* error);
+    bool readCandidates(const MetadataSearchMediaRequest& request, QString* error);
+    void readStorage(const MetadataSearchMediaRequest& request, int storageCount);
+    bool isGroupList() const;
+    void addCondition(const QByteArray& sql, const QList<Value>& values = {});
+    void buildSql();
+
+    MetadataListType m_listType = METADATA_LIST_MUSIC;
+    std::optional<quint32> m_groupId;   // the group a group list draws from
+    QList<Condition> m_conditions;
+    QList<MetadataSortEntry> m_sort;
+    QList<MetadataSearchCandidateType> m_candidates;
+    bool m_isGrouped = false;
+    int m_firstIndex = 0;
+    int m_resultCount = 0;
+    QByteArray m_sql;
+};

@@ -1,0 +1,46 @@
+#pragma once
+// One prepared SQLite statement, finalized with its owner. Values are only
+// ever bound, never spliced into the SQL text.
+
+#include <QByteArray>
+#include <QString>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+class SqliteStatement {
+public:
+    enum class Step { Row, Done, Error };
+
+    /** Prepares @p sql on @p db; isValid() tells whether that worked. Meant to be kept
+     *  and reused (the statement is prepared as persistent). */
+    SqliteStatement(sqlite3* db, const QByteArray& sql);
+    ~SqliteStatement();
+    SqliteStatement(const SqliteStatement&) = delete;
+    SqliteStatement& operator=(const SqliteStatement&) = delete;
+
+    bool isValid() const { return m_statement != nullptr; }
+
+    /** Binds parameter @p index (1-based). Text is bound as UTF-8 and copied. */
+    void bind(int index, qint64 value);
+    void bind(int index, const QString& text);
+    void bindUtf8(int index, const QByteArray& utf8);
+    void bindNull(int index);
+
+    /** Steps once; a failure is logged with the statement's SQL. */
+    Step step();
+    /** Steps to the end, for statements that return nothing; true when it got there. */
+    bool run();
+    /** Makes the statement ready to run again and clears its bindings. */
+    void reset();
+
+    qint64 int64(int column) const;
+    QString text(int column) const;
+    /** The column's UTF-8 bytes, copied. */
+    QByteArray utf8(int column) const;
+    bool isNull(int column) const;
+
+private:
+    sqlite3* m_db;
+    sqlite3_stmt* m_statement = nullptr;
+};

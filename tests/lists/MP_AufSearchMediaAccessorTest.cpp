@@ -1,0 +1,145 @@
+#include "lists/MP_AufSearchMediaAccessor.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "host/platform/MediaDatabase.h"
+#include "lists/MP_AufSearchCondition.h"
+#include "platform/Metadata.h"
+#include "tests/lists/TraceCapture.h"
+#include "tests/support/TestEnvironment.h"
+
+namespace {
+
+class MP_AufSearchMediaAccessorTest : public TestEnvironment {
+protected:
+    void SetUp() override
+    {
+        TestEnvironment::SetUp();
+        std::unique_ptr<MediaDatabase> database = MediaDatabase::open(MediaDatabase::defaultFile());
+        ASSERT_TRUE(database);
+        const struct {
+            const char* path;
+            const char* title;
+            const char* album;
+            int track;
+        } songs[] = {{"/m/b.mp3", "Bravo", "Second", 1}, {"/m/a.mp3", "Alpha", "First", 2},
+                     {"/m/c.mp3", "Charlie", "First", 1}};
+        for (const auto& song : songs) {
+            MediaRecord record;
+            record.path = song.path;
+            record.title = song.title;
+            record.artist = "Band";
+            record.album = song.album;
+            record.track = song.track;
+            ASSERT_NE(database->addMedia(record), 0u);
+        }
+        int status = -1;
+        m_handle = metadataCreateClient(&status);
+        ASSERT_NE(m_handle, 0u);
+        m_condition = std::make_unique<MP_AufSearchCondition>("Band", QString(), QString(), QString(), 2);
+        m_accessor = std::make_unique<MP_AufSearchMediaAccessor>(int(m_handle), m_condition.get());
+    }
+    void TearDown() override
+    {
+        metadataDestroyClient(m_handle);
+        TestEnvironment::TearDown();
+    }
+
+    unsigned int m_handle = 0;
+    std::unique_ptr<MP_AufSearchCondition> m_condition;
+    std::unique_ptr<MP_AufSearchMediaAccessor> m_accessor;
+};
+
+QStringList pathsOf(const QValueList<MP_AUF_ITEM>& items)
+{
+    QStringList paths;
+    for (const MP_AUF_ITEM& item : items)
+        paths.append(QString::number(item.id) + ' ' + item.path);
+    return paths;
+}
+
+} // namespace
+
+TEST_F(MP_AufSearchMediaAccessorTest, CountsFetchesIdsAndAlbums)
+{
+    QValueList<MP_AUF_ITEM> items{MP_AUF_ITEM(9, "/kept")};
+    EXPECT_TRUE(m_accessor->getItems(0, 0, items));
+    EXPECT_EQ(m_accessor->count(), 3);
+    EXPECT_EQ(pathsOf(items), QStringList({"9 /kept"}));
+
+    EXPECT_TRUE(m_accessor->getItems(1, 10, items));
+    EXPECT_EQ(pathsOf(items), QStringList({"1 /m/b.mp3", "3 /m/c.mp3"}));
+
+    QValueList<unsigned int> ids;
+    EXPECT_TRUE(m_accessor->getIds(0, 2, ids));
+    EXPECT_EQ(ids, (QValueList<unsigned int>{2, 1}));
+    EXPECT_EQ(pathsOf(items), QStringList({"1 /m/b.mp3", "3 /m/c.mp3"}));
+
+    QStringList albums{"kept"};
+    EXPECT_TRUE(m_accessor->getAlbums(0, 0, albums));
+    EXPECT_EQ(m_accessor->albumCount(), 2);
+    EXPECT_EQ(albums, QStringList({"kept"}));
+    EXPECT_TRUE(m_accessor->getAlbums(0, 5, albums));
+    EXPECT_EQ(albums, QStringList({"First", "Second"}));
+
+    m_accessor->setAlbum("First");
+    EXPECT_TRUE(m_accessor->getItems(0, 10, items));
+    EXPECT_EQ(pathsOf(items), QStringList({"2 /m/a.mp3", "3 /m/c.mp3"}));
+    EXPECT_TRUE(m_accessor->getItems(5, 10, items));
+    EXPECT_TRUE(items.isEmpty());
+    EXPECT_EQ(m_accessor->count(), 3);  // a window does not touch the count
+
+    int index = 7;
+    EXPECT_FALSE(m_accessor->getIndex(2, index));
+    EXPECT_EQ(index, 0);
+    EXPECT_FALSE(m_accessor->removeItem(0, "/m/a.mp3"));
+}
+
+TEST_F(MP_AufSearchMediaAccessorTest, AFailedSearchChangesNoContainerAndNoCount)
+{
+    QValueList<MP_AUF_ITEM> items;
+    QValueList<unsigned int> ids;
+    QStringList albums;
+    ASSERT_TRUE(m_accessor->getItems(0, 0, items));
+    ASSERT_TRUE(m_accessor->getAlbums(0, 0, albums));
+    ASSERT_TRUE(m_accessor->getItems(0, 2, items));
+    ASSERT_TRUE(m_accessor->getIds(0, 2, ids));
+    ASSERT_TRUE(m_accessor->getAlbums(0, 2, albums));
+
+    metadataDestroyClient(m_handle);
+    EXPECT_FALSE(m_accessor->getItems(0, 0, items));
+    EXPECT_FALSE(m_accessor->getAlbums(0, 0, albums));
+    EXPECT_FALSE(m_accessor->getItems(0, 10, items));
+    EXPECT_FALSE(m_accessor->getIds(0, 10, ids));
+    EXPECT_FALSE(m_accessor->getAlbums(0, 10, albums));
+    EXPECT_EQ(m_accessor->count(), 3);
+    EXPECT_EQ(m_accessor->albumCount(), 2);
+    EXPECT_EQ(pathsOf(items), QStringList({"2 /m/a.mp3", "1 /m/b.mp3"}));
+    EXPECT_EQ(ids, (QValueList<unsigned int>{2, 1}));
+    EXPECT_EQ(albums, QStringList({"First", "Second"}));
+}
+
+TEST_F(MP_AufSearchMediaAccessorTest, AnEntryWithoutIdOrPathBecomesTheEmptyItem)
+{
+    const MetadataMediaField albumOnly{METADATA_CANDIDATE_ALBUM, 6, {0}};
+    MetadataMediaField fields[1] = {albumOnly};
+    fields[0].value.text = "First";
+    const MetadataMediaInfo info{1, fields};
+    MetadataSearchMediaResponse response{1, 1, &info};
+
+    QValueList<MP_AUF_ITEM> items{MP_AUF_ITEM(9, "/old")};
+    ASSERT_TRUE(m_accessor->getItems(0, 1, items));  // sets the item output and window mode
+    TraceCapture trace;
+    MP_AufSearchMediaAccessor::AufGetFilterItemCallback(m_accessor.get(), &response);
+    ASSERT_EQ(items.size(), 1);
+    EXPECT_TRUE(items[0].isEmpty());
+    EXPECT_TRUE(items[0].path.isNull());
+    EXPECT_EQ(trace.text(), "[MP_AufSearchMediaAccessor] MP_AufSearchMediaAccessor::getObjectID, failed!\n");
+    EXPECT_EQ(MP_AufSearchMediaAccessor::getAlbumName(&info), "First");
+
+    response.actualNum = 0;
+    MP_AufSearchMediaAccessor::AufGetFilterItemCallback(m_accessor.get(), &response);
+    EXPECT_TRUE(items.isEmpty());
+}

@@ -1,0 +1,101 @@
+#include "lists/MP_Shuffle.h"
+
+#include <gtest/gtest.h>
+
+#include <ctime>
+
+#include <algorithm>
+#include <vector>
+
+namespace {
+
+std::vector<int> orderOf(const MP_Shuffle& shuffle, int count)
+{
+    std::vector<int> order;
+    for (int k = 0; k < count; ++k)
+        order.push_back(shuffle.getShuffleIndex(k));
+    return order;
+}
+
+bool isPermutation(std::vector<int> order)
+{
+    std::sort(order.begin(), order.end());
+    for (size_t i = 0; i < order.size(); ++i) {
+        if (order[i] != int(i))
+            return false;
+    }
+    return true;
+}
+
+// Runs two draws within one second of the clock (both seed from it), retrying
+// when a second boundary falls between them.
+template <typename Draws>
+void withinOneSecond(Draws draws)
+{
+    for (int attempt = 0; attempt < 100; ++attempt) {
+        const time_t before = time(nullptr);
+        draws();
+        if (time(nullptr) == before)
+            return;
+    }
+    FAIL() << "the clock's second kept changing during the draws";
+}
+
+} // namespace
+
+TEST(MP_ShuffleTest, EveryOrderIsAPermutationAndThePinPlaysFirst)
+{
+    MP_Shuffle shuffle;
+    for (int count : {2, 3, 5, 17, 100}) {
+        shuffle.shuffle(count, -1);
+        EXPECT_TRUE(isPermutation(orderOf(shuffle, count))) << count;
+        for (int pin : {0, count / 2, count - 1}) {
+            shuffle.shuffle(count, pin);
+            const std::vector<int> order = orderOf(shuffle, count);
+            EXPECT_EQ(order.front(), pin) << count;
+            EXPECT_TRUE(isPermutation(order)) << count;
+        }
+    }
+    shuffle.reShuffle();
+    EXPECT_TRUE(isPermutation(orderOf(shuffle, 100)));
+}
+
+TEST(MP_ShuffleTest, DegenerateCountsAndLookUpsOutsideTheOrder)
+{
+    MP_Shuffle shuffle;
+    EXPECT_EQ(shuffle.getShuffleIndex(0), 0);
+    for (int count : {0, -3}) {
+        shuffle.shuffle(count, 2);
+        EXPECT_EQ(shuffle.getShuffleIndex(0), 0);
+        EXPECT_EQ(shuffle.getShuffleIndex(1), 0);
+    }
+    shuffle.shuffle(1, 5);
+    EXPECT_EQ(shuffle.getShuffleIndex(0), 0);
+    shuffle.shuffle(5, 4);
+    EXPECT_EQ(shuffle.getShuffleIndex(-1), 0);
+    EXPECT_EQ(shuffle.getShuffleIndex(5), 0);
+}
+
+TEST(MP_ShuffleTest, SameSecondSameOrderAndThePinSwapsWithTheFirstDrawn)
+{
+    MP_Shuffle first;
+    MP_Shuffle second;
+    MP_Shuffle pinned;
+    MP_Shuffle pinnedOutside;
+    withinOneSecond([&] {
+        first.shuffle(40, -1);
+        second.shuffle(40, -1);
+        pinned.shuffle(40, 23);
+        pinnedOutside.shuffle(40, 40);
+    });
+    const std::vector<int> drawn = orderOf(first, 40);
+    EXPECT_EQ(orderOf(second, 40), drawn);
+    EXPECT_EQ(orderOf(pinnedOutside, 40), drawn);
+
+    // The pin takes the first place; the position drawn first takes the pin's place.
+    std::vector<int> expected = drawn;
+    const auto pinPlace = std::find(expected.begin(), expected.end(), 23);
+    *pinPlace = expected.front();
+    expected.front() = 23;
+    EXPECT_EQ(orderOf(pinned, 40), expected);
+}
