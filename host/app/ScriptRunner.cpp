@@ -1,0 +1,198 @@
+#include "host/app/ScriptRunner.h"
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QFile>
+#include <QTextStream>
+#include <QTimer>
+
+#include <cstdio>
+
+#include "host/app/PayloadBuilder.h"
+#include "host/app/PlayerSession.h"
+#include "host/app/ScriptWords.h"
+#include "host/engine/HostEngineClock.h"
+#include "platform/AM_Action.h"
+#include "platform/QCopChannel.h"
+
+namespace {
+
+// Long enough for the library's 1 ms deferrals (and a chain of a few) to run.
+const int kSettleMilliseconds = 5;
+
+void runEventLoopFor(int milliseconds)
+{
+    QEventLoop loop;
+    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+bool toMilliseconds(const QStringList& arguments, int* milliseconds, QString* error)
+{
+    bool ok = arguments.size() == 1;
+    *milliseconds = ok ? arguments.first().toInt(&ok) : 0;
+    if (!ok || *milliseconds < 0) {
+        *error = QStringLiteral("expects one number of milliseconds");
+        return false;
+    }
+    return true;
+}
+
+} // namespace
+
+ScriptRunner::ScriptRunner(PlayerSession& session) : m_session(session)
+{
+    m_commands = {
+        {QStringLiteral("action"), &ScriptRunner::commandAction},
+        {QStringLiteral("qcop"), &ScriptRunner::commandQcop},
+        {QStringLiteral("wait"), &ScriptRunner::commandWait},
+        {QStringLiteral("clock"), &ScriptRunner::commandClock},
+        {QStringLiteral("advance"), &ScriptRunner::commandAdvance},
+        {QStringLiteral("open"), &ScriptRunner::commandOpen},
+        {QStringLiteral("quit"), &ScriptRunner::commandQuit},
+    };
+}
+
+bool ScriptRunner::load(const QString& path, QString* error)
+{
+    QFile file;
+    const bool opened = path == QLatin1String("-") ? file.open(stdin, QIODevice::ReadOnly | QIODevice::Text)
+                                                   : (file.setFileName(path), file.open(QIODevice::ReadOnly | QIODevice::Text));
+    if (!opened) {
+        *error = QStringLiteral("cannot read script %1: %2").arg(path, file.errorString());
+        return false;
+    }
+    m_name = path == QLatin1String("-") ? QStringLiteral("<stdin>") : path;
+    QTextStream in(&file);
+    while (!in.atEnd())
+        m_lines.append(in.readLine());
+    return true;
+}
+
+int ScriptRunner::run()
+{
+    for (int i = 0; i < m_lines.size() && !m_quit; ++i) {
+        QString error;
+        if (!runLine(m_lines.at(i), &error)) {
+            std::fprintf(stderr, "%s:%d: %s\n", qPrintable(m_name), i + 1, qPrintable(error));
+            return 2;
+        }
+        if (m_session.quitRequested() && !m_quit) {
+            std::fprintf(stderr, "%s:%d: the player quit; the script ends here\n", qPrintable(m_name), i + 1);
+            break;
+        }
+    }
+    return 0;
+}
+
+bool ScriptRunner::runLine(const QString& line, QString* error)
+{
+    QStringList words;
+    if (!ScriptWords::split(line, &words, error))
+        return false;
+    if (words.isEmpty())
+        return true;
+    const QString name = words.takeFirst();
+    const Command command = m_commands.value(name);
+    if (!command) {
+        *error = QStringLiteral("unknown command \"%1\"").arg(name);
+        return false;
+    }
+    if (!(this->*command)(words, error)) {
+        *error = name + QStringLiteral(": ") + *error;
+        return false;
+    }
+    settle();
+    return true;
+}
+
+void ScriptRunner::settle()
+{
+    runEventLoopFor(kSettleMilliseconds);
+}
+
+bool ScriptRunner::commandAction(const QStringList& arguments, QString* error)
+{
+    if (arguments.isEmpty()) {
+        *error = QStringLiteral("expects an action name and key=value pairs");
+        return false;
+    }
+    AM_ActionData action(arguments.first());
+    for (const QString& pair : arguments.mid(1)) {
+        const int equals = pair.indexOf(QLatin1Char('='));
+        if (equals <= 0) {
+            *error = QStringLiteral("\"%1\" is not key=value").arg(pair);
+            return false;
+        }
+        action.setValue(pair.left(equals), pair.mid(equals + 1));
+    }
+    AM_ActionReceiver::instance()->deliver(action);
+    return true;
+}
+
+bool ScriptRunner::commandQcop(const QStringList& arguments, QString* error)
+{
+    if (arguments.size() < 2) {
+        *error = QStringLiteral("expects a channel, a message and typed arguments");
+        return false;
+    }
+    QByteArray payload;
+    if (!PayloadBuilder::build(arguments.mid(2), &payload, error))
+        return false;
+    QCopChannel::send(arguments.at(0).toUtf8(), arguments.at(1).toUtf8(), payload);
+    return true;
+}
+
+bool ScriptRunner::commandWait(const QStringList& arguments, QString* error)
+{
+    int milliseconds = 0;
+    if (!toMilliseconds(arguments, &milliseconds, error))
+        return false;
+    runEventLoopFor(milliseconds);
+    return true;
+}
+
+bool ScriptRunner::commandClock(const QStringList& arguments, QString* error)
+{
+    if (arguments.size() != 1
+        || (arguments.first() != QLatin1String("manual") && arguments.first() != QLatin1String("real"))) {
+        *error = QStringLiteral("expects manual or real");
+        return false;
+    }
+    HostEngineClock::setManual(arguments.first() == QLatin1String("manual"));
+    return true;
+}
+
+bool ScriptRunner::commandAdvance(const QStringList& arguments, QString* error)
+{
+    int milliseconds = 0;
+    if (!toMilliseconds(arguments, &milliseconds, error))
+        return false;
+    if (!HostEngineClock::isManual()) {
+        *error = QStringLiteral("the clock is not manual (say \"clock manual\" first)");
+        return false;
+    }
+    HostEngineClock::advance(milliseconds);
+    return true;
+}
+
+bool ScriptRunner::commandOpen(const QStringList& arguments, QString* error)
+{
+    if (arguments.size() != 1) {
+        *error = QStringLiteral("expects one file");
+        return false;
+    }
+    m_session.openDocument(arguments.first());
+    return true;
+}
+
+bool ScriptRunner::commandQuit(const QStringList& arguments, QString* error)
+{
+    if (!arguments.isEmpty()) {
+        *error = QStringLiteral("takes no arguments");
+        return false;
+    }
+    m_session.finish();
+    m_quit = true;
+    return true;
+}

@@ -1,0 +1,50 @@
+#pragma once
+// Runs a scenario script against a player session, one command a line:
+//   action NAME key=value ...   deliver an action record through the action receiver
+//   qcop CHANNEL MESSAGE [ARG]  send a channel message (ARG: int:N i8:N str:TEXT bytes:HEX raw:HEX)
+//   wait MS                     run the event loop for MS milliseconds
+//   clock manual|real           the playback engine's clock
+//   advance MS                  move the manual clock
+//   open FILE                   the application opens a document
+//   quit                        delete the main window and end
+// After every command the event loop runs briefly, so that deferred work
+// (posted events, 1 ms timers, channel deliveries) has happened before the
+// next line. An unknown command or bad arguments stop the script with a
+// message naming the line.
+
+#include <QHash>
+#include <QString>
+#include <QStringList>
+
+class PlayerSession;
+
+class ScriptRunner {
+public:
+    explicit ScriptRunner(PlayerSession& session);
+
+    /** Reads the script from @p path ("-" for standard input). */
+    bool load(const QString& path, QString* error);
+    /** Runs the script. Returns 0 when every line ran (or the player quit),
+     *  2 after a bad line (the message is printed to standard error). */
+    int run();
+
+private:
+    using Command = bool (ScriptRunner::*)(const QStringList& arguments, QString* error);
+
+    bool runLine(const QString& line, QString* error);
+    static void settle();
+
+    bool commandAction(const QStringList& arguments, QString* error);
+    bool commandQcop(const QStringList& arguments, QString* error);
+    bool commandWait(const QStringList& arguments, QString* error);
+    bool commandClock(const QStringList& arguments, QString* error);
+    bool commandAdvance(const QStringList& arguments, QString* error);
+    bool commandOpen(const QStringList& arguments, QString* error);
+    bool commandQuit(const QStringList& arguments, QString* error);
+
+    PlayerSession& m_session;
+    QString m_name;
+    QStringList m_lines;
+    QHash<QString, Command> m_commands;
+    bool m_quit = false;
+};

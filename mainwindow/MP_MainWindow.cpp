@@ -1,0 +1,187 @@
+#include "mainwindow/MP_MainWindow.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QTimer>
+
+#include <cstring>
+
+#include "lists/MP_AufContext.h"
+#include "platform/AM_Action.h"
+#include "platform/MP_CommonPlayer.h"
+#include "platform/PhoneServices.h"
+#include "platform/QCopChannel.h"
+#include "platform/SETUP_SET_Manager.h"
+#include "platform/TraceLog.h"
+
+MP_DEFINE_TRACE(MainWindowTrace, "MP_MainWindow")
+
+namespace {
+
+// Request identifiers: built when the library is loaded, destroyed when it is unloaded.
+const QString kPlayVideoAction = QStringLiteral("PlayVideoInMediaplayer");
+const QString kPlayMusicListAction = QStringLiteral("PlayMusicListInMediaplayer");
+const QString kPlayUserListAction = QStringLiteral("PlayUserListInMediaplayer");
+const QString kPlayMediaAction = QStringLiteral("PlayMediaInMediaPlayer");
+const QString kBluetoothLauncher = QStringLiteral("BTAvrcpKeys");
+const QString kHomeScreenLauncher = QStringLiteral("HomeScreen");
+
+const char* const kSystemChannel = "VEMO/System";
+const QString kSettingsGroup = QStringLiteral("MediaControlItem");
+
+} // namespace
+
+MP_MainWindow::MP_MainWindow(const QString& passedFile, QWidget* parent, const char* name, unsigned int flags)
+    : QWidget(parent, Qt::WindowFlags(flags)),
+      m_launchType(MP_LAUNCH_FILE),
+      m_commonPlayer(nullptr),
+      m_windowClient(nullptr),
+      m_mediafinderClient(nullptr),
+      m_idleClient(nullptr),
+      m_btClient(nullptr),
+      m_cliClient(nullptr),
+      m_list(nullptr),
+      m_passedFile(passedFile),
+      m_launcherId(),
+      m_flipClosed(UTIL_GetFlipStatus() == 1),
+      m_contentTypeUnknown(true),
+      m_jumpKeyPending(false),
+      m_contentType(MP_CONTENT_UNKNOWN),
+      m_systemChannel(nullptr),
+      m_keyChannel(nullptr)
+{
+    if (name)
+        setObjectName(QString::fromLatin1(name));
+    std::memset(&m_lastPlayedList, 0, sizeof m_lastPlayedList);
+
+    m_systemChannel = new QCopChannel(kSystemChannel, this);
+    m_keyChannel = new QCopChannel(UTIL_GetKeyEventChannel().toLatin1(), this);
+
+    m_launchType = MP_LAUNCH_FILE;
+    setGeometry(0, 0, 0, 0);
+
+    // The first work waits for the event loop, so that the application has
+    // finished creating and wiring the window before anything plays.
+    if (m_passedFile.isEmpty())
+        QCoreApplication::postEvent(this, new QEvent(QEvent::Type(StartupEventType)));
+    else
+        QTimer::singleShot(1, this, SLOT(onPassFile()));
+    MainWindowTrace(3, "MP_MainWindow: created, passed file \"%s\"\n", qPrintable(m_passedFile));
+}
+
+MP_MainWindow::~MP_MainWindow()
+{
+    MainWindowTrace(3, "~MP_MainWindow: Enter\n");
+    delete m_systemChannel;
+    m_systemChannel = nullptr;
+    delete m_keyChannel;
+    m_keyChannel = nullptr;
+
+    freeCommonPlayer();
+    freeCurrentList();
+
+    SETUP_SET_Manager settings(AM_Global::MediaPlayer, false);
+    settings.setSettingInfo(kSettingsGroup, QStringLiteral("HidePlaying"), false);
+    MainWindowTrace(3, "~MP_MainWindow: Leave\n");
+}
+
+void MP_MainWindow::initCommonPlayer(bool playerFlag)
+{
+    if (m_commonPlayer) {
+        m_commonPlayer->showPlayer();
+        return;
+    }
+    MainWindowTrace(3, "initCommonPlayer: playerFlag %d, launch type %d\n", playerFlag, m_launchType);
+    m_commonPlayer = MP_CreateCommonPlayer(playerFlag, m_launchType);
+    connect(m_commonPlayer, SIGNAL(signalContentTypeChanged(MP_CONTENT_TYPE)), this,
+            SLOT(slotContentTypeChanged(MP_CONTENT_TYPE)));
+}
+
+void MP_MainWindow::freeCommonPlayer()
+{
+    if (!m_commonPlayer)
+        return;
+    MainWindowTrace(3, "freeCommonPlayer\n");
+    // Clients first: each unregisters from the engine as it goes.
+    MP_DestroyCommonPlayer(m_commonPlayer);
+    m_commonPlayer = nullptr;
+}
+
+void MP_MainWindow::setMediaFile(const QString& fileName)
+{
+    MainWindowTrace(3, "setMediaFile: \"%s\"\n", qPrintable(fileName));
+    initCommonPlayer(false);
+    m_commonPlayer->setShuffleRepeat(false, false);
+    m_commonPlayer->setFile(fileName);
+    playAutomatically(false);
+}
+
+void MP_MainWindow::playAutomatically(bool playFlag)
+{
+    m_commonPlayer->autoPlay(playFlag);
+}
+
+void MP_MainWindow::readSetting(bool isVideo, bool forceShuffle)
+{
+    const SETUP_SET_Manager settings(AM_Global::MediaPlayer, false);
+    bool repeat = false;
+    int mode = 0;
+    settings.getSettingInfo(kSettingsGroup, isVideo ? QStringLiteral("VideoRepeat") : QStringLiteral("MusicRepeat"),
+                            repeat, false);
+    settings.getSettingInfo(kSettingsGroup, isVideo ? QStringLiteral("VideoShuffle") : QStringLiteral("MusicShuffle"),
+                            mode, 0);
+    MP_AufContext::shuffleSetting = mode;
+    if (forceShuffle)
+        mode = 1;
+    MP_AufContext::shuffle = mode;
+    MP_AufContext::isRepeat = repeat;
+    MainWindowTrace(3, "readSetting: video %d, shuffle %d (setting %d), repeat %d\n", isVideo, mode,
+                    MP_AufContext::shuffleSetting, repeat);
+}
+
+void MP_MainWindow::freeCurrentList()
+{
+    clearLastPlayedRecord();
+}
+
+void MP_MainWindow::clearLastPlayedRecord()
+{
+    std::memset(&m_lastPlayedList, 0, sizeof m_lastPlayedList);
+    m_lastPlayedList.listType = -1;
+    m_lastPlayedList.groupObjectId = uint32_t(-1);
+    m_lastPlayedList.storageLocation = -1;
+    m_lastPlayedList.firstIndex = -1;
+}
+
+void MP_MainWindow::onPassFile()
+{
+    setMediaFile(m_passedFile);
+}
+
+void MP_MainWindow::onOpenDoc(const QString& fileName)
+{
+    setMediaFile(fileName);
+}
+
+void MP_MainWindow::onQuitApp()
+{
+    MainWindowTrace(3, "onQuitApp: launch type %d\n", m_launchType);
+    if (m_commonPlayer)
+        m_commonPlayer->closePlayerWindow();
+    close();
+    if (m_launchType == MP_LAUNCH_CAPTURED_VIDEO)
+        Q_EMIT quitApp();
+}
+
+void MP_MainWindow::slotContentTypeChanged(MP_CONTENT_TYPE type)
+{
+    m_contentType = type;
+    if (m_contentTypeUnknown) {
+        // A jump key pressed before the first report quits once the content
+        // turns out to be video.
+        if (m_jumpKeyPending && type == MP_CONTENT_VIDEO)
+            onQuitApp();
+        m_jumpKeyPending = false;
+        m_contentTypeUnknown = false;
+    }
+}

@@ -1,0 +1,173 @@
+#include "mainwindow/MP_MainWindow.h"
+
+#include <QCoreApplication>
+#include <QJsonArray>
+#include <QRegularExpression>
+
+#include <memory>
+
+#include "lists/MP_AufContext.h"
+#include "platform/AM_Action.h"
+#include "platform/QCopChannel.h"
+#include "platform/SETUP_SET_Manager.h"
+#include "tests/support/TestEnvironment.h"
+
+// The exported entry points, as the application reaches them.
+extern "C" MP_MainWindow* MP_CreateMainWindow(const QString& passedFile);
+extern "C" void MP_DeleteMainWindow(MP_MainWindow* window);
+
+namespace {
+
+// Counts the start-up events that reach a window.
+class StartupEventCounter : public QObject {
+public:
+    int count = 0;
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::Type(MP_MainWindow::StartupEventType))
+            ++count;
+        return false;
+    }
+};
+
+struct WindowDeleter {
+    void operator()(MP_MainWindow* window) const { MP_DeleteMainWindow(window); }
+};
+using WindowPtr = std::unique_ptr<MP_MainWindow, WindowDeleter>;
+
+class MP_MainWindowTest : public TestEnvironment {
+protected:
+    static int storedInt(const char* key)
+    {
+        int value = -1;
+        SETUP_SET_Manager(AM_Global::MediaPlayer, false).getSettingInfo("MediaControlItem", key, value, 0);
+        return value;
+    }
+    static void store(const char* key, int value)
+    {
+        SETUP_SET_Manager(AM_Global::MediaPlayer, false).setSettingInfo("MediaControlItem", key, value);
+    }
+    static void store(const char* key, bool value)
+    {
+        SETUP_SET_Manager(AM_Global::MediaPlayer, false).setSettingInfo("MediaControlItem", key, value);
+    }
+};
+
+TEST_F(MP_MainWindowTest, Startup_WithoutFile_PostsOneStartupEventAndArmsNoTimer)
+{
+    WindowPtr window(MP_CreateMainWindow(QString()));
+    StartupEventCounter counter;
+    window->installEventFilter(&counter);
+    EXPECT_EQ(counter.count, 0) << "nothing may happen before the event loop turns";
+
+    ASSERT_TRUE(waitUntil([&] { return counter.count > 0; }));
+    // Long enough for a 1 ms timer to have fired, had one been armed.
+    waitUntil([] { return false; }, 20);
+    EXPECT_EQ(counter.count, 1);
+    EXPECT_EQ(window->commonPlayer(), nullptr);
+    EXPECT_FALSE(journalCalls().contains("engine:setFile"));
+    EXPECT_EQ(window->launchType(), MP_LAUNCH_FILE);
+    EXPECT_EQ(window->geometry(), QRect(0, 0, 0, 0));
+    EXPECT_TRUE(QCopChannel::isRegistered("VEMO/System"));
+}
+
+TEST_F(MP_MainWindowTest, Startup_WithFile_PlaysItAfterTheTimerAndPostsNoEvent)
+{
+    WindowPtr window(MP_CreateMainWindow(QStringLiteral("/music/song.mp3")));
+    StartupEventCounter counter;
+    window->installEventFilter(&counter);
+    EXPECT_EQ(window->commonPlayer(), nullptr);
+
+    ASSERT_TRUE(waitUntil([&] { return window->commonPlayer() != nullptr; }));
+    EXPECT_EQ(counter.count, 0);
+    const QStringList engineCalls = journalCalls().filter(QRegularExpression("^engine:"));
+    EXPECT_EQ(engineCalls, (QStringList{"engine:MP_CreateCommonPlayer", "engine:setShuffleRepeat", "engine:setFile",
+                                        "engine:autoPlay"}));
+    EXPECT_EQ(journalLines("engine", "MP_CreateCommonPlayer").first().value("args").toArray(),
+              (QJsonArray{false, 1}));
+    EXPECT_EQ(journalLines("engine", "setShuffleRepeat").first().value("args").toArray(), (QJsonArray{false, false}));
+    EXPECT_EQ(journalLines("engine", "setFile").first().value("args").toArray(), QJsonArray{"/music/song.mp3"});
+    EXPECT_EQ(journalLines("engine", "autoPlay").first().value("args").toArray(), QJsonArray{false});
+}
+
+TEST_F(MP_MainWindowTest, EngineLifecycle_FreeTwiceThenOpenMakesANewEngine)
+{
+    WindowPtr window(MP_CreateMainWindow(QString()));
+    window->onOpenDoc(QStringLiteral("/music/a.mp3"));
+    ASSERT_NE(window->commonPlayer(), nullptr);
+
+    window->freeCommonPlayer();
+    EXPECT_EQ(window->commonPlayer(), nullptr);
+    window->freeCommonPlayer();
+    EXPECT_EQ(journalLines("engine", "MP_DestroyCommonPlayer").size(), 1);
+
+    window->onOpenDoc(QStringLiteral("/music/b.mp3"));
+    ASSERT_NE(window->commonPlayer(), nullptr);
+    EXPECT_EQ(journalLines("engine", "MP_CreateCommonPlayer").size(), 2);
+    EXPECT_EQ(window->launchType(), MP_LAUNCH_FILE) << "setMediaFile keeps the launch type";
+
+    // A second open on a running engine only brings the player to the front.
+    window->onOpenDoc(QStringLiteral("/music/c.mp3"));
+    EXPECT_EQ(journalLines("engine", "MP_CreateCommonPlayer").size(), 2);
+    EXPECT_EQ(journalLines("engine", "showPlayer").size(), 1);
+}
+
+TEST_F(MP_MainWindowTest, TearDown_ReleasesEngineThenStoresHidePlayingFalse)
+{
+    store("HidePlaying", true);
+    WindowPtr window(MP_CreateMainWindow(QString()));
+    window->onOpenDoc(QStringLiteral("/music/a.mp3"));
+    window.reset();
+
+    EXPECT_FALSE(QCopChannel::isRegistered("VEMO/System"));
+    const QStringList calls = journalCalls();
+    const int destroyed = calls.indexOf("engine:MP_DestroyCommonPlayer");
+    ASSERT_GE(destroyed, 0);
+    const QList<QJsonObject> lines = journal();
+    const QJsonObject last = lines.last();
+    EXPECT_EQ(last.value("kind").toString(), "settings");
+    EXPECT_EQ(last.value("app").toInt(), 71);
+    EXPECT_EQ(last.value("group").toString(), "MediaControlItem");
+    EXPECT_EQ(last.value("key").toString(), "HidePlaying");
+    EXPECT_EQ(last.value("value"), QJsonValue(false));
+    bool hidden = true;
+    SETUP_SET_Manager(AM_Global::MediaPlayer, false).getSettingInfo("MediaControlItem", "HidePlaying", hidden, true);
+    EXPECT_FALSE(hidden);
+
+    MP_DeleteMainWindow(nullptr);  // ignored
+}
+
+TEST_F(MP_MainWindowTest, ReadSetting_ForcedShuffleKeepsTheStoredSettingApart)
+{
+    WindowPtr window(MP_CreateMainWindow(QString()));
+    store("MusicShuffle", 0);
+    store("MusicRepeat", true);
+    store("VideoShuffle", 2);
+    window->readSetting(false, true);
+    EXPECT_EQ(MP_AufContext::shuffleSetting, 0);
+    EXPECT_EQ(MP_AufContext::shuffle, 1);
+    EXPECT_TRUE(MP_AufContext::isRepeat);
+
+    window->readSetting(true, false);
+    EXPECT_EQ(MP_AufContext::shuffleSetting, 2);
+    EXPECT_EQ(MP_AufContext::shuffle, 2);
+    EXPECT_FALSE(MP_AufContext::isRepeat) << "absent VideoRepeat reads as false";
+    EXPECT_EQ(storedInt("MusicShuffle"), 0) << "reading writes nothing";
+}
+
+TEST_F(MP_MainWindowTest, FreeCurrentList_ClearsTheLastPlayedRecord)
+{
+    WindowPtr window(MP_CreateMainWindow(QString()));
+    window->freeCurrentList();
+    const LastPlayedListRecord& record = window->lastPlayedList();
+    EXPECT_EQ(record.listType, -1);
+    EXPECT_EQ(record.groupObjectId, 0xFFFFFFFFu);
+    EXPECT_EQ(record.storageLocation, -1);
+    EXPECT_EQ(record.firstIndex, -1);
+    EXPECT_EQ(record.artist, nullptr);
+    EXPECT_EQ(record.genreLength, 0);
+    EXPECT_EQ(record.handler, 0u);
+    EXPECT_FALSE(journalCalls().contains("engine:setPlayList")) << "no list: the engine is not told";
+}
+
+} // namespace
