@@ -1,0 +1,55 @@
+#pragma once
+// The simple play list: the playable files of one folder, sorted, with a
+// plain current index and no shuffle, repeat or database. Built from the
+// file to start with; it holds every file of that file's folder with a
+// supported extension of the same media class (audio, video or picture).
+// Removing an entry deletes its file.
+
+#include <QString>
+
+#include "lists/MP_ListInterface.h"
+
+class MYSTUFF_FileInfoList;
+
+class MP_FolderList : public MP_ListInterface {
+public:
+    /** Sort types of the constructor. */
+    enum { SortByName = 0, SortByTime = 1, SortBySize = 2, SortByType = 3 };
+
+    /** Lists the folder of @p file, sorted by @p sortType (any other value: by name),
+     *  and makes @p file current. */
+    MP_FolderList(const QString& file, int sortType);
+    virtual ~MP_FolderList();
+
+    unsigned int count() override;
+    /** Plain bounds tests; false on an empty list. */
+    bool hasNext() override;
+    bool hasPrevious() override;
+    /** Absolute path of the current entry; null when the index lies outside the list. */
+    QString getCurrent() override;
+    QString getItem(int index) override;
+    int getCurrentIndex() override;
+    /** Moves by @p steps, clamped into the list. */
+    void skipSteps(int steps) override;
+    /** Moves to @p index, clamped into the list. */
+    void moveTo(int index) override;
+    /** Deletes the file at @p index and drops its entry; false when the index is
+     *  outside the list or the file cannot be deleted (then nothing changes). */
+    bool removeItem(int index) override;
+    /** Null: a folder list has no stored description. */
+    QByteArray* getReservedData() override;
+
+    /** "*.ext;*.ext..." for the start file's media class; empty for other files. */
+    QString getNameFilter() const;
+
+private:
+    void initialize();
+    void verifyIndex();
+
+    QString m_file;
+    int m_currentIndex = 0;
+    MYSTUFF_FileInfoList* m_entries;  // owned, with its entries
+
+    MP_FolderList(const MP_FolderList&) = delete;
+    MP_FolderList& operator=(const MP_FolderList&) = delete;
+};
