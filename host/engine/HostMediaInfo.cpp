@@ -10,13 +10,9 @@
 #include <taglib/tag.h>
 
 #include "platform/MP_Utility.h"
+#include "platform/UTIL_MimeType.h"
 
 namespace {
-
-const QStringList kSoundExtensions = {"mp3", "wav", "ogg", "oga", "flac", "m4a",
-                                      "aac", "amr", "wma", "mid", "midi"};
-const QStringList kVideoExtensions = {"mp4", "3gp", "3g2", "avi", "mkv", "mov",
-                                      "wmv", "m4v", "mpg", "mpeg"};
 
 bool isStream(const QString& path)
 {
@@ -85,10 +81,10 @@ HostMediaInfo HostMediaInfo::read(const QString& path)
 
 MP_CONTENT_TYPE HostMediaInfo::contentTypeOf(const QString& path)
 {
-    const QString extension = QFileInfo(nameOf(path)).suffix().toLower();
-    if (kSoundExtensions.contains(extension))
+    const QString name = nameOf(path);
+    if (UTIL_MimeType::isAudio(name))
         return MP_CONTENT_SOUND;
-    if (kVideoExtensions.contains(extension))
+    if (UTIL_MimeType::isVideo(name))
         return MP_CONTENT_VIDEO;
     return isStream(path) ? MP_CONTENT_SOUND : MP_CONTENT_UNKNOWN;
 }

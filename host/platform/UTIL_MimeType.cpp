@@ -6,13 +6,13 @@ namespace {
 
 const QStringList& audioExtensions()
 {
-    static const QStringList extensions{"mp3", "wav", "ogg", "oga", "flac", "m4a", "aac", "amr", "wma", "mid", "midi"};
+    static const QStringList extensions{"mp3", "wav", "ogg", "oga", "opus", "flac", "m4a", "aac", "amr", "wma", "mid", "midi"};
     return extensions;
 }
 
 const QStringList& videoExtensions()
 {
-    static const QStringList extensions{"mp4", "3gp", "3g2", "avi", "mkv", "mov", "wmv", "m4v", "mpg", "mpeg"};
+    static const QStringList extensions{"mp4", "3gp", "3g2", "avi", "mkv", "mov", "wmv", "m4v", "webm", "mpg", "mpeg"};
     return extensions;
 }
 
