@@ -2,18 +2,28 @@
 
 #include <QCoreApplication>
 #include <QEventLoop>
+#include <QDateTime>
 #include <QFile>
+#include <QFileInfo>
 #include <QTextStream>
 #include <QTimer>
 
 #include <cstdio>
+#include <memory>
 
 #include "host/app/PayloadBuilder.h"
 #include "host/app/PlayerSession.h"
 #include "host/app/ScriptWords.h"
+#include "host/engine/HostEngine.h"
 #include "host/engine/HostEngineClock.h"
+#include "host/platform/HostDialogs.h"
+#include "host/platform/MediaDatabase.h"
+#include "host/platform/MediaScanner.h"
+#include "lists/MP_ListInterface.h"
 #include "platform/AM_Action.h"
+#include "platform/MP_CommonPlayer.h"
 #include "platform/QCopChannel.h"
+#include "platform/SETUP_SET_Manager.h"
 
 namespace {
 
@@ -25,6 +35,24 @@ void runEventLoopFor(int milliseconds)
     QEventLoop loop;
     QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
     loop.exec();
+}
+
+bool noArguments(const QStringList& arguments, QString* error)
+{
+    if (arguments.isEmpty())
+        return true;
+    *error = QStringLiteral("takes no arguments");
+    return false;
+}
+
+// The control of the running engine, or null with a reason.
+MP_PlayerControl* playerControl(QString* error)
+{
+    HostEngine* engine = HostEngine::liveEngine();
+    MP_PlayerControl* control = engine ? engine->getPlayerControl() : nullptr;
+    if (!control)
+        *error = QStringLiteral("no player is running");
+    return control;
 }
 
 bool toMilliseconds(const QStringList& arguments, int* milliseconds, QString* error)
@@ -50,6 +78,14 @@ ScriptRunner::ScriptRunner(PlayerSession& session) : m_session(session)
         {QStringLiteral("advance"), &ScriptRunner::commandAdvance},
         {QStringLiteral("open"), &ScriptRunner::commandOpen},
         {QStringLiteral("quit"), &ScriptRunner::commandQuit},
+        {QStringLiteral("capturedvideo"), &ScriptRunner::commandCapturedVideo},
+        {QStringLiteral("setting"), &ScriptRunner::commandSetting},
+        {QStringLiteral("next"), &ScriptRunner::commandNext},
+        {QStringLiteral("previous"), &ScriptRunner::commandPrevious},
+        {QStringLiteral("playpause"), &ScriptRunner::commandPlayPause},
+        {QStringLiteral("remove"), &ScriptRunner::commandRemove},
+        {QStringLiteral("dialog"), &ScriptRunner::commandDialog},
+        {QStringLiteral("db"), &ScriptRunner::commandDb},
     };
 }
 
@@ -188,11 +224,124 @@ bool ScriptRunner::commandOpen(const QStringList& arguments, QString* error)
 
 bool ScriptRunner::commandQuit(const QStringList& arguments, QString* error)
 {
-    if (!arguments.isEmpty()) {
-        *error = QStringLiteral("takes no arguments");
+    if (!noArguments(arguments, error))
         return false;
-    }
     m_session.finish();
     m_quit = true;
+    return true;
+}
+
+bool ScriptRunner::commandCapturedVideo(const QStringList& arguments, QString* error)
+{
+    if (!noArguments(arguments, error))
+        return false;
+    m_session.playCapturedVideo();
+    return true;
+}
+
+bool ScriptRunner::commandSetting(const QStringList& arguments, QString* error)
+{
+    const int colon = arguments.size() == 3 ? arguments.at(2).indexOf(QLatin1Char(':')) : -1;
+    const QString type = arguments.value(2).left(colon);
+    const QString value = arguments.value(2).mid(colon + 1);
+    SETUP_SET_Manager settings(AM_Global::MediaPlayer, false);
+    bool ok = false;
+    if (type == QLatin1String("int")) {
+        const int number = value.toInt(&ok);
+        ok = ok && settings.setSettingInfo(arguments.at(0), arguments.at(1), number);
+    } else if (type == QLatin1String("bool") && (value == QLatin1String("true") || value == QLatin1String("false"))) {
+        ok = settings.setSettingInfo(arguments.at(0), arguments.at(1), value == QLatin1String("true"));
+    }
+    if (!ok)
+        *error = QStringLiteral("expects GROUP KEY int:N or GROUP KEY bool:true|false");
+    return ok;
+}
+
+bool ScriptRunner::commandNext(const QStringList& arguments, QString* error)
+{
+    MP_PlayerControl* control = noArguments(arguments, error) ? playerControl(error) : nullptr;
+    if (control)
+        control->next();
+    return control != nullptr;
+}
+
+bool ScriptRunner::commandPrevious(const QStringList& arguments, QString* error)
+{
+    MP_PlayerControl* control = noArguments(arguments, error) ? playerControl(error) : nullptr;
+    if (control)
+        control->previous();
+    return control != nullptr;
+}
+
+bool ScriptRunner::commandPlayPause(const QStringList& arguments, QString* error)
+{
+    MP_PlayerControl* control = noArguments(arguments, error) ? playerControl(error) : nullptr;
+    if (control)
+        control->playPause();
+    return control != nullptr;
+}
+
+bool ScriptRunner::commandRemove(const QStringList& arguments, QString* error)
+{
+    if (!noArguments(arguments, error))
+        return false;
+    HostEngine* engine = HostEngine::liveEngine();
+    MP_ListInterface* list = engine ? engine->getCurrentList() : nullptr;
+    if (!list) {
+        *error = QStringLiteral("no list is playing");
+        return false;
+    }
+    // As the player screen's remove command does, once the user said yes.
+    list->removeItem(list->getCurrentIndex());
+    return true;
+}
+
+bool ScriptRunner::commandDialog(const QStringList& arguments, QString* error)
+{
+    bool ok = arguments.size() == 2 && arguments.first() == QLatin1String("answer");
+    const int answer = ok ? arguments.at(1).toInt(&ok) : 0;
+    if (!ok) {
+        *error = QStringLiteral("expects \"answer N\"");
+        return false;
+    }
+    HostDialogs::queueAnswer(answer);
+    return true;
+}
+
+bool ScriptRunner::commandDb(const QStringList& arguments, QString* error)
+{
+    const QString operation = arguments.value(0);
+    if (arguments.size() != 2
+        || (operation != QLatin1String("add") && operation != QLatin1String("remove") && operation != QLatin1String("touch"))) {
+        *error = QStringLiteral("expects add, remove or touch and a path");
+        return false;
+    }
+    const QString path = QFileInfo(arguments.at(1)).absoluteFilePath();
+    std::unique_ptr<MediaDatabase> database = MediaDatabase::open(MediaDatabase::defaultFile());
+    if (!database) {
+        *error = QStringLiteral("cannot open the media database");
+        return false;
+    }
+    MediaScanner scanner(*database);
+    if (operation == QLatin1String("remove")) {
+        if (!scanner.removeFile(path)) {
+            *error = QStringLiteral("%1 is not in the media database").arg(path);
+            return false;
+        }
+        return true;
+    }
+    if (operation == QLatin1String("touch")) {
+        // A changed file: a new modification time makes the scanner read it again.
+        QFile file(path);
+        if (!file.open(QIODevice::ReadWrite) || !file.setFileTime(QDateTime::currentDateTime(), QFileDevice::FileModificationTime)) {
+            *error = QStringLiteral("cannot touch %1").arg(path);
+            return false;
+        }
+    }
+    const MediaScanner::FileOutcome outcome = scanner.scanFile(path);
+    if (outcome == MediaScanner::FileOutcome::Skipped || outcome == MediaScanner::FileOutcome::NotMedia) {
+        *error = QStringLiteral("%1 is not a readable media file").arg(path);
+        return false;
+    }
     return true;
 }

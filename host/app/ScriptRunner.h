@@ -6,6 +6,12 @@
 //   clock manual|real           the playback engine's clock
 //   advance MS                  move the manual clock
 //   open FILE                   the application opens a document
+//   capturedvideo               the library's playCapturedVideo entry point
+//   setting GROUP KEY int:N|bool:true|false   write the player's settings store (application 71)
+//   next | previous | playpause the playback control, as a headset or the screen would
+//   remove                      remove the playing entry through the list, without asking
+//   dialog answer N             the next dialog answers N
+//   db add|remove|touch PATH    change the media database as the scanner does
 //   quit                        delete the main window and end
 // After every command the event loop runs briefly, so that deferred work
 // (posted events, 1 ms timers, channel deliveries) has happened before the
@@ -41,6 +47,14 @@ private:
     bool commandAdvance(const QStringList& arguments, QString* error);
     bool commandOpen(const QStringList& arguments, QString* error);
     bool commandQuit(const QStringList& arguments, QString* error);
+    bool commandCapturedVideo(const QStringList& arguments, QString* error);
+    bool commandSetting(const QStringList& arguments, QString* error);
+    bool commandNext(const QStringList& arguments, QString* error);
+    bool commandPrevious(const QStringList& arguments, QString* error);
+    bool commandPlayPause(const QStringList& arguments, QString* error);
+    bool commandRemove(const QStringList& arguments, QString* error);
+    bool commandDialog(const QStringList& arguments, QString* error);
+    bool commandDb(const QStringList& arguments, QString* error);
 
     PlayerSession& m_session;
     QString m_name;

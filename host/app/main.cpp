@@ -16,6 +16,7 @@
 #include "host/app/ScriptRunner.h"
 #include "host/app/TerminationSignals.h"
 #include "host/engine/HostEngine.h"
+#include "host/platform/HostDialogs.h"
 #include "host/platform/HostLaunchAction.h"
 #include "platform/MP_CommonPlayer.h"
 #include "platform/TraceLog.h"
@@ -98,6 +99,9 @@ int main(int argc, char** argv)
     if (options.hasAction)
         HostLaunchAction::set(options.action);
     HostEngine::setConsoleOutput(!options.quiet);
+    // A person at a display answers dialogs; a script or a headless run gets
+    // the queued answers or the safe defaults.
+    HostDialogs::setInteractive(!headless && options.script.isEmpty());
 
     int exitCode = 0;
     {

@@ -1,0 +1,22 @@
+#pragma once
+// Where the host's modal dialogs take their answers from, in this order: an
+// answer queued by a test or a script ("dialog answer N"); a real window when
+// the application runs interactively with a display; otherwise a safe
+// default — a notice closes with 1, a question answers No (0), so that
+// nothing is deleted or cancelled unasked. Every dialog is journaled.
+
+#include <QString>
+
+class HostDialogs {
+public:
+    /** The next dialog answers @p answer (answers queue up in order). */
+    static void queueAnswer(int answer);
+    /** Forgets queued answers. */
+    static void clearAnswers();
+    /** Show real windows for dialogs without a queued answer. */
+    static void setInteractive(bool interactive);
+
+    enum class Kind { Notice, Question };
+    /** Runs one dialog: finds its answer and journals it. */
+    static int run(Kind kind, const QString& className, int type, const QString& title, const QString& text);
+};
