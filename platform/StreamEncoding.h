@@ -5,6 +5,7 @@
 // 32-bit length and the bytes; Q_INT8 as one byte.
 
 #include <QDataStream>
+#include <QIODevice>
 
 /** Prepares @p stream to read or write payload bytes exactly as the phone does. */
 inline void MP_SetPayloadFormat(QDataStream& stream)

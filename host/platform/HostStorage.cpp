@@ -3,7 +3,10 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <cstdlib>
+
 #include "host/platform/HostDataDir.h"
+#include "platform/SETUP_SET_Manager.h"
 
 QString HostStorage::memoryCardPath()
 {
@@ -22,4 +25,19 @@ int HostStorage::storageOf(const QString& path)
             return kMemoryCard;
     }
     return kPhoneMemory;
+}
+
+int HostStorage::storageCount()
+{
+    const QByteArray text = getProfileItem(QStringLiteral("MF_FlexNumber"), QStringLiteral("StorageNumber")).toLatin1();
+    return std::atoi(text.constData());
+}
+
+std::optional<int> HostStorage::selectedStorage(int location, int storageCount)
+{
+    // The number of storages (or anything above it) selects them all, as
+    // does a negative location.
+    if (location >= 0 && location < storageCount)
+        return location;
+    return std::nullopt;
 }

@@ -89,6 +89,11 @@ std::unique_ptr<SqliteTransaction> MediaDatabase::beginTransaction()
     return std::make_unique<SqliteTransaction>(m_db);
 }
 
+bool MediaDatabase::isInTransaction() const
+{
+    return sqlite3_get_autocommit(m_db) == 0;
+}
+
 SqliteStatement& MediaDatabase::statement(const char* sql)
 {
     std::unique_ptr<SqliteStatement>& slot = m_statements[sql];
@@ -214,6 +219,22 @@ int MediaDatabase::mediaCount()
     return count;
 }
 
+QStringList MediaDatabase::pathsOf(const std::vector<quint32>& ids)
+{
+    SqliteTransaction snapshot(m_db, SqliteTransaction::Kind::Read);
+    SqliteStatement& query = statement("SELECT path FROM media WHERE id = ?1");
+    QStringList paths;
+    paths.reserve(qsizetype(ids.size()));
+    for (const quint32 id : ids) {
+        query.bind(1, qint64(id));
+        if (query.step() == SqliteStatement::Step::Row)
+            paths.append(query.text(0));
+        query.reset();
+    }
+    snapshot.commit();
+    return paths;
+}
+
 // ---------------------------------------------------------------------------
 // Groups
 
@@ -314,12 +335,8 @@ bool MediaDatabase::setGroupMembers(quint32 groupId, const QList<quint32>& media
 
 void MediaDatabase::validateCache()
 {
-    // data_version moves when another connection (the scanner, another
-    // process) commits; total_changes when this one writes.
-    SqliteStatement& query = statement("PRAGMA data_version");
-    const qint64 othersVersion = query.step() == SqliteStatement::Step::Row ? query.int64(0) : -1;
-    query.reset();
-    m_cache.validate(othersVersion, sqlite3_total_changes64(m_db));
+    const MediaCommitStamp stamp = commitStamp();
+    m_cache.validate(stamp.othersVersion, stamp.ownChanges);
 }
 
 std::shared_ptr<const MediaOrderedResult> MediaDatabase::orderedResult(const MediaSearchPlan& plan)
@@ -403,4 +420,103 @@ std::optional<MediaSearchResult> MediaDatabase::search(const MediaSearchPlan& pl
         return std::nullopt;
     snapshot.commit();
     return result;
+}
+
+// ---------------------------------------------------------------------------
+// Changes
+
+MediaCommitStamp MediaDatabase::commitStamp()
+{
+    // data_version moves when another connection (the scanner, another
+    // process) commits; total_changes when this one writes.
+    SqliteStatement& query = statement("PRAGMA data_version");
+    const qint64 othersVersion = query.step() == SqliteStatement::Step::Row ? query.int64(0) : -1;
+    query.reset();
+    return MediaCommitStamp{othersVersion, sqlite3_total_changes64(m_db)};
+}
+
+std::optional<qint64> MediaDatabase::latestChange()
+{
+    SqliteStatement& query = statement("SELECT max(seq) FROM change_log");
+    std::optional<qint64> latest;
+    if (query.step() == SqliteStatement::Step::Row)
+        latest = query.int64(0);
+    query.reset();
+    return latest;
+}
+
+std::optional<MediaChanges> MediaDatabase::changesSince(qint64 sequence)
+{
+    // Subject 0 is the media table, any other a group; a group row whose
+    // group is gone tells of its deletion.
+    SqliteStatement& query = statement(
+        "SELECT c.subject, c.seq, EXISTS (SELECT 1 FROM groups g WHERE g.id = c.subject) "
+        "FROM change_log c WHERE c.seq > ?1 ORDER BY c.seq");
+    query.bind(1, sequence);
+    MediaChanges changes;
+    changes.lastSequence = sequence;
+    SqliteStatement::Step step = query.step();
+    for (; step == SqliteStatement::Step::Row; step = query.step()) {
+        const qint64 subject = query.int64(0);
+        changes.lastSequence = query.int64(1);
+        if (subject == 0)
+            changes.isMediaChanged = true;
+        else
+            changes.groups.append(MediaGroupChange{quint32(subject), query.int64(2) == 0});
+    }
+    query.reset();
+    if (step != SqliteStatement::Step::Done)
+        return std::nullopt;
+    return changes;
+}
+
+// ---------------------------------------------------------------------------
+// The last-played list
+
+std::optional<MediaLastPlayedList> MediaDatabase::lastPlayedList()
+{
+    SqliteStatement& query = statement(
+        "SELECT list_type, artist, album, composer, genre, group_id, storage, first_index "
+        "FROM last_played_list WHERE slot = 1");
+    std::optional<MediaLastPlayedList> found;
+    if (query.step() == SqliteStatement::Step::Row) {
+        const auto textOrNothing = [&query](int column) {
+            return query.isNull(column) ? std::nullopt : std::optional<QString>(query.text(column));
+        };
+        MediaLastPlayedList list;
+        list.listType = int(query.int64(0));
+        list.artist = textOrNothing(1);
+        list.album = textOrNothing(2);
+        list.composer = textOrNothing(3);
+        list.genre = textOrNothing(4);
+        list.groupId = quint32(query.int64(5));
+        list.storage = int(query.int64(6));
+        list.firstIndex = int(query.int64(7));
+        found = list;
+    }
+    query.reset();
+    return found;
+}
+
+bool MediaDatabase::setLastPlayedList(const MediaLastPlayedList& list)
+{
+    SqliteStatement& replace = statement(
+        "INSERT OR REPLACE INTO last_played_list "
+        "(slot, list_type, artist, album, composer, genre, group_id, storage, first_index) "
+        "VALUES (1, ?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8)");
+    const auto bindText = [&replace](int index, const std::optional<QString>& text) {
+        if (text)
+            replace.bind(index, *text);
+        else
+            replace.bindNull(index);
+    };
+    replace.bind(1, qint64(list.listType));
+    bindText(2, list.artist);
+    bindText(3, list.album);
+    bindText(4, list.composer);
+    bindText(5, list.genre);
+    replace.bind(6, qint64(list.groupId));
+    replace.bind(7, qint64(list.storage));
+    replace.bind(8, qint64(list.firstIndex));
+    return replace.run();
 }

@@ -6,13 +6,17 @@
 
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 #include <map>
 #include <memory>
 #include <optional>
 #include <unordered_map>
+#include <vector>
 
+#include "host/platform/MediaChanges.h"
 #include "host/platform/MediaGroup.h"
+#include "host/platform/MediaLastPlayedList.h"
 #include "host/platform/MediaRecord.h"
 #include "host/platform/MediaResultCache.h"
 #include "host/platform/MediaSearchResult.h"
@@ -44,6 +48,8 @@ public:
     QString fileName() const { return m_fileName; }
     /** A transaction over this connection; changes roll back unless it is committed. */
     std::unique_ptr<SqliteTransaction> beginTransaction();
+    /** Whether this connection holds a transaction (its changes are not committed yet). */
+    bool isInTransaction() const;
 
     // Media objects
     /** Stores a new object (its id is ignored); returns the new id, 0 on failure
@@ -58,6 +64,8 @@ public:
     /** The stored objects whose path lies inside @p folder, with their file stamps. */
     QList<MediaFileStamp> mediaUnder(const QString& folder);
     int mediaCount();
+    /** The paths of the objects @p ids, in that order; ids not stored are left out. */
+    QStringList pathsOf(const std::vector<quint32>& ids);
 
     // Groups
     /** Creates a group; returns its id (never 2 or 3, the history groups), 0 on failure. */
@@ -78,6 +86,22 @@ public:
     std::optional<MediaSearchResult> search(const MediaSearchPlan& plan);
     /** The whole ordered result of @p plan (kept for repeated windows); null on failure. */
     std::shared_ptr<const MediaOrderedResult> orderedResult(const MediaSearchPlan& plan);
+
+    // Changes (written by triggers, whoever the writer is)
+    /** Where the database stands now; compare with an earlier stamp to learn cheaply
+     *  whether anything was committed since. */
+    MediaCommitStamp commitStamp();
+    /** The number of the newest change; nothing when the database failed. */
+    std::optional<qint64> latestChange();
+    /** The media and groups changed after change number @p sequence (all of them in one
+     *  snapshot); nothing when the database failed. */
+    std::optional<MediaChanges> changesSince(qint64 sequence);
+
+    // The last-played list
+    /** The stored last-played list; nothing when none is stored or the database failed. */
+    std::optional<MediaLastPlayedList> lastPlayedList();
+    /** Stores @p list in place of any earlier one. */
+    bool setLastPlayedList(const MediaLastPlayedList& list);
 
 private:
     MediaDatabase(sqlite3* db, const QString& fileName);

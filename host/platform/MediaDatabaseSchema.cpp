@@ -76,6 +76,66 @@ const char* const kSteps[] = {
         list_position INTEGER NOT NULL
     );
     )sql",
+
+    // 2: the change log behind the change indications. Triggers write it, so
+    // every writer is seen, whatever program it is (the application, mp-scan,
+    // the sqlite3 shell). It holds one row per subject with the sequence
+    // number of the subject's latest change: a reader announces the subjects
+    // that moved past the last number it saw, a scan of thousands of files is
+    // one row, and the table stays as small as the number of groups.
+    // No statement here can meet a constraint conflict: a trigger statement
+    // takes the conflict policy of the statement that fired it, so an
+    // "INSERT OR ROLLBACK" in the shell must not turn into a failure here.
+    R"sql(
+    CREATE TABLE change_log (
+        subject INTEGER PRIMARY KEY,              -- 0 the media objects, else the id of a group
+        seq INTEGER NOT NULL                      -- the number of the subject's latest change
+    );
+    CREATE INDEX change_log_by_seq ON change_log(seq);
+    INSERT INTO change_log (subject, seq) VALUES (0, 0);
+
+    CREATE TRIGGER media_inserted AFTER INSERT ON media BEGIN
+        UPDATE change_log SET seq = (SELECT max(seq) FROM change_log) + 1 WHERE subject = 0;
+    END;
+    CREATE TRIGGER media_updated AFTER UPDATE ON media BEGIN
+        UPDATE change_log SET seq = (SELECT max(seq) FROM change_log) + 1 WHERE subject = 0;
+    END;
+    CREATE TRIGGER media_deleted AFTER DELETE ON media BEGIN
+        UPDATE change_log SET seq = (SELECT max(seq) FROM change_log) + 1 WHERE subject = 0;
+    END;
+
+    CREATE TRIGGER group_member_inserted AFTER INSERT ON group_members BEGIN
+        INSERT INTO change_log (subject, seq) SELECT NEW.group_id, 0
+            WHERE NOT EXISTS (SELECT 1 FROM change_log WHERE subject = NEW.group_id);
+        UPDATE change_log SET seq = (SELECT max(seq) FROM change_log) + 1 WHERE subject = NEW.group_id;
+    END;
+    CREATE TRIGGER group_member_updated AFTER UPDATE ON group_members BEGIN
+        INSERT INTO change_log (subject, seq) SELECT NEW.group_id, 0
+            WHERE NOT EXISTS (SELECT 1 FROM change_log WHERE subject = NEW.group_id);
+        INSERT INTO change_log (subject, seq) SELECT OLD.group_id, 0
+            WHERE NOT EXISTS (SELECT 1 FROM change_log WHERE subject = OLD.group_id);
+        UPDATE change_log SET seq = (SELECT max(seq) FROM change_log) + 1
+            WHERE subject IN (OLD.group_id, NEW.group_id);
+    END;
+    CREATE TRIGGER group_member_deleted AFTER DELETE ON group_members BEGIN
+        INSERT INTO change_log (subject, seq) SELECT OLD.group_id, 0
+            WHERE NOT EXISTS (SELECT 1 FROM change_log WHERE subject = OLD.group_id);
+        UPDATE change_log SET seq = (SELECT max(seq) FROM change_log) + 1 WHERE subject = OLD.group_id;
+    END;
+    -- A deleted group keeps its row so that readers can announce the deletion.
+    -- Only the newest 256 such rows stay: a reader looks several times a
+    -- second, so only a bulk deletion of more groups than that (in the shell)
+    -- can take an announcement away before it was read.
+    CREATE TRIGGER group_deleted AFTER DELETE ON groups BEGIN
+        INSERT INTO change_log (subject, seq) SELECT OLD.id, 0
+            WHERE NOT EXISTS (SELECT 1 FROM change_log WHERE subject = OLD.id);
+        UPDATE change_log SET seq = (SELECT max(seq) FROM change_log) + 1 WHERE subject = OLD.id;
+        DELETE FROM change_log WHERE subject IN (
+            SELECT c.subject FROM change_log c
+            WHERE c.subject <> 0 AND NOT EXISTS (SELECT 1 FROM groups g WHERE g.id = c.subject)
+            ORDER BY c.seq DESC LIMIT -1 OFFSET 256);
+    END;
+    )sql",
 };
 
 bool runStep(sqlite3* db, int version)

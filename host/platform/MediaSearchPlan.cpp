@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "host/platform/HostStorage.h"
 #include "host/platform/SqliteStatement.h"
 
 namespace {
@@ -238,10 +239,8 @@ bool MediaSearchPlan::readCandidates(const MetadataSearchMediaRequest& request, 
 
 void MediaSearchPlan::readStorage(const MetadataSearchMediaRequest& request, int storageCount)
 {
-    // A location the phone has selects that storage alone; the number of
-    // storages (or anything above it) selects them all, as does a negative one.
-    if (request.storageLocation >= 0 && request.storageLocation < storageCount)
-        addCondition("m.storage = ?", {qint64(request.storageLocation)});
+    if (const std::optional<int> storage = HostStorage::selectedStorage(request.storageLocation, storageCount))
+        addCondition("m.storage = ?", {qint64(*storage)});
 }
 
 bool MediaSearchPlan::isGroupList() const

@@ -1,12 +1,16 @@
 #include "host/platform/MetadataClients.h"
 
 #include "host/platform/MediaDatabase.h"
+#include "host/platform/MetadataConnection.h"
 
 MetadataClients& MetadataClients::instance()
 {
     static MetadataClients clients;
     return clients;
 }
+
+MetadataClients::MetadataClients() = default;
+MetadataClients::~MetadataClients() = default;
 
 const QString& MetadataClients::databaseFile()
 {
@@ -25,23 +29,39 @@ unsigned int MetadataClients::open()
     if (!database)
         return 0;
     const unsigned int handle = ++m_lastHandle;
-    m_connections[handle] = std::move(database);
+    m_connections[handle] = std::make_unique<MetadataConnection>(handle, std::move(database));
     return handle;
 }
 
 bool MetadataClients::close(unsigned int handle)
 {
-    return m_connections.erase(handle) == 1;
+    const auto found = m_connections.find(handle);
+    if (found == m_connections.end())
+        return false;
+    // Out of the map before it goes: its destructor may reach back here.
+    const std::unique_ptr<MetadataConnection> closing = std::move(found->second);
+    m_connections.erase(found);
+    return true;
+}
+
+MetadataConnection* MetadataClients::connection(unsigned int handle)
+{
+    const auto found = m_connections.find(handle);
+    if (found == m_connections.end() || !found->second->databaseOn(databaseFile()))
+        return nullptr;
+    return found->second.get();
 }
 
 MediaDatabase* MetadataClients::database(unsigned int handle)
 {
     const auto found = m_connections.find(handle);
-    if (found == m_connections.end())
-        return nullptr;
-    std::unique_ptr<MediaDatabase>& database = found->second;
+    return found == m_connections.end() ? nullptr : found->second->databaseOn(databaseFile());
+}
+
+MediaDatabase* MetadataClients::ownDatabase()
+{
     const QString& file = databaseFile();
-    if (!database || database->fileName() != file)
-        database = MediaDatabase::open(file);
-    return database.get();
+    if (!m_ownDatabase || m_ownDatabase->fileName() != file)
+        m_ownDatabase = MediaDatabase::open(file);
+    return m_ownDatabase.get();
 }

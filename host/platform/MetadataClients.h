@@ -1,7 +1,7 @@
 #pragma once
 // The client connections behind the metadata handles. A handle is a small
-// non-zero number naming one MediaDatabase connection to the database file of
-// the data folder; when the data folder changes (a test's fresh folder), the
+// non-zero number naming one MetadataConnection to the database file of the
+// data folder; when the data folder changes (a test's fresh folder), the
 // connection follows it on its next use.
 
 #include <QByteArray>
@@ -11,6 +11,7 @@
 #include <memory>
 
 class MediaDatabase;
+class MetadataConnection;
 
 class MetadataClients {
 public:
@@ -20,17 +21,25 @@ public:
     unsigned int open();
     /** Closes a connection; false for an unknown handle. */
     bool close(unsigned int handle);
-    /** The connection of @p handle on the current data folder's database; null for an
-     *  unknown handle or when that database cannot be opened. */
+    /** The connection of @p handle, its database open on the current data folder's file;
+     *  null for an unknown handle or when that database cannot be opened. */
+    MetadataConnection* connection(unsigned int handle);
+    /** The database of connection(@p handle), or null. */
     MediaDatabase* database(unsigned int handle);
+    /** A connection of the metadata library's own on the current data folder's database,
+     *  for the functions that take no handle (the last-played list); null when it cannot
+     *  be opened. */
+    MediaDatabase* ownDatabase();
 
 private:
-    MetadataClients() = default;
+    MetadataClients();
+    ~MetadataClients();
     /** The data folder's database file, worked out again only when the environment
      *  that names the data folder changed (a search must not cost file-system calls). */
     const QString& databaseFile();
 
-    std::map<unsigned int, std::unique_ptr<MediaDatabase>> m_connections;
+    std::map<unsigned int, std::unique_ptr<MetadataConnection>> m_connections;
+    std::unique_ptr<MediaDatabase> m_ownDatabase;
     unsigned int m_lastHandle = 0;
     QByteArray m_dataDirEnvironment;
     QString m_databaseFile;

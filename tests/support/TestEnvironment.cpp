@@ -5,6 +5,7 @@
 #include <QThread>
 
 #include "host/engine/HostEngineClock.h"
+#include "host/platform/HostDialogs.h"
 #include "host/platform/HostJournal.h"
 #include "host/platform/HostLaunchAction.h"
 #include "host/platform/HostPhone.h"
@@ -16,6 +17,7 @@ void TestEnvironment::SetUp()
     qunsetenv("MP_JOURNAL");
     HostPhone::reset();
     HostLaunchAction::clear();
+    HostDialogs::clearAnswers();
     HostEngineClock::setManual(true);
     HostJournal::startCapture();
 }

@@ -1,0 +1,29 @@
+#pragma once
+// What changed in the media database since a reader last looked, as the
+// change log (schema version 2) tells it, and the stamp that tells cheaply
+// whether anything was committed at all.
+
+#include <QList>
+
+struct MediaGroupChange {
+    quint32 groupId = 0;
+    bool isDeleted = false;         ///< the group no longer exists
+};
+
+struct MediaChanges {
+    qint64 lastSequence = 0;        ///< the number of the newest change read
+    bool isMediaChanged = false;    ///< media objects were added, changed or removed
+    QList<MediaGroupChange> groups; ///< each changed group once, in the order of their latest change
+};
+
+/** Equal stamps of one connection mean that nothing was committed in between. */
+struct MediaCommitStamp {
+    qint64 othersVersion = -1;      ///< moves when another connection commits (PRAGMA data_version)
+    qint64 ownChanges = -1;         ///< moves when this connection writes
+
+    bool operator==(const MediaCommitStamp& other) const
+    {
+        return othersVersion == other.othersVersion && ownChanges == other.ownChanges;
+    }
+    bool operator!=(const MediaCommitStamp& other) const { return !(*this == other); }
+};

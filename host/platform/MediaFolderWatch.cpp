@@ -1,0 +1,80 @@
+#include "host/platform/MediaFolderWatch.h"
+
+#include <QFileInfo>
+#include <QSet>
+
+#include <memory>
+
+#include "host/platform/MediaDatabase.h"
+#include "host/platform/MediaScanner.h"
+#include "host/platform/MetadataJournal.h"
+#include "host/platform/MetadataLog.h"
+#include "host/platform/SqliteTransaction.h"
+
+MediaFolderWatch::MediaFolderWatch(DatabaseSource database, QObject* parent)
+    : QObject(parent), m_database(std::move(database))
+{
+    connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, &MediaFolderWatch::removeDeletedFiles);
+}
+
+void MediaFolderWatch::watchFoldersOf(const QStringList& files)
+{
+    QSet<QString> wanted;
+    for (const QString& file : files) {
+        wanted.insert(QFileInfo(file).path());
+        // A list over this many folders is most of a library: watching them
+        // all would spend more of the system's inotify watches than the host
+        // can spare, so such a list is not watched at all, and deletions
+        // there wait for the next scan.
+        if (wanted.size() > kMaxFolders) {
+            qCDebug(lcMetadata) << "more than" << kMaxFolders << "folders in the list: not watched";
+            wanted.clear();
+            break;
+        }
+    }
+    const QStringList watched = m_watcher.directories();
+    QStringList dropped;
+    for (const QString& folder : watched) {
+        if (!wanted.remove(folder))
+            dropped.append(folder);
+    }
+    if (!dropped.isEmpty())
+        m_watcher.removePaths(dropped);
+    QStringList added;
+    for (const QString& folder : std::as_const(wanted)) {
+        // A folder that is not there (a file of another machine) cannot be watched.
+        if (QFileInfo(folder).isDir())
+            added.append(folder);
+    }
+    if (!added.isEmpty())
+        m_watcher.addPaths(added);
+}
+
+QStringList MediaFolderWatch::folders() const
+{
+    QStringList folders = m_watcher.directories();
+    folders.sort();
+    return folders;
+}
+
+void MediaFolderWatch::removeDeletedFiles(const QString& folder)
+{
+    MediaDatabase* database = m_database();
+    if (!database)
+        return;
+    const std::unique_ptr<SqliteTransaction> transaction = database->beginTransaction();
+    if (!transaction->isActive())
+        return;
+    MediaScanner scanner(*database);
+    QStringList deleted;
+    for (const MediaFileStamp& stamp : database->mediaUnder(folder)) {
+        // Only the folder's own files: a subfolder's belong to the watch of
+        // that folder, when the list has files there.
+        if (QFileInfo(stamp.path).path() == folder && !QFileInfo::exists(stamp.path) && scanner.removeFile(stamp.path))
+            deleted.append(stamp.path);
+    }
+    if (!transaction->commit())
+        return;
+    for (const QString& path : std::as_const(deleted))
+        MetadataJournal::fileDeleted(path);
+}
