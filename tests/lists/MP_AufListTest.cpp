@@ -1,0 +1,379 @@
+#include "lists/MP_AufList.h"
+
+#include <QDataStream>
+#include <QSet>
+#include <QSignalSpy>
+
+#include <memory>
+
+#include "host/platform/MediaDatabase.h"
+#include "lists/MP_AufContext.h"
+#include "platform/QCopChannel.h"
+#include "platform/StreamEncoding.h"
+#include "tests/support/TestEnvironment.h"
+
+namespace {
+
+class MP_AufListTest : public TestEnvironment {
+protected:
+    void SetUp() override
+    {
+        TestEnvironment::SetUp();
+        database = MediaDatabase::open(MediaDatabase::defaultFile());
+        ASSERT_TRUE(database);
+        setModes(0, false);
+    }
+
+    static void setModes(int shuffle, bool repeat)
+    {
+        MP_AufContext::shuffle = MP_AufContext::shuffleSetting = shuffle;
+        MP_AufContext::isRepeat = repeat;
+    }
+
+    // Songs "Song 00".."Song NN" by one artist; their title order is their number.
+    void addSongs(int count, const QString& album = QStringLiteral("Album"))
+    {
+        for (int i = 0; i < count; ++i)
+            addSong(QStringLiteral("Song %1").arg(i, 2, 10, QLatin1Char('0')), album, i + 1);
+    }
+
+    quint32 addSong(const QString& title, const QString& album, int track, MediaKind kind = MediaKind::Audio)
+    {
+        MediaRecord record;
+        record.path = QStringLiteral("/music/%1/%2.mp3").arg(album, title);
+        record.kind = kind;
+        record.title = title;
+        record.artist = QStringLiteral("Band");
+        record.album = album;
+        record.track = track;
+        return database->addMedia(record);
+    }
+
+    static QString titleOf(const QString& path) { return QFileInfo(path).completeBaseName(); }
+
+    std::unique_ptr<MediaDatabase> database;
+};
+
+TEST_F(MP_AufListTest, Navigation_RepeatWrapsBothWaysAndOtherwiseStopsAtTheEnds)
+{
+    addSongs(5);
+    setModes(0, true);
+    MP_AufList repeating;
+    ASSERT_EQ(repeating.count(), 5u);
+    EXPECT_EQ(titleOf(repeating.getCurrent()), "Song 00");
+    repeating.moveTo(5);
+    EXPECT_EQ(repeating.getCurrentIndex(), 0);
+    repeating.moveTo(-1);
+    EXPECT_EQ(repeating.getCurrentIndex(), 4);
+    EXPECT_EQ(titleOf(repeating.getCurrent()), "Song 04");
+    repeating.skipSteps(1);
+    EXPECT_EQ(repeating.getCurrentIndex(), 0);
+    EXPECT_TRUE(repeating.hasPrevious());
+    EXPECT_EQ(titleOf(repeating.getItem(-1)), "Song 04") << "a position is wrapped before the look-up";
+
+    setModes(0, false);
+    MP_AufList plain;
+    plain.moveTo(3);
+    plain.skipSteps(3);
+    EXPECT_EQ(plain.getCurrentIndex(), 4);
+    EXPECT_FALSE(plain.hasNext());
+    plain.skipSteps(-9);
+    EXPECT_EQ(plain.getCurrentIndex(), 0);
+    EXPECT_FALSE(plain.hasPrevious());
+    EXPECT_TRUE(plain.getItem(-1).isNull());
+    EXPECT_TRUE(plain.getItem(5).isNull());
+}
+
+TEST_F(MP_AufListTest, EmptyList_HasNoStepsEvenWithRepeat)
+{
+    setModes(1, true);
+    MP_AufList list;
+    EXPECT_EQ(list.count(), 0u);
+    EXPECT_FALSE(list.hasNext());
+    EXPECT_FALSE(list.hasPrevious());
+    list.skipSteps(1);
+    list.moveTo(-3);
+    EXPECT_EQ(list.getCurrentIndex(), 0);
+    EXPECT_TRUE(list.getCurrent().isNull());
+    EXPECT_TRUE(list.getItem(0).isNull());
+}
+
+TEST_F(MP_AufListTest, Cache_HoldsAWindowOfTenAndRefetchesOnlyOutsideIt)
+{
+    addSongs(30);
+    MP_AufList list;
+    EXPECT_EQ(list.cacheTop(), 0);
+    EXPECT_EQ(list.cacheBottom(), 10);
+
+    EXPECT_EQ(titleOf(list.getItem(10)), "Song 10");
+    EXPECT_EQ(list.cacheTop(), 10);
+    EXPECT_EQ(titleOf(list.getItem(12)), "Song 12");
+    EXPECT_EQ(list.cacheTop(), 10) << "inside the window: no search";
+    EXPECT_EQ(titleOf(list.getItem(20)), "Song 20");
+    EXPECT_EQ(list.cacheTop(), 20);
+    EXPECT_EQ(list.cacheBottom(), 30);
+    EXPECT_EQ(titleOf(list.getItem(9)), "Song 09");
+    EXPECT_EQ(list.cacheTop(), 9);
+    EXPECT_EQ(list.cacheBottom(), 19);
+
+    list.updateShuffle(MP_AufList::ShuffleSongs);
+    list.getItem(17);
+    EXPECT_EQ(list.cacheBottom() - list.cacheTop(), 1) << "shuffled play fetches one entry at a time";
+}
+
+TEST_F(MP_AufListTest, ShuffleSongs_PinsThePlayingSongAndDrawsANewOrderAtTheEnds)
+{
+    addSongs(10);
+    setModes(0, true);
+    MP_AufList list;
+    list.moveTo(7);
+    list.updateShuffle(MP_AufList::ShuffleSongs);
+    EXPECT_EQ(list.getCurrentIndex(), 0);
+    EXPECT_EQ(titleOf(list.getCurrent()), "Song 07");
+    EXPECT_EQ(list.getPositionOfCurrentSong(), 7);
+    EXPECT_EQ(MP_AufContext::shuffle, 1);
+    EXPECT_EQ(MP_AufContext::shuffleSetting, 1);
+    QSet<QString> played;
+    for (int position = 0; position < 10; ++position)
+        played.insert(list.getItem(position));
+    EXPECT_EQ(played.size(), 10) << "every song once";
+
+    list.skipSteps(-1);  // before play position 0: a new order, from its end
+    EXPECT_EQ(list.getCurrentIndex(), 9);
+    EXPECT_FALSE(list.getCurrent().isNull());
+    list.skipSteps(1);   // past the end: a new order, from its start
+    EXPECT_EQ(list.getCurrentIndex(), 0);
+    EXPECT_FALSE(list.getCurrent().isNull());
+
+    list.updateShuffle(MP_AufList::ShuffleOff);
+    EXPECT_EQ(list.getCurrent(), list.getItem(list.getCurrentIndex())) << "back in list order on the same song";
+}
+
+TEST_F(MP_AufListTest, ReservedData_DescribesHowTheListWasSelected)
+{
+    EXPECT_EQ(MP_AufList().getReservedData()->toHex(), "00000000" "ffffffff" "ffffffff" "ffffffff" "ffffffff");
+    MP_AufList artist(QStringLiteral("Ab"), QString(), QString(), QStringLiteral(""), 2, 0, QString());
+    EXPECT_EQ(artist.getReservedData()->toHex(), "00000000" "0000000400410062" "ffffffff" "ffffffff" "00000000");
+    MP_AufList group(7, METADATA_GROUP_USER, 2, 0, QString());
+    EXPECT_EQ(group.getReservedData()->toHex(), "00000001" "00000007");
+    MP_AufList videos(QStringLiteral("All"), QString(), -1, 0);
+    EXPECT_EQ(videos.getReservedData()->toHex(), "00000002" "00000000");
+    EXPECT_TRUE(videos.isVideoList());
+    EXPECT_TRUE(MP_AufList(2, METADATA_GROUP_PLAY_HISTORY, 2, 0, QString()).isHistoryList());
+}
+
+TEST_F(MP_AufListTest, SetupMessages_ChangeTheModesOfTheirKindOfList)
+{
+    addSongs(3);
+    addSong(QStringLiteral("Clip"), QStringLiteral("Videos"), 1, MediaKind::Video);
+    MP_AufList music;
+    MP_AufList videos(QStringLiteral("All"), QString(), -1, 0);
+    QSignalSpy musicSpy(&music, SIGNAL(signalListUpdate(int, bool)));
+    QSignalSpy videoSpy(&videos, SIGNAL(signalListUpdate(int, bool)));
+    auto send = [](const char* message, int value) {
+        QByteArray data;
+        QDataStream stream(&data, QIODevice::WriteOnly);
+        MP_SetPayloadFormat(stream);
+        stream << qint32(value);
+        QCopChannel::send("MEDIAPLAYER_MESSAGE_CHANNEL", message, data);
+        processEvents();
+    };
+
+    send("MP_MSG_SETUP_CHANGE_SHUFFLE_MUSIC", 1);
+    EXPECT_EQ(music.shuffleMode(), 1);
+    EXPECT_EQ(videos.shuffleMode(), 0) << "a video list ignores the music settings";
+    ASSERT_EQ(musicSpy.count(), 1);
+    EXPECT_EQ(musicSpy.last(), (QList<QVariant>{1, false}));
+    EXPECT_EQ(videoSpy.last(), (QList<QVariant>{0, false})) << "but still reports its modes";
+
+    send("MP_MSG_SETUP_CHANGE_REPEAT_VIDEO", 1);
+    EXPECT_TRUE(videos.isRepeat());
+    EXPECT_FALSE(music.isRepeat());
+
+    send("MP_MSG_SOMETHING_ELSE", 2);
+    EXPECT_EQ(musicSpy.last(), (QList<QVariant>{1, false}));
+    EXPECT_EQ(videoSpy.last(), (QList<QVariant>{0, true}));
+}
+
+} // namespace
+
+namespace {
+
+// Five albums of different sizes; "Bravo 2" is the second song of Bravo, and
+// the whole list's title order is album by album.
+class MP_AufListAlbumTest : public MP_AufListTest {
+protected:
+    void SetUp() override
+    {
+        MP_AufListTest::SetUp();
+        const QList<QPair<QString, int>> albums{{"Alpha", 3}, {"Bravo", 4}, {"Charlie", 2}, {"Delta", 5}, {"Echo", 1}};
+        for (const auto& album : albums) {
+            for (int track = 1; track <= album.second; ++track)
+                addSong(QStringLiteral("%1 %2").arg(album.first).arg(track), album.first, track);
+        }
+    }
+
+    // Plays forward from the current song to the end of the list.
+    static QStringList walkForward(MP_AufList& list)
+    {
+        QStringList played{titleOf(list.getCurrent())};
+        while (list.hasNext() && played.size() < 100) {
+            list.skipSteps(1);
+            played.append(titleOf(list.getCurrent()));
+        }
+        return played;
+    }
+
+    static QStringList walkBack(MP_AufList& list)
+    {
+        QStringList played{titleOf(list.getCurrent())};
+        while (list.hasPrevious() && played.size() < 100) {
+            list.skipSteps(-1);
+            played.append(titleOf(list.getCurrent()));
+        }
+        return played;
+    }
+
+    // The albums in the order they were played, checking each is played whole and in order.
+    static QStringList albumRuns(const QStringList& played)
+    {
+        QStringList albums;
+        int expectedTrack = 1;
+        for (const QString& title : played) {
+            const QString album = title.section(' ', 0, 0);
+            if (albums.isEmpty() || albums.last() != album) {
+                albums.append(album);
+                expectedTrack = title.section(' ', 1).toInt();
+            }
+            EXPECT_EQ(title.section(' ', 1).toInt(), expectedTrack++) << qPrintable(title);
+        }
+        return albums;
+    }
+};
+
+TEST_F(MP_AufListAlbumTest, WithoutAFirstSong_PlaysEveryAlbumWholeOnceAndRetracesBack)
+{
+    setModes(MP_AufList::ShuffleAlbums, false);
+    MP_AufList list;
+    const QStringList forward = walkForward(list);
+    ASSERT_EQ(forward.size(), 15);
+    EXPECT_EQ(QSet<QString>(forward.begin(), forward.end()).size(), 15) << "every song exactly once";
+    const QStringList order = albumRuns(forward);
+    EXPECT_EQ(QSet<QString>(order.begin(), order.end()).size(), 5) << "each album in one piece";
+    EXPECT_EQ(forward.first().section(' ', 1).toInt(), 1);
+
+    QStringList back = walkBack(list);
+    std::reverse(back.begin(), back.end());
+    EXPECT_EQ(back, forward);
+}
+
+TEST_F(MP_AufListAlbumTest, FirstAlbumPlaysFirstFromTheFirstSongAndIsSkippedLater)
+{
+    setModes(MP_AufList::ShuffleAlbums, false);
+    // Whole-list position 10 is "Delta 2".
+    MP_AufList list(QString(), QString(), QString(), QString(), 2, 10, QStringLiteral("Delta"));
+    EXPECT_EQ(titleOf(list.getCurrent()), "Delta 2");
+    const QStringList forward = walkForward(list);
+    EXPECT_EQ(forward.mid(0, 4), (QStringList{"Delta 2", "Delta 3", "Delta 4", "Delta 5"}));
+    EXPECT_EQ(forward.size(), 14);
+    EXPECT_EQ(forward.filter("Delta").size(), 4) << "the first album does not come round again";
+    EXPECT_EQ(albumRuns(forward).size(), 5);
+}
+
+TEST_F(MP_AufListAlbumTest, WithRepeat_KeepsPlayingThroughNewAlbumOrders)
+{
+    setModes(MP_AufList::ShuffleAlbums, true);
+    MP_AufList list;
+    QStringList played;
+    for (int step = 0; step < 45; ++step) {
+        played.append(titleOf(list.getCurrent()));
+        ASSERT_FALSE(list.getCurrent().isNull()) << "step " << step;
+        list.skipSteps(1);
+    }
+    // Three cycles of fifteen, each a whole album order of every song.
+    for (int cycle = 0; cycle < 3; ++cycle) {
+        const QStringList songs = played.mid(cycle * 15, 15);
+        EXPECT_EQ(QSet<QString>(songs.begin(), songs.end()).size(), 15) << "cycle " << cycle;
+        EXPECT_EQ(albumRuns(songs).size(), 5) << "cycle " << cycle;
+    }
+}
+
+} // namespace
+
+namespace {
+
+// The database changes under a playing list, written through another
+// connection to the file, as the scanner or any other program would.
+class MP_AufListChangeTest : public MP_AufListTest, public ::testing::WithParamInterface<int> {
+protected:
+    void SetUp() override
+    {
+        MP_AufListTest::SetUp();
+        for (int i = 0; i < 6; ++i)
+            ids.append(addSong(QStringLiteral("Song %1").arg(i), QStringLiteral("Album %1").arg(i / 3), i % 3 + 1));
+        setModes(GetParam(), false);
+        list = std::make_unique<MP_AufList>();
+        list->moveTo(list->getCurrentIndex() + 2);
+        playing = list->getCurrent();
+        ASSERT_FALSE(playing.isNull());
+    }
+
+    quint32 idOf(const QString& path) const
+    {
+        const std::optional<MediaRecord> record = database->mediaByPath(path);
+        return record ? record->id : 0;
+    }
+
+    QList<quint32> ids;
+    std::unique_ptr<MP_AufList> list;
+    QString playing;
+};
+
+TEST_P(MP_AufListChangeTest, CurrentSongDeleted_MovesOnToAnotherSong)
+{
+    QSignalSpy changed(list.get(), SIGNAL(signalCurrentChanged()));
+    ASSERT_TRUE(database->removeMedia(idOf(playing)));
+    ASSERT_TRUE(waitUntil([&] { return changed.count() > 0; }, 3000));
+    EXPECT_EQ(list->count(), 5u);
+    EXPECT_FALSE(list->getCurrent().isNull());
+    EXPECT_NE(list->getCurrent(), playing);
+    if (GetParam() == MP_AufList::ShuffleOff) {
+        EXPECT_EQ(titleOf(list->getCurrent()), "Song 3") << "the next song in list order";
+    }
+}
+
+TEST_P(MP_AufListChangeTest, OtherSongsRemovedOrAdded_TheSameSongPlaysOn)
+{
+    QSignalSpy changed(list.get(), SIGNAL(signalCurrentChanged()));
+    QSignalSpy updated(list.get(), SIGNAL(signalListUpdate(int, bool)));
+    const int before = list->getCurrentIndex();
+    const QString other = QStringLiteral("/music/Album 0/Song %1.mp3").arg(titleOf(playing) == "Song 0" ? 1 : 0);
+    ASSERT_TRUE(database->removeMedia(idOf(other)));
+    ASSERT_TRUE(waitUntil([&] { return updated.count() > 0; }, 3000));
+    EXPECT_EQ(list->getCurrent(), playing);
+    EXPECT_EQ(list->count(), 5u);
+    if (GetParam() == MP_AufList::ShuffleOff) {
+        EXPECT_EQ(list->getCurrentIndex(), before - 1) << "Song 0 went from before Song 2";
+    }
+
+    addSong(QStringLiteral("Aardvark"), QStringLiteral("Album 0"), 9);  // first in title order
+    ASSERT_TRUE(waitUntil([&] { return updated.count() > 1; }, 3000));
+    EXPECT_EQ(list->getCurrent(), playing);
+    EXPECT_EQ(list->count(), 6u);
+    EXPECT_EQ(list->getItem(list->getCurrentIndex()), playing);
+    EXPECT_EQ(changed.count(), 0);
+}
+
+TEST_P(MP_AufListChangeTest, SelectionEmptied_ReportsAnEmptyList)
+{
+    QSignalSpy changed(list.get(), SIGNAL(signalCurrentChanged()));
+    for (quint32 id : ids)
+        database->removeMedia(id);
+    ASSERT_TRUE(waitUntil([&] { return changed.count() > 0 && list->count() == 0; }, 3000));
+    EXPECT_TRUE(list->getCurrent().isNull());
+}
+
+INSTANTIATE_TEST_SUITE_P(EachShuffleMode, MP_AufListChangeTest,
+                         ::testing::Values(MP_AufList::ShuffleOff, MP_AufList::ShuffleSongs, MP_AufList::ShuffleAlbums));
+
+} // namespace
