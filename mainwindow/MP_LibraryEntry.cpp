@@ -14,3 +14,8 @@ MP_EXPORT void MP_DeleteMainWindow(MP_MainWindow* window)
 {
     delete window;
 }
+
+MP_EXPORT void playCapturedVideo(MP_MainWindow* window)
+{
+    window->playCapturedVideo();
+}

@@ -7,6 +7,8 @@
 #include <cstring>
 
 #include "lists/MP_AufContext.h"
+#include "lists/MP_AufList.h"
+#include "lists/MP_RecentList.h"
 #include "platform/AM_Action.h"
 #include "platform/MP_CommonPlayer.h"
 #include "platform/PhoneServices.h"
@@ -17,14 +19,6 @@
 MP_DEFINE_TRACE(MainWindowTrace, "MP_MainWindow")
 
 namespace {
-
-// Request identifiers: built when the library is loaded, destroyed when it is unloaded.
-const QString kPlayVideoAction = QStringLiteral("PlayVideoInMediaplayer");
-const QString kPlayMusicListAction = QStringLiteral("PlayMusicListInMediaplayer");
-const QString kPlayUserListAction = QStringLiteral("PlayUserListInMediaplayer");
-const QString kPlayMediaAction = QStringLiteral("PlayMediaInMediaPlayer");
-const QString kBluetoothLauncher = QStringLiteral("BTAvrcpKeys");
-const QString kHomeScreenLauncher = QStringLiteral("HomeScreen");
 
 const char* const kSystemChannel = "VEMO/System";
 const QString kSettingsGroup = QStringLiteral("MediaControlItem");
@@ -66,6 +60,9 @@ MP_MainWindow::MP_MainWindow(const QString& passedFile, QWidget* parent, const c
         QCoreApplication::postEvent(this, new QEvent(QEvent::Type(StartupEventType)));
     else
         QTimer::singleShot(1, this, SLOT(onPassFile()));
+
+    connect(AM_ActionReceiver::instance(), SIGNAL(receiveAction(const AM_ActionData&)), this,
+            SLOT(onReceiveAction(const AM_ActionData&)));
     MainWindowTrace(3, "MP_MainWindow: created, passed file \"%s\"\n", qPrintable(m_passedFile));
 }
 
@@ -139,8 +136,36 @@ void MP_MainWindow::readSetting(bool isVideo, bool forceShuffle)
                     MP_AufContext::shuffleSetting, repeat);
 }
 
+void MP_MainWindow::setList(MP_AufList* list, bool userList, bool playFlag, bool playerFlag, bool startPlayback,
+                            MP_LAUNCH_TYPE launchType)
+{
+    MainWindowTrace(3, "setList: userList %d, playFlag %d, playerFlag %d, start %d, launch type %d\n", userList,
+                    playFlag, playerFlag, startPlayback, launchType);
+    m_launchType = launchType;
+    initCommonPlayer(playerFlag);
+    if (list == m_list)
+        return;
+    delete m_list;
+    m_list = list;
+    m_commonPlayer->setShuffleRepeat(MP_AufContext::shuffleSetting != 0, MP_AufContext::isRepeat);
+    if (m_list) {
+        connect(m_list, SIGNAL(signalCurrentChanged()), this, SLOT(onCurrentItemChanged()));
+        connect(m_list, SIGNAL(signalListUpdate(int, bool)), this, SLOT(onShuffleRepeat(int, bool)));
+    }
+    m_commonPlayer->setPlayList(m_list);
+    if (startPlayback)
+        playAutomatically(playFlag);
+}
+
 void MP_MainWindow::freeCurrentList()
 {
+    if (m_list) {
+        MP_RecentList::getRecentList(MP_CONTENT_SOUND)->saveToDB();
+        if (m_commonPlayer)
+            m_commonPlayer->setPlayList(nullptr);
+        delete m_list;
+        m_list = nullptr;
+    }
     clearLastPlayedRecord();
 }
 
@@ -155,6 +180,10 @@ void MP_MainWindow::clearLastPlayedRecord()
 
 void MP_MainWindow::onPassFile()
 {
+    if (m_list) {
+        delete m_list;
+        m_list = nullptr;
+    }
     setMediaFile(m_passedFile);
 }
 
@@ -184,4 +213,40 @@ void MP_MainWindow::slotContentTypeChanged(MP_CONTENT_TYPE type)
         m_jumpKeyPending = false;
         m_contentTypeUnknown = false;
     }
+}
+
+void MP_MainWindow::onCurrentItemChanged()
+{
+    if (m_list && m_list->count() != 0) {
+        if (m_commonPlayer)
+            m_commonPlayer->notifyCurrentChanged();
+    } else {
+        // Nothing left to play.
+        onQuitApp();
+    }
+}
+
+void MP_MainWindow::onShuffleRepeat(int shuffleMode, bool repeat)
+{
+    if (!m_commonPlayer)
+        return;
+    m_commonPlayer->setShuffleRepeat(shuffleMode != 0, repeat);
+}
+
+void MP_MainWindow::customEvent(QEvent* event)
+{
+    if (event->type() != QEvent::Type(StartupEventType))
+        return;
+    const AM_ActionParser parser;
+    if (parser.hasAction()) {
+        onReceiveAction(parser.action());
+        return;
+    }
+    // Opened with no action and no file: play the whole music library, as a
+    // launcher the player does not know gets. A player that opened onto
+    // nothing would leave the user with an empty screen and no way to choose.
+    // A list installed meanwhile by an action record is left alone.
+    MainWindowTrace(3, "customEvent: no launch action\n");
+    if (!m_list)
+        handleLauncherRequest(QString());
 }

@@ -12,6 +12,7 @@
 #include "platform/Metadata.h"
 #include "platform/Qt2Compat.h"
 
+class AM_ActionData;
 class MP_AufList;
 class MP_BluetoothClient;
 class MP_CLIClient;
@@ -53,6 +54,20 @@ public:
      *  then clears the last-played record. */
     void freeCurrentList();
 
+    // Launch requests (MP_MainWindowLaunch.cpp).
+    QString getArtistFromAction(const AM_ActionData& action) const;
+    QString getAlbumFromAction(const AM_ActionData& action) const;
+    QString getGenreFromAction(const AM_ActionData& action) const;
+    QString getComposerFromAction(const AM_ActionData& action) const;
+    /** Saves a library selection as the last-played list. */
+    void storeLastplayedSystemList(const QString& artist, const QString& album, const QString& genre,
+                                   const QString& composer, int storageLocation, int firstIndex);
+    /** A launcher asks for the player: shows a running one, resumes the last-played
+     *  list for "HomeScreen" and "BTAvrcpKeys", else plays the whole library. */
+    void handleLauncherRequest(const QString& launcherId);
+    /** Plays the captured videos; quitting then asks the application to end. */
+    void playCapturedVideo();
+
     // Read-only views of the window's state.
     MP_LAUNCH_TYPE launchType() const { return m_launchType; }
     MP_CommonPlayer* commonPlayer() const { return m_commonPlayer; }
@@ -62,10 +77,18 @@ public:
 public Q_SLOTS:
     /** The application opens a document: play it as a single file. */
     void onOpenDoc(const QString& fileName);
-    /** Plays the file passed at creation, dropping any list. */
-    void onPassFile();
     /** Closes the player screen and the window; a captured-video launch also emits quitApp(). */
     void onQuitApp();
+    /** An action record from another application (or the launch action). */
+    void onReceiveAction(const AM_ActionData& action);
+    /** "PlayMusicListInMediaplayer": a selection of the music library. */
+    void onPlaySystemList(const AM_ActionData& action);
+    /** Plays the file passed at creation, dropping any list. */
+    void onPassFile();
+    /** The list's current entry changed: play it, or quit when the list is empty. */
+    void onCurrentItemChanged();
+    /** The list's shuffle or repeat mode changed: tell the engine. */
+    void onShuffleRepeat(int shuffleMode, bool repeat);
     /** Releases the clients and the engine; the list stays. Nothing happens without an engine. */
     void freeCommonPlayer();
     /** The engine reports the content type of its media. */
@@ -75,8 +98,15 @@ Q_SIGNALS:
     /** The application must end. */
     void quitApp();
 
+protected:
+    /** The start-up event (type 1001) hands the launch action to onReceiveAction(). */
+    void customEvent(QEvent* event) override;
+
 private:
     void clearLastPlayedRecord();
+    void releaseLastPlayedStrings();
+    /** The list that resumes the last-played record; null after the notice when none is stored. */
+    MP_AufList* takeLastPlayedList(const QString& launcherId);
 
     MP_LAUNCH_TYPE m_launchType;
     MP_CommonPlayer* m_commonPlayer;           // owned; released through the engine factory

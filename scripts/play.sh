@@ -12,8 +12,11 @@ samples="$build/sample-library"
 
 data="$build/player-data"
 mkdir -p "$data"
+"$build/bin/mp-scan" --data-dir "$data" "$samples"
 if [ $# -eq 0 ]; then
-  set -- "$samples/Music/Aurora Lane/Northern Lights/01 First Light.wav"
+  # The media browser's request for every song of the library.
+  set -- --action PlayMusicListInMediaplayer isAllArtist=1 isAllAlbum=1 isAllGenre=1 isAllComposer=1 \
+    StorageLocation=2 FirstIndex=0
 fi
 echo "Playing; the library's trace goes to $build/mediaplayer.log, the journal to $build/journal.jsonl"
 exec "$build/bin/mediaplayer" --data-dir "$data" --log "$build/mediaplayer.log" \

@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "lists/MP_AufContext.h"
+#include "lists/MP_AufList.h"
 #include "platform/AM_Action.h"
 #include "platform/QCopChannel.h"
 #include "platform/SETUP_SET_Manager.h"
@@ -53,7 +54,7 @@ protected:
     }
 };
 
-TEST_F(MP_MainWindowTest, Startup_WithoutFile_PostsOneStartupEventAndArmsNoTimer)
+TEST_F(MP_MainWindowTest, Startup_WithoutFileOrAction_PostsOneEventAndPlaysTheWholeLibrary)
 {
     WindowPtr window(MP_CreateMainWindow(QString()));
     StartupEventCounter counter;
@@ -64,9 +65,12 @@ TEST_F(MP_MainWindowTest, Startup_WithoutFile_PostsOneStartupEventAndArmsNoTimer
     // Long enough for a 1 ms timer to have fired, had one been armed.
     waitUntil([] { return false; }, 20);
     EXPECT_EQ(counter.count, 1);
-    EXPECT_EQ(window->commonPlayer(), nullptr);
-    EXPECT_FALSE(journalCalls().contains("engine:setFile"));
-    EXPECT_EQ(window->launchType(), MP_LAUNCH_FILE);
+    EXPECT_FALSE(journalCalls().contains("engine:setFile")) << "no timer played a file";
+    // Opened with nothing to do, the player plays the library rather than sitting empty.
+    ASSERT_NE(window->currentList(), nullptr);
+    EXPECT_EQ(window->currentList()->getReservedData()->toHex(), "00000000ffffffffffffffffffffffffffffffff");
+    EXPECT_EQ(window->launchType(), MP_LAUNCH_LIST);
+    EXPECT_EQ(journalLines("engine", "autoPlay").size(), 1);
     EXPECT_EQ(window->geometry(), QRect(0, 0, 0, 0));
     EXPECT_TRUE(QCopChannel::isRegistered("VEMO/System"));
 }

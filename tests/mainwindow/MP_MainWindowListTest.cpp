@@ -1,0 +1,100 @@
+// The main window with lists: installing, replacing and releasing them.
+
+#include "mainwindow/MP_MainWindow.h"
+
+#include <QJsonArray>
+#include <QPointer>
+
+#include <memory>
+
+#include "host/platform/MediaDatabase.h"
+#include "lists/MP_AufContext.h"
+#include "lists/MP_AufList.h"
+#include "platform/AM_Action.h"
+#include "tests/support/TestEnvironment.h"
+
+extern "C" MP_MainWindow* MP_CreateMainWindow(const QString& passedFile);
+extern "C" void MP_DeleteMainWindow(MP_MainWindow* window);
+
+namespace {
+
+class MP_MainWindowListTest : public TestEnvironment {
+protected:
+    void SetUp() override
+    {
+        TestEnvironment::SetUp();
+        std::unique_ptr<MediaDatabase> database = MediaDatabase::open(MediaDatabase::defaultFile());
+        ASSERT_TRUE(database);
+        for (int i = 0; i < 3; ++i) {
+            MediaRecord record;
+            record.path = QStringLiteral("/music/song%1.mp3").arg(i);
+            record.title = QStringLiteral("Song %1").arg(i);
+            record.artist = QStringLiteral("Band");
+            ASSERT_NE(database->addMedia(record), 0u);
+        }
+        // A file passed at creation keeps the start-up from installing a list.
+        window.reset(MP_CreateMainWindow(QStringLiteral("/music/song0.mp3")));
+        ASSERT_TRUE(waitUntil([&] { return window->commonPlayer() != nullptr; }));
+    }
+    void TearDown() override
+    {
+        window.reset();
+        TestEnvironment::TearDown();
+    }
+
+    struct Deleter {
+        void operator()(MP_MainWindow* w) const { MP_DeleteMainWindow(w); }
+    };
+    std::unique_ptr<MP_MainWindow, Deleter> window;
+};
+
+TEST_F(MP_MainWindowListTest, SetListWithTheCurrentList_OnlyShowsThePlayer)
+{
+    MP_AufList* list = new MP_AufList();
+    window->setList(list, false, false, false, true, MP_LAUNCH_LIST);
+    ASSERT_EQ(window->currentList(), list);
+    const int linesBefore = journal().size();
+
+    window->setList(list, true, true, true, true, MP_LAUNCH_CAPTURED_VIDEO);
+    EXPECT_EQ(window->launchType(), MP_LAUNCH_CAPTURED_VIDEO);
+    const QList<QJsonObject> after = journal().mid(linesBefore);
+    ASSERT_EQ(after.size(), 1);
+    EXPECT_EQ(after.first().value("call").toString(), "showPlayer");
+}
+
+TEST_F(MP_MainWindowListTest, NewList_DeletesThePreviousBeforeTheEngineGetsIt)
+{
+    QPointer<MP_AufList> first = new MP_AufList();
+    window->setList(first, false, false, false, false, MP_LAUNCH_LIST);
+    auto* second = new MP_AufList();
+    window->setList(second, false, false, false, false, MP_LAUNCH_LIST);
+    EXPECT_TRUE(first.isNull());
+    EXPECT_EQ(window->currentList(), second);
+    EXPECT_TRUE(journalLines("engine", "autoPlay").size() == 1) << "only the passed file's start";
+}
+
+TEST_F(MP_MainWindowListTest, ListRunningEmpty_QuitsThePlayer)
+{
+    window->setList(new MP_AufList(), false, false, false, true, MP_LAUNCH_LIST);
+    window->onCurrentItemChanged();
+    EXPECT_EQ(journalLines("engine", "notifyCurrentChanged").size(), 1);
+    EXPECT_TRUE(journalLines("engine", "closePlayerWindow").isEmpty());
+
+    window->freeCurrentList();
+    EXPECT_EQ(journalLines("engine", "setPlayList").last().value("args").toArray(), QJsonArray{QJsonValue()});
+    window->onCurrentItemChanged();
+    EXPECT_EQ(journalLines("engine", "closePlayerWindow").size(), 1);
+}
+
+TEST_F(MP_MainWindowListTest, CapturedVideo_ReplacesTheListAndKeepsTheEngineAndTheSettings)
+{
+    window->setList(new MP_AufList(), false, false, false, true, MP_LAUNCH_LIST);
+    MP_AufContext::shuffle = 1;
+    window->playCapturedVideo();
+    EXPECT_EQ(window->launchType(), MP_LAUNCH_CAPTURED_VIDEO);
+    EXPECT_TRUE(window->currentList()->isVideoList());
+    EXPECT_EQ(journalLines("engine", "MP_CreateCommonPlayer").size(), 1) << "the engine keeps its launch type";
+    EXPECT_EQ(MP_AufContext::shuffle, 1) << "the settings are not read again";
+}
+
+} // namespace

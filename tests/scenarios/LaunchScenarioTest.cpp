@@ -1,0 +1,116 @@
+// Launch requests end to end: action records and launchers through the
+// application, checked in the journal.
+
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QRegularExpression>
+
+#include <gtest/gtest.h>
+
+#include "tests/scenarios/ScenarioRun.h"
+
+namespace {
+
+const QStringList kPlayAuroraLane{"--action", "PlayMusicListInMediaplayer", "isAllArtist=0", "Artist=Aurora Lane",
+                                  "isAllAlbum=1", "isAllGenre=1", "isAllComposer=1", "FirstIndex=3",
+                                  "StorageLocation=2", "ShuffleAllSongs=0"};
+
+QStringList launcher(const char* id)
+{
+    return {"--action", "PlayMediaInMediaPlayer", QStringLiteral("Launcher=") + id};
+}
+
+QStringList engineCalls(const ScenarioRun& scenario)
+{
+    return scenario.calls().filter(QRegularExpression("^engine:(MP_Create|setShuffle|setPlayList|autoPlay|setFile)"));
+}
+
+QString firstTitle(const ScenarioRun& scenario)
+{
+    const QList<QJsonArray> meta = scenario.argsOf("report", "updateMetaInfo");
+    return meta.isEmpty() ? QString() : meta.first().at(0).toString();
+}
+
+class LaunchScenarioTest : public ::testing::Test {
+protected:
+    void SetUp() override { ASSERT_TRUE(scenario.scanSampleLibrary()); }
+    int run(const char* script, const QStringList& arguments)
+    {
+        return scenario.run(ScenarioRun::script(QString::fromLatin1(script)), arguments);
+    }
+    ScenarioRun scenario;
+};
+
+TEST_F(LaunchScenarioTest, MusicList_SavesTheSelectionAndPlaysItsSong)
+{
+    ASSERT_EQ(run("play_artist.mps", kPlayAuroraLane), 0) << qPrintable(scenario.errorOutput());
+    EXPECT_EQ(engineCalls(scenario), (QStringList{"engine:MP_CreateCommonPlayer", "engine:setShuffleRepeat",
+                                                  "engine:setPlayList", "engine:autoPlay"}));
+    EXPECT_EQ(scenario.argsOf("engine", "MP_CreateCommonPlayer").first(), (QJsonArray{false, 0}));
+    EXPECT_EQ(scenario.argsOf("engine", "setShuffleRepeat").first(), (QJsonArray{false, false}));
+    EXPECT_EQ(scenario.argsOf("engine", "setPlayList").first(), QJsonArray{"list"});
+    // Titles in order: First Light, Harbour Wind, Lanterns, Northern Lights, ...
+    EXPECT_EQ(firstTitle(scenario), "Northern Lights");
+    const QJsonObject saved = scenario.argsOf("metadata", "saveLastPlayedList").first().at(0).toObject();
+    EXPECT_EQ(saved.value("listType").toInt(), 6);
+    EXPECT_EQ(saved.value("artist").toString(), "Aurora Lane");
+    EXPECT_TRUE(saved.value("album").isNull());
+    EXPECT_TRUE(saved.value("genre").isNull());
+    EXPECT_EQ(saved.value("storageLocation").toInt(), 2);
+    EXPECT_EQ(saved.value("firstIndex").toInt(), 3);
+}
+
+TEST_F(LaunchScenarioTest, Launchers_ResumeTheLastPlayedListAfterARestart)
+{
+    ASSERT_EQ(run("play_artist.mps", kPlayAuroraLane), 0);
+
+    ASSERT_EQ(run("resume.mps", launcher("HomeScreen")), 0) << qPrintable(scenario.errorOutput());
+    EXPECT_EQ(engineCalls(scenario), (QStringList{"engine:MP_CreateCommonPlayer", "engine:setShuffleRepeat",
+                                                  "engine:setPlayList", "engine:autoPlay"}));
+    EXPECT_EQ(firstTitle(scenario), "Northern Lights");
+
+    ASSERT_EQ(run("resume.mps", launcher("BTAvrcpKeys")), 0);
+    EXPECT_EQ(engineCalls(scenario), (QStringList{"engine:MP_CreateCommonPlayer", "engine:setShuffleRepeat",
+                                                  "engine:setPlayList"}))
+        << "a headset prepares the list without playing";
+    EXPECT_EQ(firstTitle(scenario), "Northern Lights");
+}
+
+TEST_F(LaunchScenarioTest, HomeScreenWithNothingStored_ShowsTheNoticeAndNoPlayer)
+{
+    ASSERT_EQ(run("resume.mps", launcher("HomeScreen")), 0) << qPrintable(scenario.errorOutput());
+    const QList<QJsonObject> lines = scenario.journal();
+    QList<QJsonObject> dialogs;
+    for (const QJsonObject& line : lines) {
+        if (line.value("kind").toString() == "dialog")
+            dialogs.append(line);
+    }
+    ASSERT_EQ(dialogs.size(), 1);
+    EXPECT_EQ(dialogs.first(), (QJsonObject{{"kind", "dialog"}, {"class", "VmNoticeDlg"}, {"type", 1}, {"title", ""},
+                                            {"text", "Because the files do not exist."}, {"answer", 1}}));
+    EXPECT_TRUE(engineCalls(scenario).isEmpty());
+}
+
+TEST_F(LaunchScenarioTest, UnknownLauncher_PlaysTheWholeLibrary)
+{
+    ASSERT_EQ(run("resume.mps", launcher("Calendar")), 0);
+    EXPECT_EQ(firstTitle(scenario), "Afterglow") << "the first title of the library";
+    EXPECT_TRUE(scenario.argsOf("metadata", "saveLastPlayedList").isEmpty());
+}
+
+TEST_F(LaunchScenarioTest, SetupChangeMessages_ReachTheEngineThroughThePlayingList)
+{
+    ASSERT_EQ(run("setup_change.mps", kPlayAuroraLane), 0);
+    const QList<QJsonArray> flags = scenario.argsOf("engine", "setShuffleRepeat");
+    ASSERT_EQ(flags.size(), 3);
+    EXPECT_EQ(flags.at(1), (QJsonArray{true, false}));
+    EXPECT_EQ(flags.at(2), (QJsonArray{true, true}));
+
+    const QStringList videos{"--action", "PlayVideoInMediaplayer", "SelectionType=All", "StorageLocation=2"};
+    ASSERT_EQ(run("setup_change.mps", videos), 0);
+    const QList<QJsonArray> videoFlags = scenario.argsOf("engine", "setShuffleRepeat");
+    ASSERT_EQ(videoFlags.size(), 3);
+    EXPECT_EQ(videoFlags.at(2), (QJsonArray{false, false})) << "a video list ignores the music settings";
+}
+
+} // namespace

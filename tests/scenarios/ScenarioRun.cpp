@@ -1,0 +1,89 @@
+#include "tests/scenarios/ScenarioRun.h"
+
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QProcess>
+
+#include "host/tools/samplegen/SampleLibraryWriter.h"
+
+ScenarioRun::ScenarioRun() : m_journalPath(m_dataDir.filePath(QStringLiteral("journal.jsonl"))) {}
+
+QString ScenarioRun::sampleLibrary()
+{
+    // Made once per test program; the writer leaves a complete library alone.
+    static QTemporaryDir folder;
+    static const bool written = SampleLibraryWriter(folder.path()).write();
+    return written ? folder.path() : QString();
+}
+
+QString ScenarioRun::script(const QString& name)
+{
+    return QStringLiteral(MP_SOURCE_DIR "/tests/scenarios/") + name;
+}
+
+bool ScenarioRun::scanSampleLibrary()
+{
+    QProcess scan;
+    scan.start(QStringLiteral(MP_BIN_DIR "/mp-scan"),
+               {QStringLiteral("--data-dir"), m_dataDir.filePath(QStringLiteral("data")), sampleLibrary()});
+    return scan.waitForFinished(60000) && scan.exitStatus() == QProcess::NormalExit && scan.exitCode() == 0;
+}
+
+int ScenarioRun::run(const QString& scriptPath, const QStringList& extraArguments)
+{
+    QFile::remove(m_journalPath);  // each run's journal on its own
+    QProcess process;
+    process.setWorkingDirectory(sampleLibrary());
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    process.setProcessEnvironment(environment);
+    QStringList arguments{QStringLiteral("--data-dir"), m_dataDir.filePath(QStringLiteral("data")),
+                          QStringLiteral("--journal"), m_journalPath,
+                          QStringLiteral("--log"), m_dataDir.filePath(QStringLiteral("trace.log")),
+                          QStringLiteral("--quiet"), QStringLiteral("--script"), scriptPath};
+    arguments += extraArguments;
+    process.start(QStringLiteral(MP_BIN_DIR "/mediaplayer"), arguments);
+    if (!process.waitForFinished(60000)) {
+        process.kill();
+        process.waitForFinished();
+        return -1;
+    }
+    m_errorOutput = QString::fromLocal8Bit(process.readAllStandardError());
+    return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+}
+
+QList<QJsonObject> ScenarioRun::journal() const
+{
+    QList<QJsonObject> lines;
+    QFile file(m_journalPath);
+    if (!file.open(QIODevice::ReadOnly))
+        return lines;
+    for (const QByteArray& line : file.readAll().split('\n')) {
+        if (!line.isEmpty())
+            lines.append(QJsonDocument::fromJson(line).object());
+    }
+    return lines;
+}
+
+QStringList ScenarioRun::calls() const
+{
+    QStringList calls;
+    for (const QJsonObject& line : journal()) {
+        if (line.contains(QLatin1String("call")))
+            calls.append(line.value(QLatin1String("kind")).toString() + QLatin1Char(':')
+                         + line.value(QLatin1String("call")).toString());
+    }
+    return calls;
+}
+
+QList<QJsonArray> ScenarioRun::argsOf(const QString& kind, const QString& call) const
+{
+    QList<QJsonArray> args;
+    for (const QJsonObject& line : journal()) {
+        if (line.value(QLatin1String("kind")).toString() == kind && line.value(QLatin1String("call")).toString() == call)
+            args.append(line.value(QLatin1String("args")).toArray());
+    }
+    return args;
+}

@@ -1,0 +1,75 @@
+// The spine end to end: the application loads the library, which plays the
+// passed file through the engine and tears down in order.
+
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QRegularExpression>
+
+#include <gtest/gtest.h>
+
+#include "tests/scenarios/ScenarioRun.h"
+
+namespace {
+
+const QString kSong = QStringLiteral("Music/Aurora Lane/Northern Lights/01 First Light.wav");
+
+TEST(SpineScenarioTest, PassedFile_PlaysThroughTheLibraryAndTearsDownInOrder)
+{
+    ScenarioRun scenario;
+    ASSERT_EQ(scenario.run(ScenarioRun::script("play_passed_file.mps"), {kSong}), 0) << qPrintable(scenario.errorOutput());
+
+    const QStringList calls = scenario.calls();
+    const QStringList expectedStart{"engine:MP_CreateCommonPlayer", "engine:setShuffleRepeat", "engine:setFile",
+                                    "engine:autoPlay"};
+    const QStringList engineCalls = calls.filter(QRegularExpression("^engine:(MP_|set|auto)"));
+    ASSERT_GE(engineCalls.size(), 4);
+    EXPECT_EQ(engineCalls.mid(0, 4), expectedStart);
+    EXPECT_EQ(scenario.argsOf("engine", "MP_CreateCommonPlayer").first(), (QJsonArray{false, 1}));
+    EXPECT_EQ(scenario.argsOf("engine", "setShuffleRepeat").first(), (QJsonArray{false, false}));
+    EXPECT_EQ(scenario.argsOf("engine", "setFile").first(), QJsonArray{kSong});
+    EXPECT_EQ(scenario.argsOf("engine", "autoPlay").first(), QJsonArray{false});
+
+    // Playing, then one time report per second of the 6-second song.
+    int playing = -1;
+    const QList<QJsonObject> lines = scenario.journal();
+    for (int i = 0; i < lines.size() && playing < 0; ++i) {
+        if (lines.at(i).value("call").toString() == "updateState" && lines.at(i).value("args").toArray() == QJsonArray{1})
+            playing = i;
+    }
+    EXPECT_GT(playing, calls.indexOf("engine:autoPlay"));
+    QList<int> elapsed;
+    for (const QJsonArray& args : scenario.argsOf("report", "updateTime")) {
+        elapsed.append(args.at(0).toInt());
+        EXPECT_EQ(args.at(1).toInt(), 6000);
+    }
+    EXPECT_EQ(elapsed, (QList<int>{0, 1000, 2000, 3000}));
+
+    // At quit: the engine goes, then "HidePlaying" = false is the last word.
+    EXPECT_LT(calls.indexOf("report:updateState"), calls.indexOf("engine:MP_DestroyCommonPlayer"));
+    const QJsonObject last = scenario.journal().last();
+    EXPECT_EQ(last, (QJsonObject{{"kind", "settings"}, {"app", 71}, {"group", "MediaControlItem"},
+                                 {"key", "HidePlaying"}, {"value", false}}));
+}
+
+TEST(SpineScenarioTest, BadScriptLine_StopsWithTheLineAndFails)
+{
+    ScenarioRun scenario;
+    EXPECT_EQ(scenario.run(ScenarioRun::script("bad_command.mps")), 2);
+    EXPECT_TRUE(scenario.errorOutput().contains("bad_command.mps:4: unknown command \"frobnicate\""))
+        << qPrintable(scenario.errorOutput());
+    // The window was still deleted through the library.
+    EXPECT_EQ(scenario.journal().last().value("key").toString(), "HidePlaying");
+}
+
+TEST(SpineScenarioTest, MissingLibrary_IsAClearErrorNamingIt)
+{
+    ScenarioRun scenario;
+    qputenv("MP_LIBRARY", "/nonexistent/libmp_mainwindow.so");
+    const int code = scenario.run(ScenarioRun::script("play_passed_file.mps"));
+    qunsetenv("MP_LIBRARY");
+    EXPECT_NE(code, 0);
+    EXPECT_TRUE(scenario.errorOutput().contains("cannot load /nonexistent/libmp_mainwindow.so"))
+        << qPrintable(scenario.errorOutput());
+}
+
+} // namespace
