@@ -20,46 +20,17 @@
 #include <string>
 #include <vector>
 
+#include "bench/SyntheticLibrary.h"
 #include "host/platform/MediaDatabase.h"
-#include "host/platform/SqliteTransaction.h"
 #include "platform/Metadata.h"
 
 namespace {
 
 constexpr int kSongs = 100000;
-constexpr int kSongsPerAlbum = 12;
 constexpr int kWindow = 10;
 
 unsigned int g_handle = 0;
 sqlite3* g_direct = nullptr;  // a second, plain connection: the floor and the outside writer
-
-QString wordAt(quint32 n)
-{
-    static const char* const words[] = {"Aurora", "Árós", "harbour", "Zenith", "lantern", "Öresund", "night",
-                                        "Élan", "river", "glass", "Ünder", "paper", "salt", "çarşı", "light",
-                                        "stone", "Ímynd", "wind", "ember", "tide"};
-    return QString::fromUtf8(words[n % (sizeof words / sizeof *words)]);
-}
-
-bool buildLibrary(MediaDatabase& database)
-{
-    QRandomGenerator random(2024);
-    const std::unique_ptr<SqliteTransaction> transaction = database.beginTransaction();
-    for (int i = 0; i < kSongs; ++i) {
-        const int album = i / kSongsPerAlbum;
-        MediaRecord song;
-        song.path = QStringLiteral("/music/artist%1/album%2/%3.mp3").arg(album % 2000).arg(album).arg(i);
-        song.title = wordAt(random.generate()) + ' ' + wordAt(random.generate()) + ' ' + QString::number(i);
-        song.artist = QStringLiteral("Artist %1").arg(album % 2000);
-        song.album = wordAt(quint32(album)) + QStringLiteral(" %1").arg(album);
-        song.genre = wordAt(quint32(album) / 7);
-        song.track = i % kSongsPerAlbum + 1;
-        song.date = QStringLiteral("%1-01-01").arg(1960 + album % 60);
-        if (database.addMedia(song) == 0)
-            return false;
-    }
-    return transaction->commit();
-}
 
 // The request a list sends for its items: the whole library by title, ids and paths.
 struct LibraryRequest {
@@ -219,7 +190,7 @@ int main(int argc, char** argv)
     qputenv("MP_DATA_DIR", QFile::encodeName(dataDir.path()));
     {
         const std::unique_ptr<MediaDatabase> database = MediaDatabase::open(MediaDatabase::defaultFile());
-        if (!database || !buildLibrary(*database)) {
+        if (!database || !SyntheticLibrary::build(*database, kSongs)) {
             std::fprintf(stderr, "cannot build the library\n");
             return 1;
         }

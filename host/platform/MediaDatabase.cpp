@@ -219,20 +219,21 @@ int MediaDatabase::mediaCount()
     return count;
 }
 
-QStringList MediaDatabase::pathsOf(const std::vector<quint32>& ids)
+std::optional<QSet<QString>> MediaDatabase::foldersOf(const std::vector<quint32>& ids, int limit)
 {
     SqliteTransaction snapshot(m_db, SqliteTransaction::Kind::Read);
     SqliteStatement& query = statement("SELECT path FROM media WHERE id = ?1");
-    QStringList paths;
-    paths.reserve(qsizetype(ids.size()));
+    QSet<QString> folders;
     for (const quint32 id : ids) {
         query.bind(1, qint64(id));
         if (query.step() == SqliteStatement::Step::Row)
-            paths.append(query.text(0));
+            folders.insert(QFileInfo(query.text(0)).path());
         query.reset();
+        if (folders.size() > limit)
+            return std::nullopt;
     }
     snapshot.commit();
-    return paths;
+    return folders;
 }
 
 // ---------------------------------------------------------------------------

@@ -5,6 +5,7 @@
 // a transaction (beginTransaction) around them.
 
 #include <QList>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 
@@ -65,7 +66,9 @@ public:
     QList<MediaFileStamp> mediaUnder(const QString& folder);
     int mediaCount();
     /** The paths of the objects @p ids, in that order; ids not stored are left out. */
-    QStringList pathsOf(const std::vector<quint32>& ids);
+    /** The distinct folders of the objects' files; stops reading, and answers nothing,
+     *  once there are more than @p limit, so a list over a whole library costs little. */
+    std::optional<QSet<QString>> foldersOf(const std::vector<quint32>& ids, int limit);
 
     // Groups
     /** Creates a group; returns its id (never 2 or 3, the history groups), 0 on failure. */

@@ -17,21 +17,8 @@ MediaFolderWatch::MediaFolderWatch(DatabaseSource database, QObject* parent)
     connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, &MediaFolderWatch::removeDeletedFiles);
 }
 
-void MediaFolderWatch::watchFoldersOf(const QStringList& files)
+void MediaFolderWatch::watchFolders(QSet<QString> wanted)
 {
-    QSet<QString> wanted;
-    for (const QString& file : files) {
-        wanted.insert(QFileInfo(file).path());
-        // A list over this many folders is most of a library: watching them
-        // all would spend more of the system's inotify watches than the host
-        // can spare, so such a list is not watched at all, and deletions
-        // there wait for the next scan.
-        if (wanted.size() > kMaxFolders) {
-            qCDebug(lcMetadata) << "more than" << kMaxFolders << "folders in the list: not watched";
-            wanted.clear();
-            break;
-        }
-    }
     const QStringList watched = m_watcher.directories();
     QStringList dropped;
     for (const QString& folder : watched) {

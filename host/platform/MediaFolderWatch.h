@@ -6,6 +6,7 @@
 // log then tells every subscribed connection, as for any other change.
 
 #include <QFileSystemWatcher>
+#include <QSet>
 #include <QObject>
 #include <QStringList>
 
@@ -24,9 +25,9 @@ public:
 
     explicit MediaFolderWatch(DatabaseSource database, QObject* parent = nullptr);
 
-    /** Watches the existing folders holding @p files in place of the earlier ones; none at
-     *  all when they are more than kMaxFolders. */
-    void watchFoldersOf(const QStringList& files);
+    /** Watches the existing ones of @p folders in place of the earlier ones; an empty
+     *  set watches none. */
+    void watchFolders(QSet<QString> folders);
     /** The folders watched now, sorted. */
     QStringList folders() const;
 

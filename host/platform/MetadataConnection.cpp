@@ -4,6 +4,7 @@
 
 #include "host/platform/MediaDatabase.h"
 #include "host/platform/MediaFolderWatch.h"
+#include "host/platform/MetadataLog.h"
 #include "host/platform/MetadataClients.h"
 #include "host/platform/MetadataIndicationPoller.h"
 
@@ -105,5 +106,13 @@ void MetadataConnection::updateFolderWatch()
         m_folderWatch = new MediaFolderWatch([handle] { return MetadataClients::instance().database(handle); },
                                              QCoreApplication::instance());
     }
-    m_folderWatch->watchFoldersOf(m_database->pathsOf(m_backup->ids()));
+    // A list over this many folders is most of a library: watching them all
+    // would spend more of the system's inotify watches than the host can
+    // spare, so such a list is not watched at all, and deletions there wait
+    // for the next scan.
+    const std::optional<QSet<QString>> folders =
+        m_database->foldersOf(m_backup->ids(), MediaFolderWatch::kMaxFolders);
+    if (!folders)
+        qCDebug(lcMetadata) << "more than" << MediaFolderWatch::kMaxFolders << "folders in the list: not watched";
+    m_folderWatch->watchFolders(folders.value_or(QSet<QString>()));
 }

@@ -1,6 +1,10 @@
 #include "lists/MP_AufList.h"
 
 #include <QDataStream>
+#include <QFile>
+#include <QJsonArray>
+#include <QProcess>
+#include <QTemporaryDir>
 #include <QSet>
 #include <QSignalSpy>
 
@@ -375,5 +379,70 @@ TEST_P(MP_AufListChangeTest, SelectionEmptied_ReportsAnEmptyList)
 
 INSTANTIATE_TEST_SUITE_P(EachShuffleMode, MP_AufListChangeTest,
                          ::testing::Values(MP_AufList::ShuffleOff, MP_AufList::ShuffleSongs, MP_AufList::ShuffleAlbums));
+
+} // namespace
+
+namespace {
+
+TEST_F(MP_AufListTest, RemoveItem_TakesTheCurrentOutOfItsGroupOrDeletesItsFile)
+{
+    QTemporaryDir files;
+    QList<quint32> ids;
+    for (int i = 0; i < 3; ++i) {
+        MediaRecord record;
+        record.path = files.filePath(QStringLiteral("song%1.mp3").arg(i));
+        record.title = QStringLiteral("Song %1").arg(i);
+        QFile file(record.path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        ids.append(database->addMedia(record));
+    }
+    const quint32 group = database->addGroup(METADATA_GROUP_USER, QStringLiteral("Mine"));
+    ASSERT_TRUE(database->setGroupMembers(group, {ids.at(2), ids.at(0), ids.at(1)}));
+
+    MP_AufList playList(group, METADATA_GROUP_USER, 2, 1, QString());
+    EXPECT_EQ(titleOf(playList.getCurrent()), "song0");
+    EXPECT_FALSE(playList.removeItem(0)) << "only the current entry can be removed";
+    EXPECT_TRUE(journalLines("metadata", "metadataRemoveItemsFromGroup").isEmpty());
+    EXPECT_FALSE(playList.removeItem(1)) << "removal reports false: the list changes when the database says so";
+    const QList<QJsonObject> removals = journalLines("metadata", "metadataRemoveItemsFromGroup");
+    ASSERT_EQ(removals.size(), 1);
+    const QJsonObject record = removals.first().value("args").toArray().at(0).toObject();
+    EXPECT_EQ(record.value("groupId").toInt(), int(group));
+    EXPECT_EQ(record.value("positions").toArray(), QJsonArray{1});
+    EXPECT_TRUE(QFile::exists(files.filePath("song0.mp3"))) << "the file stays";
+    EXPECT_EQ(database->groupMembers(group).size(), 2);
+
+    MP_AufList library;
+    library.moveTo(1);
+    EXPECT_EQ(titleOf(library.getCurrent()), "song1");
+    EXPECT_FALSE(library.removeItem(1));
+    EXPECT_FALSE(QFile::exists(files.filePath("song1.mp3"))) << "a library entry's file is deleted";
+}
+
+// The change comes from another program: mp-scan, after a file was deleted.
+TEST_F(MP_AufListTest, AnotherProcessRemovingThePlayingSong_MovesTheListOn)
+{
+    QTemporaryDir files;
+    for (const char* name : {"a", "b", "c"}) {
+        QFile file(files.filePath(QStringLiteral("%1.wav").arg(name)));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    }
+    auto scan = [&] {
+        QProcess process;
+        process.start(QStringLiteral(MP_BIN_DIR "/mp-scan"), {files.path()});
+        return process.waitForFinished(30000) && process.exitCode() == 0;
+    };
+    ASSERT_TRUE(scan());
+    MP_AufList list;
+    list.moveTo(1);
+    ASSERT_EQ(titleOf(list.getCurrent()), "b");
+    QSignalSpy changed(&list, SIGNAL(signalCurrentChanged()));
+
+    QFile::remove(files.filePath("b.wav"));
+    ASSERT_TRUE(scan());
+    ASSERT_TRUE(waitUntil([&] { return changed.count() > 0; }, 3000));
+    EXPECT_EQ(titleOf(list.getCurrent()), "c");
+    EXPECT_EQ(list.count(), 2u);
+}
 
 } // namespace

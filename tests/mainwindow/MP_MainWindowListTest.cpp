@@ -62,6 +62,16 @@ TEST_F(MP_MainWindowListTest, SetListWithTheCurrentList_OnlyShowsThePlayer)
     EXPECT_EQ(after.first().value("call").toString(), "showPlayer");
 }
 
+TEST_F(MP_MainWindowListTest, LauncherOnARunningPlayer_OnlyShowsIt)
+{
+    MP_AufList* list = new MP_AufList();
+    window->setList(list, false, false, false, true, MP_LAUNCH_LIST);
+    window->handleLauncherRequest(QStringLiteral("HomeScreen"));
+    EXPECT_EQ(window->currentList(), list);
+    EXPECT_EQ(journalLines("engine", "showPlayer").size(), 2) << "once by setList, once by the launcher";
+    EXPECT_TRUE(journalLines("metadata", "saveLastPlayedList").isEmpty());
+}
+
 TEST_F(MP_MainWindowListTest, NewList_DeletesThePreviousBeforeTheEngineGetsIt)
 {
     QPointer<MP_AufList> first = new MP_AufList();

@@ -60,6 +60,23 @@ TEST_F(LaunchScenarioTest, MusicList_SavesTheSelectionAndPlaysItsSong)
     EXPECT_EQ(saved.value("firstIndex").toInt(), 3);
 }
 
+TEST_F(LaunchScenarioTest, UserList_SavesTheGroupAndPlaysItsEntry)
+{
+    // The sample library's one play list, "Evening", is the first user group.
+    const QStringList evening{"--action", "PlayUserListInMediaplayer", "Type=0", "GroupObjectID=4",
+                              "FirstIndex=1", "StorageLocation=2"};
+    ASSERT_EQ(run("play_artist.mps", evening), 0) << qPrintable(scenario.errorOutput());
+    EXPECT_EQ(firstTitle(scenario), "Lanterns");
+    const QJsonObject saved = scenario.argsOf("metadata", "saveLastPlayedList").first().at(0).toObject();
+    EXPECT_EQ(saved.value("listType").toInt(), 0);
+    EXPECT_EQ(saved.value("groupObjectId").toInt(), 4);
+    EXPECT_TRUE(saved.value("artist").isNull());
+    EXPECT_TRUE(saved.value("genre").isNull());
+
+    ASSERT_EQ(run("resume.mps", launcher("HomeScreen")), 0);
+    EXPECT_EQ(firstTitle(scenario), "Lanterns") << "the play list resumes after a restart";
+}
+
 TEST_F(LaunchScenarioTest, Launchers_ResumeTheLastPlayedListAfterARestart)
 {
     ASSERT_EQ(run("play_artist.mps", kPlayAuroraLane), 0);
