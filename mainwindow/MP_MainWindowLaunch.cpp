@@ -221,8 +221,15 @@ MP_AufList* MP_MainWindow::takeLastPlayedList(const QString& launcherId)
 
 void MP_MainWindow::playCapturedVideo()
 {
-    // Neither the history is saved nor the settings read: the previous list
-    // goes in setList, and the shuffle and repeat context stays as it was.
+    // Neither the history is saved nor the settings read: the shuffle and
+    // repeat context stays as it was. The previous list goes before the new
+    // one is made, not in setList: every list shares the one database
+    // handle, and a list leaving releases the handle's result backup and
+    // change subscription, which by then would be the new list's.
+    if (m_list) {
+        delete m_list;
+        m_list = nullptr;
+    }
     auto* list = new MP_AufList(QStringLiteral("Captured"), QStringLiteral(""), -1, 0);
     setList(list, false, false, true, true, MP_LAUNCH_CAPTURED_VIDEO);
 }

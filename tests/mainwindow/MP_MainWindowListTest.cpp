@@ -105,6 +105,12 @@ TEST_F(MP_MainWindowListTest, CapturedVideo_ReplacesTheListAndKeepsTheEngineAndT
     EXPECT_TRUE(window->currentList()->isVideoList());
     EXPECT_EQ(journalLines("engine", "MP_CreateCommonPlayer").size(), 1) << "the engine keeps its launch type";
     EXPECT_EQ(MP_AufContext::shuffle, 1) << "the settings are not read again";
+    // The new list keeps the database's backup of its result: the old one
+    // left before the new one made it.
+    bool exists = false;
+    int index = 0;
+    unsigned int count = 0;
+    EXPECT_EQ(metadataCheckBackupedItem(MP_AufContext::getHandler(), 0, &exists, &index, &count), 0);
 }
 
 } // namespace
