@@ -15,30 +15,13 @@
 #include "host/platform/MediaDatabase.h"
 #include "host/platform/MediaTagReader.h"
 #include "host/platform/SqliteTransaction.h"
+#include "platform/UTIL_MimeType.h"
 
 namespace {
 
 // Files read between two commits of a folder scan: the work of an interrupted
 // scan is mostly kept, and the application is never kept waiting long to write.
 constexpr int kFilesPerCommit = 100;
-
-const QStringList& audioExtensions()
-{
-    static const QStringList extensions = {
-        QStringLiteral("mp3"), QStringLiteral("m4a"), QStringLiteral("aac"), QStringLiteral("ogg"),
-        QStringLiteral("oga"), QStringLiteral("opus"), QStringLiteral("flac"), QStringLiteral("wav"),
-        QStringLiteral("wma"), QStringLiteral("amr"), QStringLiteral("mid"), QStringLiteral("midi")};
-    return extensions;
-}
-
-const QStringList& videoExtensions()
-{
-    static const QStringList extensions = {
-        QStringLiteral("mp4"), QStringLiteral("m4v"), QStringLiteral("3gp"), QStringLiteral("3g2"),
-        QStringLiteral("avi"), QStringLiteral("mkv"), QStringLiteral("mov"), QStringLiteral("wmv"),
-        QStringLiteral("webm"), QStringLiteral("mpg"), QStringLiteral("mpeg")};
-    return extensions;
-}
 
 QString cleanAbsolutePath(const QString& path)
 {
@@ -77,10 +60,9 @@ MediaScanner::MediaScanner(MediaDatabase& database) : m_database(database) {}
 
 std::optional<MediaKind> MediaScanner::mediaKindOf(const QString& path)
 {
-    const QString extension = QFileInfo(path).suffix().toLower();
-    if (audioExtensions().contains(extension))
+    if (UTIL_MimeType::isAudio(path))
         return MediaKind::Audio;
-    if (videoExtensions().contains(extension))
+    if (UTIL_MimeType::isVideo(path))
         return MediaKind::Video;
     return std::nullopt;
 }
