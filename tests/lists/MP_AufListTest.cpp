@@ -417,6 +417,12 @@ TEST_F(MP_AufListTest, RemoveItem_TakesTheCurrentOutOfItsGroupOrDeletesItsFile)
     EXPECT_EQ(titleOf(library.getCurrent()), "song1");
     EXPECT_FALSE(library.removeItem(1));
     EXPECT_FALSE(QFile::exists(files.filePath("song1.mp3"))) << "a library entry's file is deleted";
+    // The database notices, and the list moves on to the next song.
+    ASSERT_TRUE(waitUntil([&] { return !journalLines("file", "deleted").isEmpty(); }, 3000));
+    EXPECT_EQ(journalLines("file", "deleted").first().value("args").toArray(), QJsonArray{files.filePath("song1.mp3")});
+    EXPECT_FALSE(database->mediaByPath(files.filePath("song1.mp3")));
+    ASSERT_TRUE(waitUntil([&] { return library.count() == 2; }, 3000));
+    EXPECT_EQ(titleOf(library.getCurrent()), "song2");
 }
 
 // The change comes from another program: mp-scan, after a file was deleted.

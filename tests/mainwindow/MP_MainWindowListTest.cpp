@@ -10,6 +10,7 @@
 #include "host/platform/MediaDatabase.h"
 #include "lists/MP_AufContext.h"
 #include "lists/MP_AufList.h"
+#include "lists/MP_RecentList.h"
 #include "platform/AM_Action.h"
 #include "tests/support/TestEnvironment.h"
 
@@ -94,6 +95,19 @@ TEST_F(MP_MainWindowListTest, ListRunningEmpty_QuitsThePlayer)
     EXPECT_EQ(journalLines("engine", "setPlayList").last().value("args").toArray(), QJsonArray{QJsonValue()});
     window->onCurrentItemChanged();
     EXPECT_EQ(journalLines("engine", "closePlayerWindow").size(), 1);
+}
+
+TEST_F(MP_MainWindowListTest, FreeCurrentList_SavesThePlayedSongsToTheHistory)
+{
+    window->setList(new MP_AufList(), false, false, false, true, MP_LAUNCH_LIST);
+    MP_RecentList::getAudioList()->addItem(QStringLiteral("/music/song1.mp3"));
+    MP_RecentList::getAudioList()->addItem(QStringLiteral("/music/song2.mp3"));
+    window->freeCurrentList();
+    EXPECT_TRUE(MP_RecentList::getAudioList()->paths().isEmpty());
+    MP_AufList history(METADATA_AUDIO_HISTORY_GROUP_ID, METADATA_GROUP_PLAY_HISTORY, 2, 0, QString());
+    ASSERT_EQ(history.count(), 2u);
+    EXPECT_EQ(history.getItem(0), "/music/song2.mp3") << "newest first";
+    EXPECT_EQ(history.getItem(1), "/music/song1.mp3");
 }
 
 TEST_F(MP_MainWindowListTest, CapturedVideo_ReplacesTheListAndKeepsTheEngineAndTheSettings)

@@ -115,6 +115,26 @@ TEST_F(LaunchScenarioTest, UnknownLauncher_PlaysTheWholeLibrary)
     EXPECT_TRUE(scenario.argsOf("metadata", "saveLastPlayedList").isEmpty());
 }
 
+TEST_F(LaunchScenarioTest, VideoSlideShow_AsksTheEngineForItAndPlaysTheNewestVideo)
+{
+    const QStringList slideShow{"--action", "PlayVideoInMediaplayer", "SelectionType=Downloaded", "isSlideShow=1",
+                                "StorageLocation=2"};
+    ASSERT_EQ(run("resume.mps", slideShow), 0) << qPrintable(scenario.errorOutput());
+    EXPECT_EQ(scenario.argsOf("engine", "MP_CreateCommonPlayer").first(), (QJsonArray{true, 0}));
+    EXPECT_EQ(scenario.argsOf("engine", "autoPlay").first(), QJsonArray{true});
+    EXPECT_EQ(firstTitle(scenario), "trailer") << "the one downloaded video";
+    EXPECT_TRUE(scenario.argsOf("metadata", "saveLastPlayedList").isEmpty()) << "videos are not resumed";
+}
+
+TEST_F(LaunchScenarioTest, CapturedVideo_ReplacesTheLibraryAndKeepsTheEngine)
+{
+    // Launched with nothing, the player plays the library until the camera calls.
+    ASSERT_EQ(run("captured_video.mps", {}), 0) << qPrintable(scenario.errorOutput());
+    EXPECT_EQ(scenario.argsOf("engine", "MP_CreateCommonPlayer"), (QList<QJsonArray>{QJsonArray{false, 0}}));
+    EXPECT_EQ(scenario.argsOf("engine", "setPlayList").size(), 2);
+    EXPECT_TRUE(scenario.argsOf("report", "updateMetaInfo").last().at(0).toString().startsWith("clip"));
+}
+
 TEST_F(LaunchScenarioTest, SetupChangeMessages_ReachTheEngineThroughThePlayingList)
 {
     ASSERT_EQ(run("setup_change.mps", kPlayAuroraLane), 0);
