@@ -99,7 +99,7 @@ void MP_MainWindow::freeCommonPlayer()
     if (!m_commonPlayer)
         return;
     MainWindowTrace(3, "freeCommonPlayer\n");
-    // Clients first: each unregisters from the engine as it goes.
+    // Released only through the engine library's factory, never deleted here.
     MP_DestroyCommonPlayer(m_commonPlayer);
     m_commonPlayer = nullptr;
 }
