@@ -5,10 +5,15 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QTimer>
 
+#include <cerrno>
 #include <cstdio>
+
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include "host/app/AppOptions.h"
 #include "host/app/MainWindowLibrary.h"
@@ -39,6 +44,17 @@ void exportPaths(const AppOptions& options)
         qputenv("MP_DATA_DIR", QFileInfo(options.dataDir).absoluteFilePath().toLocal8Bit());
     if (!options.journal.isEmpty())
         qputenv("MP_JOURNAL", QFileInfo(options.journal).absoluteFilePath().toLocal8Bit());
+}
+
+// Qt wants a private runtime folder; a root shell or a CI runner often has
+// none, and the warning would be the first thing a person sees.
+void ensureRuntimeDir()
+{
+    if (!qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR"))
+        return;
+    const QByteArray dir = QFile::encodeName(QDir::tempPath()) + "/mediaplayer-runtime-" + QByteArray::number(getuid());
+    if (::mkdir(dir.constData(), 0700) == 0 || errno == EEXIST)
+        qputenv("XDG_RUNTIME_DIR", dir);
 }
 
 QString libraryPath()
@@ -76,6 +92,7 @@ int main(int argc, char** argv)
         return kExitBadUsage;
     }
     exportPaths(options);
+    ensureRuntimeDir();
     const bool headless = !hasDisplay();
     if (headless)
         qputenv("QT_QPA_PLATFORM", "offscreen");
