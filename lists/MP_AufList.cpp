@@ -326,12 +326,7 @@ int MP_AufList::getPositionOfCurrentSong()
     case ShuffleSongs:
         return m_shuffleOrder->getShuffleIndex(m_currentIndex);
     case ShuffleAlbums:
-        // The position in the whole list: lift the album restriction first,
-        // and count again so that the id walk covers the whole list, not
-        // just the album that was counted last.
-        clearAlbumFilter();
-        getCountFromAuf();
-        return getItemIndex(m_currentItem);
+        return positionInWholeList();
     default:
         return -1;
     }
@@ -340,6 +335,11 @@ int MP_AufList::getPositionOfCurrentSong()
 void MP_AufList::updateShuffle(int mode)
 {
     m_currentIndex = getPositionOfCurrentSong();
+    if (m_shuffle == ShuffleAlbums && mode != ShuffleAlbums) {
+        // Leaving the mode: the album that played no longer restricts the list.
+        clearAlbumFilter();
+        m_albumOffset = 0;
+    }
     m_shuffle = mode;
     MP_AufContext::shuffle = mode;
     MP_AufContext::shuffleSetting = mode;

@@ -120,6 +120,9 @@ private:
     void handleShuffleAlbums();
     void countCurrentAlbum();
     void restartAlbumOrder();
+    bool isStartAlbumInOrder(int position, const QString& album) const;
+    QString stepAlbumIndex(int step);
+    int positionInWholeList();
     QString getAlbum(int position);
     bool moveToNextAlbum();
     bool moveToPreviousAlbum();

@@ -89,19 +89,38 @@ QString MP_AufList::getAlbum(int position)
         AufAlbumTrace(3, "exit: get album failed\n");
         return QString();
     }
-    return albums.first();
+    // Songs without an album form one of their own; its name is empty, not
+    // null, which would mean "no album" and lift the restriction.
+    return albums.first().isNull() ? QString(QLatin1String("")) : albums.first();
+}
+
+bool MP_AufList::isStartAlbumInOrder(int position, const QString& album) const
+{
+    // The start album plays first, outside the order: where the order holds
+    // it too, it is passed over. At position -1 it is the start album itself.
+    return position >= 0 && !m_startAlbum.isNull() && album == m_startAlbum;
+}
+
+QString MP_AufList::stepAlbumIndex(int step)
+{
+    QString album;
+    do {
+        m_albumIndex += step;
+        album = getAlbum(m_albumIndex);
+    } while (!album.isNull() && isStartAlbumInOrder(m_albumIndex, album));
+    return album;
 }
 
 bool MP_AufList::moveToNextAlbum()
 {
-    ++m_albumIndex;
-    const QString album = getAlbum(m_albumIndex);
+    const int from = m_albumIndex;
+    const QString album = stepAlbumIndex(+1);
     if (album.isNull()) {
         AufAlbumTrace(3, "fatal error!!!");
+        // Left where it was, so that a later step does not count an album twice.
+        m_albumIndex = from;
         return false;
     }
-    if (album == m_startAlbum)
-        return moveToNextAlbum();
     setAlbumFilter(album);
     // Forward: past the songs of the album that played until now.
     m_albumOffset += int(m_resultCount);
@@ -114,14 +133,13 @@ bool MP_AufList::moveToNextAlbum()
 
 bool MP_AufList::moveToPreviousAlbum()
 {
-    --m_albumIndex;
-    const QString album = getAlbum(m_albumIndex);
+    const int from = m_albumIndex;
+    const QString album = stepAlbumIndex(-1);
     if (album.isNull()) {
         AufAlbumTrace(3, "fatal error!!!");
+        m_albumIndex = from;
         return false;
     }
-    if (album == m_startAlbum)
-        return moveToPreviousAlbum();
     setAlbumFilter(album);
     if (!getCountFromAuf()) {
         AufAlbumTrace(3, "error while get item count of the album=%s!!\n", qPrintable(album));
@@ -154,6 +172,23 @@ void MP_AufList::setShuffleAlbumIndex(int index)
             return;
         }
     }
+}
+
+int MP_AufList::positionInWholeList()
+{
+    // Looked up without the album restriction, then the restriction and its
+    // count are put back: asking where the song is must not change what
+    // plays next.
+    const bool restricted = m_isAlbumSpecified;
+    const QString album = m_currentAlbum;
+    clearAlbumFilter();
+    getCountFromAuf();
+    const int position = getItemIndex(m_currentItem);
+    if (restricted) {
+        setAlbumFilter(album);
+        getCountFromAuf();
+    }
+    return position;
 }
 
 int MP_AufList::getItemIndex(const MP_AUF_ITEM& item)

@@ -180,11 +180,19 @@ void MP_MainWindow::clearLastPlayedRecord()
 
 void MP_MainWindow::onPassFile()
 {
-    if (m_list) {
-        delete m_list;
-        m_list = nullptr;
-    }
+    releaseListQuietly();
     setMediaFile(m_passedFile);
+}
+
+void MP_MainWindow::releaseListQuietly()
+{
+    if (!m_list)
+        return;
+    // The engine lets go first, so that it never holds a deleted list.
+    if (m_commonPlayer)
+        m_commonPlayer->setPlayList(nullptr);
+    delete m_list;
+    m_list = nullptr;
 }
 
 void MP_MainWindow::onOpenDoc(const QString& fileName)

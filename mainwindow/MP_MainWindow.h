@@ -105,6 +105,8 @@ protected:
 private:
     void clearLastPlayedRecord();
     void releaseLastPlayedStrings();
+    /** Deletes the current list without saving the history (the engine is told first). */
+    void releaseListQuietly();
     /** The list that resumes the last-played record; null after the notice when none is stored. */
     MP_AufList* takeLastPlayedList(const QString& launcherId);
 

@@ -226,10 +226,7 @@ void MP_MainWindow::playCapturedVideo()
     // one is made, not in setList: every list shares the one database
     // handle, and a list leaving releases the handle's result backup and
     // change subscription, which by then would be the new list's.
-    if (m_list) {
-        delete m_list;
-        m_list = nullptr;
-    }
+    releaseListQuietly();
     auto* list = new MP_AufList(QStringLiteral("Captured"), QStringLiteral(""), -1, 0);
     setList(list, false, false, true, true, MP_LAUNCH_CAPTURED_VIDEO);
 }

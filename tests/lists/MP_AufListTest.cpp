@@ -284,6 +284,45 @@ TEST_F(MP_AufListAlbumTest, FirstAlbumPlaysFirstFromTheFirstSongAndIsSkippedLate
     EXPECT_EQ(albumRuns(forward).size(), 5);
 }
 
+TEST_F(MP_AufListAlbumTest, SteppingBackFromTheNextAlbum_ReturnsToTheFirstAlbum)
+{
+    setModes(MP_AufList::ShuffleAlbums, false);
+    MP_AufList list(QString(), QString(), QString(), QString(), 2, 10, QStringLiteral("Delta"));
+    list.skipSteps(4);  // past "Delta 5": the first song of the next album
+    const QString next = titleOf(list.getCurrent());
+    EXPECT_EQ(next.section(' ', 1), "1");
+    list.skipSteps(-1);
+    EXPECT_EQ(titleOf(list.getCurrent()), "Delta 5");
+    list.skipSteps(1);
+    EXPECT_EQ(titleOf(list.getCurrent()), next);
+    EXPECT_EQ(walkForward(list).size(), 10) << "the rest of the order, each song once";
+}
+
+TEST_F(MP_AufListAlbumTest, SongsWithoutAnAlbum_PlayAsAnAlbumOfTheirOwn)
+{
+    addSong(QStringLiteral("Loose 1"), QString(), 0);
+    addSong(QStringLiteral("Loose 2"), QString(), 0);
+    setModes(MP_AufList::ShuffleAlbums, false);
+    MP_AufList list;
+    const QStringList forward = walkForward(list);
+    EXPECT_EQ(forward.size(), 17);
+    EXPECT_EQ(QSet<QString>(forward.begin(), forward.end()).size(), 17);
+}
+
+TEST_F(MP_AufListAlbumTest, DatabaseChange_KeepsTheAlbumThatPlays)
+{
+    setModes(MP_AufList::ShuffleAlbums, false);
+    MP_AufList list(QString(), QString(), QString(), QString(), 2, 9, QStringLiteral("Delta"));
+    ASSERT_EQ(titleOf(list.getCurrent()), "Delta 1");
+    QSignalSpy updated(&list, SIGNAL(signalListUpdate(int, bool)));
+    addSong(QStringLiteral("Zulu 1"), QStringLiteral("Zulu"), 1);  // another album, elsewhere in the list
+    ASSERT_TRUE(waitUntil([&] { return updated.count() > 0; }, 3000));
+    EXPECT_EQ(titleOf(list.getCurrent()), "Delta 1");
+    const QStringList forward = walkForward(list);
+    EXPECT_EQ(forward.mid(0, 5), (QStringList{"Delta 1", "Delta 2", "Delta 3", "Delta 4", "Delta 5"}));
+    EXPECT_EQ(forward.size(), 16) << "then every other album once, the new one too";
+}
+
 TEST_F(MP_AufListAlbumTest, WithRepeat_KeepsPlayingThroughNewAlbumOrders)
 {
     setModes(MP_AufList::ShuffleAlbums, true);
