@@ -18,6 +18,5 @@ run_suite "$root/build"
 if [ "${1:-}" != "--quick" ]; then
   export ASAN_OPTIONS="detect_leaks=1:abort_on_error=1"
   export UBSAN_OPTIONS="print_stacktrace=1:halt_on_error=1"
-  export LSAN_OPTIONS="suppressions=$root/scripts/lsan.supp"
   run_suite "$root/build-sanitize" -DMP_SANITIZE=ON -DCMAKE_BUILD_TYPE=Debug
 fi
