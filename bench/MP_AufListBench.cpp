@@ -17,7 +17,7 @@
 #include <memory>
 
 #include "bench/SyntheticLibrary.h"
-#include "host/platform/MediaDatabase.h"
+#include "host/platform/media/MediaDatabase.h"
 #include "lists/MP_AufContext.h"
 #include "lists/MP_AufList.h"
 #include "platform/TraceLog.h"

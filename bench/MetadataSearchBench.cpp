@@ -21,7 +21,7 @@
 #include <vector>
 
 #include "bench/SyntheticLibrary.h"
-#include "host/platform/MediaDatabase.h"
+#include "host/platform/media/MediaDatabase.h"
 #include "platform/Metadata.h"
 
 namespace {

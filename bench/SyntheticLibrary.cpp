@@ -5,8 +5,8 @@
 
 #include <memory>
 
-#include "host/platform/MediaDatabase.h"
-#include "host/platform/SqliteTransaction.h"
+#include "host/platform/media/MediaDatabase.h"
+#include "host/platform/media/SqliteTransaction.h"
 
 namespace {
 QString wordAt(quint32 n)

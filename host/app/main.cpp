@@ -21,8 +21,8 @@
 #include "host/app/ScriptRunner.h"
 #include "host/app/TerminationSignals.h"
 #include "host/engine/HostEngine.h"
-#include "host/platform/HostDialogs.h"
-#include "host/platform/HostLaunchAction.h"
+#include "host/platform/toolkit/HostDialogs.h"
+#include "host/platform/services/HostLaunchAction.h"
 #include "platform/MP_CommonPlayer.h"
 #include "platform/TraceLog.h"
 

@@ -10,7 +10,7 @@
 
 #include <memory>
 
-#include "host/platform/MediaDatabase.h"
+#include "host/platform/media/MediaDatabase.h"
 #include "lists/MP_AufContext.h"
 #include "platform/QCopChannel.h"
 #include "platform/StreamEncoding.h"

@@ -5,10 +5,10 @@
 #include <QThread>
 
 #include "host/engine/HostEngineClock.h"
-#include "host/platform/HostDialogs.h"
+#include "host/platform/toolkit/HostDialogs.h"
 #include "host/platform/HostJournal.h"
-#include "host/platform/HostLaunchAction.h"
-#include "host/platform/HostPhone.h"
+#include "host/platform/services/HostLaunchAction.h"
+#include "host/platform/phone/HostPhone.h"
 
 void TestEnvironment::SetUp()
 {

@@ -1,0 +1,125 @@
+#pragma once
+// The host media-metadata database: one SQLite connection to one file, with
+// the media objects, the groups and their ordered members, and the searches
+// the metadata functions answer. Writes commit at once unless the caller holds
+// a transaction (beginTransaction) around them.
+
+#include <QList>
+#include <QSet>
+#include <QString>
+#include <QStringList>
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <unordered_map>
+#include <vector>
+
+#include "host/platform/media/MediaChanges.h"
+#include "host/platform/media/MediaGroup.h"
+#include "host/platform/media/MediaLastPlayedList.h"
+#include "host/platform/media/MediaRecord.h"
+#include "host/platform/media/MediaResultCache.h"
+#include "host/platform/media/MediaSearchResult.h"
+
+struct sqlite3;
+class MediaSearchPlan;
+class SqliteStatement;
+class SqliteTransaction;
+
+/** A stored file as the scanner compares it with the disk. */
+struct MediaFileStamp {
+    quint32 id = 0;
+    QString path;
+    qint64 fileSize = 0;
+    qint64 fileModified = 0;
+};
+
+class MediaDatabase {
+public:
+    /** The database file in the data folder (read anew at every call). */
+    static QString defaultFile();
+    /** Opens @p file, creating it and its tables when absent and upgrading an older
+     *  schema; null when that fails (the reason goes to the trace). */
+    static std::unique_ptr<MediaDatabase> open(const QString& file);
+    ~MediaDatabase();
+    MediaDatabase(const MediaDatabase&) = delete;
+    MediaDatabase& operator=(const MediaDatabase&) = delete;
+
+    QString fileName() const { return m_fileName; }
+    /** A transaction over this connection; changes roll back unless it is committed. */
+    std::unique_ptr<SqliteTransaction> beginTransaction();
+    /** Whether this connection holds a transaction (its changes are not committed yet). */
+    bool isInTransaction() const;
+
+    // Media objects
+    /** Stores a new object (its id is ignored); returns the new id, 0 on failure
+     *  (for instance when the path is already stored). */
+    quint32 addMedia(const MediaRecord& record);
+    /** Rewrites the object with the record's id; false when there is none. */
+    bool updateMedia(const MediaRecord& record);
+    /** Removes an object and its group memberships; false when there was none. */
+    bool removeMedia(quint32 id);
+    std::optional<MediaRecord> mediaById(quint32 id);
+    std::optional<MediaRecord> mediaByPath(const QString& path);
+    /** The stored objects whose path lies inside @p folder, with their file stamps. */
+    QList<MediaFileStamp> mediaUnder(const QString& folder);
+    int mediaCount();
+    /** The paths of the objects @p ids, in that order; ids not stored are left out. */
+    /** The distinct folders of the objects' files; stops reading, and answers nothing,
+     *  once there are more than @p limit, so a list over a whole library costs little. */
+    std::optional<QSet<QString>> foldersOf(const std::vector<quint32>& ids, int limit);
+
+    // Groups
+    /** Creates a group; returns its id (never 2 or 3, the history groups), 0 on failure. */
+    quint32 addGroup(MetadataGroupType type, const QString& name, const QString& source = QString());
+    /** Removes a group with its member list; the history groups stay. */
+    bool removeGroup(quint32 id);
+    std::optional<MediaGroup> groupById(quint32 id);
+    std::optional<MediaGroup> groupBySource(const QString& source);
+    /** The groups imported from play-list files inside @p folder. */
+    QList<MediaGroup> groupsWithSourceUnder(const QString& folder);
+    /** Object ids of a group's members in their order. */
+    QList<quint32> groupMembers(quint32 groupId);
+    /** Replaces a group's members with @p mediaIds in that order. */
+    bool setGroupMembers(quint32 groupId, const QList<quint32>& mediaIds);
+
+    // Searching
+    /** The total of @p plan and its window; nothing when the database failed. */
+    std::optional<MediaSearchResult> search(const MediaSearchPlan& plan);
+    /** The whole ordered result of @p plan (kept for repeated windows); null on failure. */
+    std::shared_ptr<const MediaOrderedResult> orderedResult(const MediaSearchPlan& plan);
+
+    // Changes (written by triggers, whoever the writer is)
+    /** Where the database stands now; compare with an earlier stamp to learn cheaply
+     *  whether anything was committed since. */
+    MediaCommitStamp commitStamp();
+    /** The number of the newest change; nothing when the database failed. */
+    std::optional<qint64> latestChange();
+    /** The media and groups changed after change number @p sequence (all of them in one
+     *  snapshot); nothing when the database failed. */
+    std::optional<MediaChanges> changesSince(qint64 sequence);
+
+    // The last-played list
+    /** The stored last-played list; nothing when none is stored or the database failed. */
+    std::optional<MediaLastPlayedList> lastPlayedList();
+    /** Stores @p list in place of any earlier one. */
+    bool setLastPlayedList(const MediaLastPlayedList& list);
+
+private:
+    MediaDatabase(sqlite3* db, const QString& fileName);
+    /** A statement prepared once per connection and reset after each use. */
+    SqliteStatement& statement(const char* sql);
+    std::optional<MediaRecord> readMedia(SqliteStatement& query);
+    static void bindMedia(SqliteStatement& query, const MediaRecord& record);
+    std::optional<MediaGroup> readGroup(SqliteStatement& query);
+    std::shared_ptr<const MediaOrderedResult> loadOrderedResult(const MediaSearchPlan& plan);
+    bool fillWindow(const MediaSearchPlan& plan, const MediaOrderedResult& ordered, MediaSearchResult& result);
+    void validateCache();
+
+    sqlite3* m_db;
+    QString m_fileName;
+    std::unordered_map<const char*, std::unique_ptr<SqliteStatement>> m_statements;  // by SQL literal
+    std::map<QByteArray, std::unique_ptr<SqliteStatement>> m_searchStatements;       // by built SQL
+    MediaResultCache m_cache;
+};

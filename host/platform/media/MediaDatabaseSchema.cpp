@@ -1,0 +1,194 @@
+#include "host/platform/media/MediaDatabaseSchema.h"
+
+#include <sqlite3.h>
+
+#include <QByteArray>
+
+#include <iterator>
+
+#include "host/platform/media/MetadataLog.h"
+#include "host/platform/media/SqliteTransaction.h"
+
+namespace {
+
+// Step n brings a database from version n-1 to version n. Steps are never
+// edited once released; a change of the schema is a new step.
+const char* const kSteps[] = {
+    // 1: media objects, groups with ordered members, the last-played list and song.
+    R"sql(
+    CREATE TABLE media (
+        id INTEGER PRIMARY KEY AUTOINCREMENT,     -- never reused: an id names one object for good
+        path TEXT NOT NULL UNIQUE,
+        kind INTEGER NOT NULL,                    -- 1 audio, 2 video
+        title TEXT NOT NULL DEFAULT '',
+        title_key TEXT NOT NULL DEFAULT '',       -- folded for ordering (MediaSortKey)
+        artist TEXT NOT NULL DEFAULT '',
+        album TEXT NOT NULL DEFAULT '',
+        album_key TEXT NOT NULL DEFAULT '',
+        genre TEXT NOT NULL DEFAULT '',
+        composer TEXT NOT NULL DEFAULT '',
+        track INTEGER NOT NULL DEFAULT 0,
+        date TEXT NOT NULL DEFAULT '',            -- yyyy-MM-dd or its known part
+        storage INTEGER NOT NULL DEFAULT 0,       -- 0 phone memory, 1 memory card
+        created_by INTEGER NOT NULL DEFAULT -1,   -- 0 captured, 1 downloaded, -1 none
+        buy INTEGER NOT NULL DEFAULT 0,
+        file_size INTEGER NOT NULL DEFAULT 0,
+        file_modified INTEGER NOT NULL DEFAULT 0  -- ms since the epoch
+    );
+    CREATE INDEX media_by_title ON media(kind, title_key);
+    CREATE INDEX media_by_album ON media(kind, album_key, album);
+    CREATE INDEX media_by_album_track ON media(kind, album, track, title_key);
+    CREATE INDEX media_by_artist ON media(kind, artist, title_key);
+    CREATE INDEX media_by_genre ON media(kind, genre, title_key);
+    CREATE INDEX media_by_composer ON media(kind, composer, title_key);
+    CREATE INDEX media_by_date ON media(kind, date);
+
+    CREATE TABLE groups (
+        id INTEGER PRIMARY KEY AUTOINCREMENT,
+        type INTEGER NOT NULL,                    -- 0 user play list, 2 play history
+        name TEXT NOT NULL,
+        source TEXT UNIQUE                        -- the play-list file it came from, if any
+    );
+    INSERT INTO groups (id, type, name) VALUES (2, 2, 'Audio history'), (3, 2, 'Video history');
+
+    CREATE TABLE group_members (
+        group_id INTEGER NOT NULL REFERENCES groups(id) ON DELETE CASCADE,
+        position INTEGER NOT NULL,
+        media_id INTEGER NOT NULL REFERENCES media(id) ON DELETE CASCADE,
+        PRIMARY KEY (group_id, position)
+    ) WITHOUT ROWID;
+    CREATE INDEX group_members_by_media ON group_members(media_id);
+
+    CREATE TABLE last_played_list (
+        slot INTEGER PRIMARY KEY CHECK (slot = 1),
+        list_type INTEGER NOT NULL,
+        artist TEXT,
+        album TEXT,
+        composer TEXT,
+        genre TEXT,
+        group_id INTEGER NOT NULL,
+        storage INTEGER NOT NULL,
+        first_index INTEGER NOT NULL
+    );
+    CREATE TABLE last_played_song (
+        slot INTEGER PRIMARY KEY CHECK (slot = 1),
+        path TEXT NOT NULL,
+        list_position INTEGER NOT NULL
+    );
+    )sql",
+
+    // 2: the change log behind the change indications. Triggers write it, so
+    // every writer is seen, whatever program it is (the application, mp-scan,
+    // the sqlite3 shell). It holds one row per subject with the sequence
+    // number of the subject's latest change: a reader announces the subjects
+    // that moved past the last number it saw, a scan of thousands of files is
+    // one row, and the table stays as small as the number of groups.
+    // No statement here can meet a constraint conflict: a trigger statement
+    // takes the conflict policy of the statement that fired it, so an
+    // "INSERT OR ROLLBACK" in the shell must not turn into a failure here.
+    R"sql(
+    CREATE TABLE change_log (
+        subject INTEGER PRIMARY KEY,              -- 0 the media objects, else the id of a group
+        seq INTEGER NOT NULL                      -- the number of the subject's latest change
+    );
+    CREATE INDEX change_log_by_seq ON change_log(seq);
+    INSERT INTO change_log (subject, seq) VALUES (0, 0);
+
+    CREATE TRIGGER media_inserted AFTER INSERT ON media BEGIN
+        UPDATE change_log SET seq = (SELECT max(seq) FROM change_log) + 1 WHERE subject = 0;
+    END;
+    CREATE TRIGGER media_updated AFTER UPDATE ON media BEGIN
+        UPDATE change_log SET seq = (SELECT max(seq) FROM change_log) + 1 WHERE subject = 0;
+    END;
+    CREATE TRIGGER media_deleted AFTER DELETE ON media BEGIN
+        UPDATE change_log SET seq = (SELECT max(seq) FROM change_log) + 1 WHERE subject = 0;
+    END;
+
+    CREATE TRIGGER group_member_inserted AFTER INSERT ON group_members BEGIN
+        INSERT INTO change_log (subject, seq) SELECT NEW.group_id, 0
+            WHERE NOT EXISTS (SELECT 1 FROM change_log WHERE subject = NEW.group_id);
+        UPDATE change_log SET seq = (SELECT max(seq) FROM change_log) + 1 WHERE subject = NEW.group_id;
+    END;
+    CREATE TRIGGER group_member_updated AFTER UPDATE ON group_members BEGIN
+        INSERT INTO change_log (subject, seq) SELECT NEW.group_id, 0
+            WHERE NOT EXISTS (SELECT 1 FROM change_log WHERE subject = NEW.group_id);
+        INSERT INTO change_log (subject, seq) SELECT OLD.group_id, 0
+            WHERE NOT EXISTS (SELECT 1 FROM change_log WHERE subject = OLD.group_id);
+        UPDATE change_log SET seq = (SELECT max(seq) FROM change_log) + 1
+            WHERE subject IN (OLD.group_id, NEW.group_id);
+    END;
+    CREATE TRIGGER group_member_deleted AFTER DELETE ON group_members BEGIN
+        INSERT INTO change_log (subject, seq) SELECT OLD.group_id, 0
+            WHERE NOT EXISTS (SELECT 1 FROM change_log WHERE subject = OLD.group_id);
+        UPDATE change_log SET seq = (SELECT max(seq) FROM change_log) + 1 WHERE subject = OLD.group_id;
+    END;
+    -- A deleted group keeps its row so that readers can announce the deletion.
+    -- Only the newest 256 such rows stay: a reader looks several times a
+    -- second, so only a bulk deletion of more groups than that (in the shell)
+    -- can take an announcement away before it was read.
+    CREATE TRIGGER group_deleted AFTER DELETE ON groups BEGIN
+        INSERT INTO change_log (subject, seq) SELECT OLD.id, 0
+            WHERE NOT EXISTS (SELECT 1 FROM change_log WHERE subject = OLD.id);
+        UPDATE change_log SET seq = (SELECT max(seq) FROM change_log) + 1 WHERE subject = OLD.id;
+        DELETE FROM change_log WHERE subject IN (
+            SELECT c.subject FROM change_log c
+            WHERE c.subject <> 0 AND NOT EXISTS (SELECT 1 FROM groups g WHERE g.id = c.subject)
+            ORDER BY c.seq DESC LIMIT -1 OFFSET 256);
+    END;
+    )sql",
+};
+
+bool runStep(sqlite3* db, int version)
+{
+    SqliteTransaction transaction(db);
+    if (!transaction.isActive())
+        return false;
+    // Another process may have run the step while this one waited for the lock.
+    if (MediaDatabaseSchema::versionOf(db) >= version)
+        return true;
+    char* message = nullptr;
+    if (sqlite3_exec(db, kSteps[version - 1], nullptr, nullptr, &message) != SQLITE_OK) {
+        qCWarning(lcMetadata) << "schema step" << version << "failed:" << message;
+        sqlite3_free(message);
+        return false;
+    }
+    const QByteArray setVersion = "PRAGMA user_version = " + QByteArray::number(version);
+    if (sqlite3_exec(db, setVersion.constData(), nullptr, nullptr, nullptr) != SQLITE_OK)
+        return false;
+    return transaction.commit();
+}
+
+} // namespace
+
+int MediaDatabaseSchema::currentVersion()
+{
+    return int(std::size(kSteps));
+}
+
+int MediaDatabaseSchema::versionOf(sqlite3* db)
+{
+    sqlite3_stmt* statement = nullptr;
+    int version = -1;
+    if (sqlite3_prepare_v2(db, "PRAGMA user_version", -1, &statement, nullptr) == SQLITE_OK
+        && sqlite3_step(statement) == SQLITE_ROW)
+        version = sqlite3_column_int(statement, 0);
+    sqlite3_finalize(statement);
+    return version;
+}
+
+bool MediaDatabaseSchema::upgrade(sqlite3* db)
+{
+    const int version = versionOf(db);
+    if (version < 0)
+        return false;
+    if (version > currentVersion()) {
+        qCWarning(lcMetadata) << "database version" << version << "is newer than this program's"
+                              << currentVersion();
+        return false;
+    }
+    for (int next = version + 1; next <= currentVersion(); ++next) {
+        if (!runStep(db, next))
+            return false;
+    }
+    return true;
+}

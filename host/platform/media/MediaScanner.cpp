@@ -1,0 +1,309 @@
+#include "host/platform/media/MediaScanner.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QFileInfo>
+#include <QSet>
+#include <QStringDecoder>
+#include <QUrl>
+
+#include <memory>
+
+#include "host/platform/phone/HostStorage.h"
+#include "host/platform/media/MediaDatabase.h"
+#include "host/platform/media/MediaTagReader.h"
+#include "host/platform/media/SqliteTransaction.h"
+#include "platform/UTIL_MimeType.h"
+
+namespace {
+
+// Files read between two commits of a folder scan: the work of an interrupted
+// scan is mostly kept, and the application is never kept waiting long to write.
+constexpr int kFilesPerCommit = 100;
+
+QString cleanAbsolutePath(const QString& path)
+{
+    return QDir::cleanPath(QFileInfo(path).absoluteFilePath());
+}
+
+qint64 modificationTimeOf(const QFileInfo& info)
+{
+    return info.lastModified().toMSecsSinceEpoch();
+}
+
+// A play list is UTF-8 when it says so (.m3u8) or decodes as such; older
+// ones are Latin-1.
+QString decodePlayList(const QByteArray& bytes)
+{
+    QStringDecoder utf8(QStringDecoder::Utf8);
+    const QString text = utf8(bytes);
+    return utf8.hasError() ? QString::fromLatin1(bytes) : text;
+}
+
+} // namespace
+
+QString MediaScanSummary::text() const
+{
+    return QStringLiteral("%1 added, %2 updated, %3 removed, %4 unchanged, %5 skipped; play lists: %6 imported, %7 removed")
+        .arg(added)
+        .arg(updated)
+        .arg(removed)
+        .arg(unchanged)
+        .arg(skipped)
+        .arg(playListsImported)
+        .arg(playListsRemoved);
+}
+
+MediaScanner::MediaScanner(MediaDatabase& database) : m_database(database) {}
+
+std::optional<MediaKind> MediaScanner::mediaKindOf(const QString& path)
+{
+    if (UTIL_MimeType::isAudio(path))
+        return MediaKind::Audio;
+    if (UTIL_MimeType::isVideo(path))
+        return MediaKind::Video;
+    return std::nullopt;
+}
+
+bool MediaScanner::isPlayList(const QString& path)
+{
+    const QString extension = QFileInfo(path).suffix().toLower();
+    return extension == QLatin1String("m3u") || extension == QLatin1String("m3u8");
+}
+
+int MediaScanner::createdByOf(const QString& path)
+{
+    const QStringList folders = QFileInfo(path).absolutePath().split(QLatin1Char('/'), Qt::SkipEmptyParts);
+    for (auto folder = folders.crbegin(); folder != folders.crend(); ++folder) {
+        if (*folder == QLatin1String("Captured"))
+            return METADATA_CREATED_CAPTURED;
+        if (*folder == QLatin1String("Downloads"))
+            return METADATA_CREATED_DOWNLOADED;
+    }
+    return -1;
+}
+
+void MediaScanner::report(const QString& message) const
+{
+    if (m_onMessage)
+        m_onMessage(message);
+}
+
+bool MediaScanner::isReadable(const QString& path)
+{
+    const QFileInfo info(path);
+    if (!info.exists()) {
+        report(QStringLiteral("cannot read %1: it does not exist (a broken link?); skipped").arg(path));
+        return false;
+    }
+    // A pipe or a device would block the reader or never end.
+    if (!info.isFile()) {
+        report(QStringLiteral("cannot read %1: not a regular file; skipped").arg(path));
+        return false;
+    }
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        report(QStringLiteral("cannot read %1: %2; skipped").arg(path, file.errorString()));
+        return false;
+    }
+    return true;
+}
+
+MediaRecord MediaScanner::recordOf(const QString& path, MediaKind kind) const
+{
+    const QFileInfo info(path);
+    const MediaTags tags = MediaTagReader::read(path);
+    MediaRecord record;
+    record.path = path;
+    record.kind = kind;
+    record.title = tags.title.isEmpty() ? info.completeBaseName() : tags.title;
+    record.artist = tags.artist;
+    record.album = tags.album;
+    record.genre = tags.genre;
+    record.composer = tags.composer;
+    record.track = tags.track;
+    // Without a date tag (a recording, a captured video) the day the file was
+    // made stands in, so that a selection by date finds it.
+    record.date = tags.date.isEmpty() ? info.lastModified().toString(QStringLiteral("yyyy-MM-dd")) : tags.date;
+    record.storage = HostStorage::storageOf(path);
+    record.createdBy = createdByOf(path);
+    record.fileSize = info.size();
+    record.fileModified = modificationTimeOf(info);
+    return record;
+}
+
+MediaScanner::FileOutcome MediaScanner::scanFile(const QString& path)
+{
+    const QString file = cleanAbsolutePath(path);
+    std::optional<MediaFileStamp> stored;
+    if (const std::optional<MediaRecord> record = m_database.mediaByPath(file))
+        stored = MediaFileStamp{record->id, record->path, record->fileSize, record->fileModified};
+    return scanFile(file, stored);
+}
+
+MediaScanner::FileOutcome MediaScanner::scanFile(const QString& path, const std::optional<MediaFileStamp>& stored)
+{
+    const std::optional<MediaKind> kind = mediaKindOf(path);
+    if (!kind)
+        return FileOutcome::NotMedia;
+    if (!isReadable(path))
+        return FileOutcome::Skipped;
+    const QFileInfo info(path);
+    if (stored && stored->fileSize == info.size() && stored->fileModified == modificationTimeOf(info))
+        return FileOutcome::Unchanged;
+
+    MediaRecord record = recordOf(path, *kind);
+    if (stored) {
+        record.id = stored->id;
+        // The buy flag is the user's, not the file's.
+        if (const std::optional<MediaRecord> previous = m_database.mediaById(stored->id))
+            record.buy = previous->buy;
+        if (m_database.updateMedia(record))
+            return FileOutcome::Updated;
+    } else if (m_database.addMedia(record) != 0) {
+        return FileOutcome::Added;
+    }
+    report(QStringLiteral("cannot store %1 in the database; skipped").arg(path));
+    return FileOutcome::Skipped;
+}
+
+bool MediaScanner::removeFile(const QString& path)
+{
+    const std::optional<MediaRecord> record = m_database.mediaByPath(cleanAbsolutePath(path));
+    return record && m_database.removeMedia(record->id);
+}
+
+std::optional<quint32> MediaScanner::playListEntryId(const QString& entry, const QString& playList)
+{
+    QString path = entry;
+    if (entry.startsWith(QLatin1String("file:")))
+        path = QUrl(entry).toLocalFile();
+    else if (entry.contains(QLatin1String("://")))
+        return std::nullopt;  // a stream is no media object
+    path = QDir::cleanPath(QFileInfo(playList).dir().absoluteFilePath(path));
+
+    for (const QString& candidate : {path, QFileInfo(path).canonicalFilePath()}) {
+        if (candidate.isEmpty())
+            continue;
+        if (const std::optional<MediaRecord> record = m_database.mediaByPath(candidate))
+            return record->id;
+    }
+    // An entry outside the scanned folders is read now, if it is a media file.
+    if (QFileInfo(path).isFile()) {
+        const FileOutcome outcome = scanFile(path);
+        if (outcome == FileOutcome::Added || outcome == FileOutcome::Updated || outcome == FileOutcome::Unchanged) {
+            if (const std::optional<MediaRecord> record = m_database.mediaByPath(path))
+                return record->id;
+        }
+    }
+    report(QStringLiteral("play list %1: no media file %2; entry left out").arg(playList, entry));
+    return std::nullopt;
+}
+
+bool MediaScanner::importPlayList(const QString& path)
+{
+    const QString playList = cleanAbsolutePath(path);
+    QFile file(playList);
+    if (!file.open(QIODevice::ReadOnly)) {
+        report(QStringLiteral("cannot read play list %1: %2; skipped").arg(playList, file.errorString()));
+        return false;
+    }
+    QString text = decodePlayList(file.readAll());
+    if (text.startsWith(QChar(0xFEFF)))
+        text.remove(0, 1);
+
+    QList<quint32> members;
+    for (const QString& rawLine : text.split(QLatin1Char('\n'))) {
+        const QString line = rawLine.trimmed();
+        if (line.isEmpty() || line.startsWith(QLatin1Char('#')))
+            continue;
+        if (const std::optional<quint32> id = playListEntryId(line, playList))
+            members.append(*id);
+    }
+
+    // The group keeps its id across imports: the last-played list may name it.
+    const std::unique_ptr<SqliteTransaction> transaction = m_database.beginTransaction();
+    const std::optional<MediaGroup> group = m_database.groupBySource(playList);
+    if (group && m_database.groupMembers(group->id) == members)
+        return false;
+    const quint32 groupId =
+        group ? group->id : m_database.addGroup(METADATA_GROUP_USER, QFileInfo(playList).completeBaseName(), playList);
+    return groupId != 0 && m_database.setGroupMembers(groupId, members) && transaction->commit();
+}
+
+MediaScanSummary MediaScanner::scanFolders(const QStringList& folders)
+{
+    MediaScanSummary summary;
+    for (const QString& folder : folders) {
+        const QFileInfo info(folder);
+        if (!info.isDir()) {
+            report(QStringLiteral("%1 is not a folder").arg(folder));
+            ++summary.missingFolders;
+            continue;
+        }
+        scanFolder(info.canonicalFilePath(), summary);
+    }
+    return summary;
+}
+
+void MediaScanner::scanFolder(const QString& folder, MediaScanSummary& summary)
+{
+    QStringList mediaFiles;
+    QStringList playLists;
+    // System entries too: a broken link is reported as unreadable rather than
+    // passed over in silence.
+    QDirIterator files(folder, QDir::Files | QDir::System | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        const QString path = files.next();
+        if (mediaKindOf(path))
+            mediaFiles.append(path);
+        else if (isPlayList(path))
+            playLists.append(path);
+    }
+    mediaFiles.sort();
+    playLists.sort();
+
+    QHash<QString, MediaFileStamp> stored;
+    for (const MediaFileStamp& stamp : m_database.mediaUnder(folder))
+        stored.insert(stamp.path, stamp);
+
+    std::unique_ptr<SqliteTransaction> batch = m_database.beginTransaction();
+    for (int i = 0; i < mediaFiles.size(); ++i) {
+        const auto found = stored.constFind(mediaFiles[i]);
+        const std::optional<MediaFileStamp> stamp =
+            found == stored.constEnd() ? std::nullopt : std::optional<MediaFileStamp>(*found);
+        switch (scanFile(mediaFiles[i], stamp)) {
+        case FileOutcome::Added: ++summary.added; break;
+        case FileOutcome::Updated: ++summary.updated; break;
+        case FileOutcome::Unchanged: ++summary.unchanged; break;
+        case FileOutcome::Skipped: ++summary.skipped; break;
+        case FileOutcome::NotMedia: break;
+        }
+        if ((i + 1) % kFilesPerCommit == 0) {
+            batch->commit();
+            batch = m_database.beginTransaction();
+        }
+        if (m_onProgress)
+            m_onProgress(i + 1, int(mediaFiles.size()));
+    }
+
+    const QSet<QString> seen(mediaFiles.cbegin(), mediaFiles.cend());
+    for (const MediaFileStamp& stamp : std::as_const(stored)) {
+        if (!seen.contains(stamp.path) && !QFileInfo::exists(stamp.path) && m_database.removeMedia(stamp.id))
+            ++summary.removed;
+    }
+
+    for (const QString& playList : std::as_const(playLists)) {
+        if (importPlayList(playList))
+            ++summary.playListsImported;
+    }
+    const QSet<QString> playListSet(playLists.cbegin(), playLists.cend());
+    for (const MediaGroup& group : m_database.groupsWithSourceUnder(folder)) {
+        if (!playListSet.contains(group.source) && !QFileInfo::exists(group.source)
+            && m_database.removeGroup(group.id))
+            ++summary.playListsRemoved;
+    }
+    batch->commit();
+}

@@ -1,0 +1,340 @@
+#include "host/platform/media/MediaSearchPlan.h"
+
+#include <cstring>
+
+#include "host/platform/phone/HostStorage.h"
+#include "host/platform/media/SqliteStatement.h"
+
+namespace {
+
+// A text value is its UTF-8 bytes followed by the NUL that its length counts.
+std::optional<QByteArray> textValue(const MetadataSearchFilter& filter)
+{
+    if (!filter.value || filter.valueLength == 0)
+        return std::nullopt;
+    const auto* bytes = static_cast<const char*>(filter.value);
+    if (bytes[filter.valueLength - 1] != '\0')
+        return std::nullopt;
+    return QByteArray(bytes, int(qstrnlen(bytes, filter.valueLength - 1)));
+}
+
+std::optional<qint64> integerValue(const MetadataSearchFilter& filter)
+{
+    uint32_t value = 0;
+    if (!filter.value || filter.valueLength != sizeof value)
+        return std::nullopt;
+    std::memcpy(&value, filter.value, sizeof value);
+    return qint64(value);
+}
+
+const char* textColumnOf(MetadataSearchFilterType type)
+{
+    switch (type) {
+    case METADATA_FILTER_FILE_PATH: return "m.path";
+    case METADATA_FILTER_ARTIST: return "m.artist";
+    case METADATA_FILTER_COMPOSER: return "m.composer";
+    case METADATA_FILTER_GENRE: return "m.genre";
+    case METADATA_FILTER_ALBUM: return "m.album";
+    default: return nullptr;
+    }
+}
+
+// The columns of one sort key, most significant first.
+QList<QByteArray> sortColumnsOf(MetadataSortKey key)
+{
+    switch (key) {
+    case METADATA_SORT_TITLE: return {"m.title_key"};
+    case METADATA_SORT_ALBUM: return {"m.album_key", "m.album"};
+    case METADATA_SORT_TRACK: return {"m.track", "m.title_key"};
+    case METADATA_SORT_DATE: return {"m.date"};
+    case METADATA_SORT_GROUP_POSITION: return {"gm.position"};
+    }
+    return {};
+}
+
+bool isKnownSortKey(uint32_t key)
+{
+    return !sortColumnsOf(MetadataSortKey(key)).isEmpty();
+}
+
+bool isKnownCandidate(uint32_t type)
+{
+    return type == METADATA_CANDIDATE_OBJECT_ID || type == METADATA_CANDIDATE_FULL_PATH
+           || type == METADATA_CANDIDATE_ALBUM;
+}
+
+const char* directionOf(MetadataSortDirection direction)
+{
+    return direction == METADATA_SORT_DESCENDING ? " DESC" : " ASC";
+}
+
+} // namespace
+
+std::optional<MediaSearchPlan> MediaSearchPlan::read(const MetadataSearchMediaRequest& request, int storageCount,
+                                                     QString* error)
+{
+    MediaSearchPlan plan;
+    if (request.resultCount < 0 || request.firstIndex < 0) {
+        *error = QStringLiteral("negative window (first %1, count %2)").arg(request.firstIndex).arg(request.resultCount);
+        return std::nullopt;
+    }
+    plan.m_firstIndex = request.firstIndex;
+    plan.m_resultCount = request.resultCount;
+    if (!plan.readListType(request, error) || !plan.readFilters(request, error) || !plan.readSort(request, error)
+        || !plan.readCandidates(request, error))
+        return std::nullopt;
+    plan.readStorage(request, storageCount);
+    plan.buildSql();
+    return plan;
+}
+
+bool MediaSearchPlan::readListType(const MetadataSearchMediaRequest& request, QString* error)
+{
+    if (request.listTypeCount != 1 || !request.listTypes) {
+        *error = QStringLiteral("expects exactly one list type, got %1%2")
+                     .arg(request.listTypeCount)
+                     .arg(request.listTypes ? "" : " and no list-type array");
+        return false;
+    }
+    m_listType = request.listTypes[0];
+    switch (m_listType) {
+    case METADATA_LIST_MUSIC:
+    case METADATA_LIST_VIDEO:
+    case METADATA_LIST_USER_GROUP:
+    case METADATA_LIST_HISTORY_GROUP:
+        return true;
+    }
+    *error = QStringLiteral("unknown list type %1").arg(uint32_t(m_listType));
+    return false;
+}
+
+bool MediaSearchPlan::readFilters(const MetadataSearchMediaRequest& request, QString* error)
+{
+    if (request.filterCount > 0 && !request.filters) {
+        *error = QStringLiteral("%1 filters but no filter array").arg(request.filterCount);
+        return false;
+    }
+    for (uint32_t i = 0; i < request.filterCount; ++i) {
+        if (!readFilter(request.filters[i], error))
+            return false;
+    }
+    if (isGroupList() && !m_groupId) {
+        *error = QStringLiteral("list type %1 needs a group-id filter").arg(uint32_t(m_listType));
+        return false;
+    }
+    return true;
+}
+
+bool MediaSearchPlan::readFilter(const MetadataSearchFilter& filter, QString* error)
+{
+    const bool isEqual = filter.op == METADATA_OPERATOR_EQUAL;
+    if (!isEqual && filter.op != METADATA_OPERATOR_ANY) {
+        *error = QStringLiteral("unknown operator %1 in filter type %2").arg(uint32_t(filter.op)).arg(uint32_t(filter.type));
+        return false;
+    }
+    const bool takesAny = filter.type == METADATA_FILTER_FILE_PATH || filter.type == METADATA_FILTER_ALBUM;
+    if (!isEqual) {
+        // "Any" means every entry for the path and the grouping column for the
+        // album; it restricts nothing and carries no value.
+        if (!takesAny || filter.value || filter.valueLength) {
+            *error = QStringLiteral("operator 2 with filter type %1 %2")
+                         .arg(uint32_t(filter.type))
+                         .arg(takesAny ? "takes no value" : "is not supported");
+            return false;
+        }
+        return true;
+    }
+    switch (filter.type) {
+    case METADATA_FILTER_FILE_PATH:
+    case METADATA_FILTER_ARTIST:
+    case METADATA_FILTER_COMPOSER:
+    case METADATA_FILTER_GENRE:
+    case METADATA_FILTER_ALBUM:
+    case METADATA_FILTER_DATE: {
+        const std::optional<QByteArray> text = textValue(filter);
+        if (!text)
+            break;
+        if (filter.type == METADATA_FILTER_DATE)
+            addCondition("substr(m.date, 1, length(?)) = ?", {*text, *text});
+        else
+            addCondition(QByteArray(textColumnOf(filter.type)) + " = ?", {*text});
+        return true;
+    }
+    case METADATA_FILTER_CREATE_FLAG:
+    case METADATA_FILTER_GROUP_ID: {
+        const std::optional<qint64> number = integerValue(filter);
+        if (!number)
+            break;
+        if (filter.type == METADATA_FILTER_CREATE_FLAG)
+            addCondition("m.created_by = ?", {*number});
+        else if (isGroupList() && !m_groupId)
+            m_groupId = quint32(*number);
+        else
+            addCondition("EXISTS (SELECT 1 FROM group_members x WHERE x.group_id = ? AND x.media_id = m.id)",
+                         {*number});
+        return true;
+    }
+    default:
+        *error = QStringLiteral("unknown filter type %1").arg(uint32_t(filter.type));
+        return false;
+    }
+    *error = QStringLiteral("filter type %1 has no readable value (length %2%3)")
+                 .arg(uint32_t(filter.type))
+                 .arg(filter.valueLength)
+                 .arg(filter.value ? "" : ", null pointer");
+    return false;
+}
+
+bool MediaSearchPlan::readSort(const MetadataSearchMediaRequest& request, QString* error)
+{
+    if (request.sortCount > 0 && !request.sort) {
+        *error = QStringLiteral("%1 sort entries but no sort array").arg(request.sortCount);
+        return false;
+    }
+    for (uint32_t i = 0; i < request.sortCount; ++i) {
+        const MetadataSortEntry& entry = request.sort[i];
+        if (!isKnownSortKey(entry.key)) {
+            *error = QStringLiteral("unknown sort key %1").arg(uint32_t(entry.key));
+            return false;
+        }
+        if (entry.direction != METADATA_SORT_ASCENDING && entry.direction != METADATA_SORT_DESCENDING) {
+            *error = QStringLiteral("unknown sort direction %1").arg(uint32_t(entry.direction));
+            return false;
+        }
+        if (entry.key == METADATA_SORT_GROUP_POSITION && !isGroupList()) {
+            *error = QStringLiteral("sort key 11 needs a group list, not list type %1").arg(uint32_t(m_listType));
+            return false;
+        }
+        m_sort.append(entry);
+    }
+    return true;
+}
+
+bool MediaSearchPlan::readCandidates(const MetadataSearchMediaRequest& request, QString* error)
+{
+    if (request.groupingFlag > 1) {
+        *error = QStringLiteral("unknown grouping flag %1").arg(request.groupingFlag);
+        return false;
+    }
+    m_isGrouped = request.groupingFlag == 1;
+    if (request.candidateCount > 0 && !request.candidates) {
+        *error = QStringLiteral("%1 candidates but no candidate array").arg(request.candidateCount);
+        return false;
+    }
+    for (uint32_t i = 0; i < request.candidateCount; ++i) {
+        const MetadataSearchCandidateType type = request.candidates[i];
+        if (!isKnownCandidate(type)) {
+            *error = QStringLiteral("unknown candidate type %1").arg(uint32_t(type));
+            return false;
+        }
+        // Grouped results are album names; they have no id or path of their own.
+        if (m_isGrouped && type != METADATA_CANDIDATE_ALBUM) {
+            *error = QStringLiteral("candidate type %1 with the grouping flag").arg(uint32_t(type));
+            return false;
+        }
+        m_candidates.append(type);
+    }
+    return true;
+}
+
+void MediaSearchPlan::readStorage(const MetadataSearchMediaRequest& request, int storageCount)
+{
+    if (const std::optional<int> storage = HostStorage::selectedStorage(request.storageLocation, storageCount))
+        addCondition("m.storage = ?", {qint64(*storage)});
+}
+
+bool MediaSearchPlan::isGroupList() const
+{
+    return m_listType == METADATA_LIST_USER_GROUP || m_listType == METADATA_LIST_HISTORY_GROUP;
+}
+
+bool MediaSearchPlan::needsRowValues() const
+{
+    if (m_isGrouped)
+        return false;
+    for (const MetadataSearchCandidateType type : m_candidates) {
+        if (type != METADATA_CANDIDATE_OBJECT_ID)
+            return true;
+    }
+    return false;
+}
+
+void MediaSearchPlan::addCondition(const QByteArray& sql, const QList<Value>& values)
+{
+    m_conditions.append(Condition{sql, values});
+}
+
+void MediaSearchPlan::buildSql()
+{
+    if (isGroupList()) {
+        const qint64 groupType =
+            m_listType == METADATA_LIST_USER_GROUP ? METADATA_GROUP_USER : METADATA_GROUP_PLAY_HISTORY;
+        m_conditions.prepend(Condition{"g.type = ?", {groupType}});
+        m_conditions.prepend(Condition{"gm.group_id = ?", {qint64(*m_groupId)}});
+    } else {
+        const qint64 kind = m_listType == METADATA_LIST_VIDEO ? 2 : 1;
+        m_conditions.prepend(Condition{"m.kind = ?", {kind}});
+    }
+
+    m_sql = m_isGrouped ? "SELECT m.album" : "SELECT m.id";
+    m_sql += isGroupList() ? " FROM group_members gm JOIN groups g ON g.id = gm.group_id"
+                             " JOIN media m ON m.id = gm.media_id"
+                           : " FROM media m";
+    for (int i = 0; i < m_conditions.size(); ++i)
+        m_sql += (i == 0 ? " WHERE " : " AND ") + m_conditions[i].sql;
+
+    if (m_isGrouped) {
+        MetadataSortDirection direction = METADATA_SORT_ASCENDING;
+        for (const MetadataSortEntry& entry : m_sort) {
+            if (entry.key == METADATA_SORT_ALBUM) {
+                direction = entry.direction;
+                break;
+            }
+        }
+        const char* order = directionOf(direction);
+        m_sql += QByteArray(" GROUP BY m.album_key, m.album ORDER BY m.album_key") + order + ", m.album" + order;
+        return;
+    }
+
+    QList<QByteArray> order;
+    for (const MetadataSortEntry& entry : m_sort) {
+        for (const QByteArray& column : sortColumnsOf(entry.key))
+            order.append(column + directionOf(entry.direction));
+    }
+    // Ties break on the object id (and, for a group holding an object twice,
+    // on its place), so the order is total and every window is stable.
+    const char* tieDirection = directionOf(m_sort.isEmpty() ? METADATA_SORT_ASCENDING : m_sort.first().direction);
+    order.append(QByteArray("m.id") + tieDirection);
+    if (isGroupList())
+        order.append(QByteArray("gm.position") + tieDirection);
+    m_sql += " ORDER BY " + order.join(", ");
+}
+
+void MediaSearchPlan::bindTo(SqliteStatement& statement) const
+{
+    int index = 1;
+    for (const Condition& condition : m_conditions) {
+        for (const Value& value : condition.values) {
+            if (const qint64* number = std::get_if<qint64>(&value))
+                statement.bind(index++, *number);
+            else
+                statement.bindUtf8(index++, std::get<QByteArray>(value));
+        }
+    }
+}
+
+QByteArray MediaSearchPlan::shapeKey() const
+{
+    QByteArray key = m_sql;
+    for (const Condition& condition : m_conditions) {
+        for (const Value& value : condition.values) {
+            if (const qint64* number = std::get_if<qint64>(&value)) {
+                key += "\ni" + QByteArray::number(*number);
+            } else {
+                const QByteArray& text = std::get<QByteArray>(value);
+                key += "\nt" + QByteArray::number(text.size()) + ':' + text;
+            }
+        }
+    }
+    return key;
+}

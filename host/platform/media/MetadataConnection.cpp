@@ -1,0 +1,118 @@
+#include "host/platform/media/MetadataConnection.h"
+
+#include <QCoreApplication>
+
+#include "host/platform/media/MediaDatabase.h"
+#include "host/platform/media/MediaFolderWatch.h"
+#include "host/platform/media/MetadataLog.h"
+#include "host/platform/media/MetadataClients.h"
+#include "host/platform/media/MetadataIndicationPoller.h"
+
+MetadataConnection::MetadataConnection(unsigned int handle, std::unique_ptr<MediaDatabase> database)
+    : m_handle(handle), m_database(std::move(database))
+{
+}
+
+MetadataConnection::~MetadataConnection()
+{
+    delete m_folderWatch.data();
+    // Possibly from inside the poller's own handler call: it goes when that returns.
+    if (m_poller)
+        m_poller->retire();
+}
+
+MediaDatabase* MetadataConnection::databaseOn(const QString& file)
+{
+    if (!m_database || m_database->fileName() != file)
+        m_database = MediaDatabase::open(file);
+    return m_database.get();
+}
+
+// ---------------------------------------------------------------------------
+// The backup
+
+bool MetadataConnection::backUp(const MediaSearchPlan& plan)
+{
+    m_backup.reset();
+    if (m_database)
+        m_backup = MediaBackup::take(*m_database, plan);
+    updateFolderWatch();
+    return m_backup.has_value();
+}
+
+std::optional<MediaBackupCheck> MetadataConnection::checkBackup(int position)
+{
+    if (!m_backup || !m_database)
+        return std::nullopt;
+    return m_backup->check(*m_database, position);
+}
+
+bool MetadataConnection::refreshBackup()
+{
+    if (!m_backup || !m_database || !m_backup->refresh(*m_database))
+        return false;
+    updateFolderWatch();
+    return true;
+}
+
+bool MetadataConnection::releaseBackup()
+{
+    const bool hadBackup = m_backup.has_value();
+    m_backup.reset();
+    updateFolderWatch();
+    return hadBackup;
+}
+
+// ---------------------------------------------------------------------------
+// Indications
+
+MetadataIndicationPoller& MetadataConnection::poller()
+{
+    if (!m_poller) {
+        const unsigned int handle = m_handle;
+        m_poller = new MetadataIndicationPoller([handle] { return MetadataClients::instance().database(handle); },
+                                                QCoreApplication::instance());
+    }
+    return *m_poller;
+}
+
+void MetadataConnection::setIndicationHandler(MetadataIndicationHandler handler, void* userData)
+{
+    poller().setHandler(handler, userData);
+}
+
+void MetadataConnection::registerIndications(const QList<unsigned short>& indications)
+{
+    poller().subscribe(indications);
+    updateFolderWatch();
+}
+
+void MetadataConnection::deregisterIndications()
+{
+    if (m_poller)
+        m_poller->cancel();
+    updateFolderWatch();
+}
+
+void MetadataConnection::updateFolderWatch()
+{
+    const bool isWanted = m_backup && m_database && m_poller && m_poller->isSubscribed();
+    if (!isWanted) {
+        delete m_folderWatch.data();
+        return;
+    }
+    if (!m_folderWatch) {
+        const unsigned int handle = m_handle;
+        m_folderWatch = new MediaFolderWatch([handle] { return MetadataClients::instance().database(handle); },
+                                             QCoreApplication::instance());
+    }
+    // A list over this many folders is most of a library: watching them all
+    // would spend more of the system's inotify watches than the host can
+    // spare, so such a list is not watched at all, and deletions there wait
+    // for the next scan.
+    const std::optional<QSet<QString>> folders =
+        m_database->foldersOf(m_backup->ids(), MediaFolderWatch::kMaxFolders);
+    if (!folders)
+        qCDebug(lcMetadata) << "more than" << MediaFolderWatch::kMaxFolders << "folders in the list: not watched";
+    m_folderWatch->watchFolders(folders.value_or(QSet<QString>()));
+}

@@ -1,0 +1,74 @@
+#include "host/platform/media/MetadataJournal.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+
+#include "host/platform/HostJournal.h"
+#include "host/platform/media/LastPlayedStore.h"
+
+namespace {
+
+const QString kMetadata = QStringLiteral("metadata");
+
+QJsonValue textOrNull(const std::optional<QString>& text)
+{
+    return text ? QJsonValue(*text) : QJsonValue(QJsonValue::Null);
+}
+
+QJsonObject itemOf(const MetadataGroupItem& item)
+{
+    return QJsonObject{
+        {"objectId", qint64(item.objectId)},
+        {"mediaKind", qint64(item.mediaKind)},
+        {"storageLocation", item.storageLocation},
+        {"createFlag", item.createFlag},
+        {"position", qint64(item.position)},
+        {"buyFlag", qint64(item.buyFlag)},
+        {"trackNumber", qint64(item.trackNumber)},
+    };
+}
+
+} // namespace
+
+void MetadataJournal::addItemsIntoGroup(const MetadataAddItemsRecord& record)
+{
+    QJsonArray items;
+    for (uint32_t i = 0; i < record.count; ++i)
+        items.append(itemOf(record.items[i]));
+    const QJsonObject args{{"groupId", qint64(record.groupId)}, {"count", qint64(record.count)}, {"items", items}};
+    HostJournal::call(kMetadata, QStringLiteral("metadataAddItemsIntoGroup"), {args});
+}
+
+void MetadataJournal::removeItemsFromGroup(const MetadataRemoveItemsRecord& record)
+{
+    QJsonArray positions;
+    for (uint32_t i = 0; i < record.count; ++i)
+        positions.append(qint64(record.positions[i]));
+    const QJsonObject args{{"groupId", qint64(record.groupId)},
+                           {"groupType", record.groupType},
+                           {"storageLocation", record.storageLocation},
+                           {"count", qint64(record.count)},
+                           {"positions", positions}};
+    HostJournal::call(kMetadata, QStringLiteral("metadataRemoveItemsFromGroup"), {args});
+}
+
+void MetadataJournal::saveLastPlayedList(const LastPlayedListRecord& record)
+{
+    const MediaLastPlayedList list = LastPlayedStore::listOf(record);
+    // The group id word reads -1 when the record was cleared: journaled as
+    // the signed word, so that a person reading the journal sees -1, not 4294967295.
+    const QJsonObject args{{"listType", list.listType},
+                           {"artist", textOrNull(list.artist)},
+                           {"album", textOrNull(list.album)},
+                           {"composer", textOrNull(list.composer)},
+                           {"genre", textOrNull(list.genre)},
+                           {"groupObjectId", int32_t(list.groupId)},
+                           {"storageLocation", list.storage},
+                           {"firstIndex", list.firstIndex}};
+    HostJournal::call(kMetadata, QStringLiteral("saveLastPlayedList"), {args});
+}
+
+void MetadataJournal::fileDeleted(const QString& path)
+{
+    HostJournal::call(QStringLiteral("file"), QStringLiteral("deleted"), {path});
+}

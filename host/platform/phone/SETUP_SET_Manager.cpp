@@ -1,0 +1,92 @@
+#include "platform/SETUP_SET_Manager.h"
+
+#include <QDir>
+#include <QJsonValue>
+#include <QLoggingCategory>
+#include <QSettings>
+
+#include "host/platform/HostDataDir.h"
+#include "host/platform/HostJournal.h"
+#include "host/platform/phone/HostPhone.h"
+
+Q_LOGGING_CATEGORY(lcSettings, "mp.host.settings")
+
+namespace {
+QString storePath(int appId)
+{
+    const QString dir = HostDataDir::file(QStringLiteral("settings"));
+    QDir().mkpath(dir);
+    return dir + QStringLiteral("/app-%1.ini").arg(appId);
+}
+
+QString settingsKey(const QString& group, const QString& key)
+{
+    return group + QLatin1Char('/') + key;
+}
+} // namespace
+
+SETUP_SET_Manager::SETUP_SET_Manager(int appId, bool readOnly)
+    : m_appId(appId), m_readOnly(readOnly), m_settings(new QSettings(storePath(appId), QSettings::IniFormat))
+{
+}
+
+SETUP_SET_Manager::~SETUP_SET_Manager()
+{
+    delete m_settings;
+}
+
+bool SETUP_SET_Manager::getSettingInfo(const QString& group, const QString& key, bool& value,
+                                       bool defaultValue) const
+{
+    const QVariant stored = m_settings->value(settingsKey(group, key));
+    value = stored.isValid() ? stored.toBool() : defaultValue;
+    return stored.isValid();
+}
+
+bool SETUP_SET_Manager::getSettingInfo(const QString& group, const QString& key, int& value,
+                                       int defaultValue) const
+{
+    const QVariant stored = m_settings->value(settingsKey(group, key));
+    bool isNumber = false;
+    const int number = stored.toInt(&isNumber);
+    value = isNumber ? number : defaultValue;
+    return isNumber;
+}
+
+bool SETUP_SET_Manager::setSettingInfo(const QString& group, const QString& key, bool value)
+{
+    return write(group, key, value);
+}
+
+bool SETUP_SET_Manager::setSettingInfo(const QString& group, const QString& key, int value)
+{
+    return write(group, key, value);
+}
+
+bool SETUP_SET_Manager::write(const QString& group, const QString& key, const QVariant& value)
+{
+    if (m_readOnly) {
+        qCWarning(lcSettings) << "SETUP_SET_Manager: store" << m_appId << "opened read-only; not writing" << key;
+        return false;
+    }
+    HostJournal::settings(m_appId, group, key, QJsonValue::fromVariant(value));
+    m_settings->setValue(settingsKey(group, key), value);
+    // QSettings saves through a temporary file and a rename, so a crash
+    // leaves either the old or the new file, never half of one.
+    m_settings->sync();
+    if (m_settings->status() != QSettings::NoError) {
+        qCWarning(lcSettings) << "SETUP_SET_Manager: cannot write" << m_settings->fileName();
+        return false;
+    }
+    return true;
+}
+
+bool SETUP_Utility::getFlexBit(int bit)
+{
+    return HostPhone::flexBit(bit);
+}
+
+QString getProfileItem(const QString& section, const QString& key)
+{
+    return HostPhone::profileItem(section, key);
+}

@@ -1,0 +1,56 @@
+#include "host/platform/toolkit/HostDialogs.h"
+
+#include <QList>
+#include <QMessageBox>
+
+#include "host/platform/HostJournal.h"
+
+namespace {
+
+struct DialogAnswers {
+    QList<int> queued;
+    bool interactive = false;
+};
+
+DialogAnswers& answers()
+{
+    static DialogAnswers state;
+    return state;
+}
+
+int askInWindow(HostDialogs::Kind kind, const QString& title, const QString& text)
+{
+    if (kind == HostDialogs::Kind::Notice) {
+        QMessageBox::information(nullptr, title, text);
+        return 1;
+    }
+    return QMessageBox::question(nullptr, title, text) == QMessageBox::Yes ? 1 : 0;
+}
+
+} // namespace
+
+void HostDialogs::queueAnswer(int answer)
+{
+    answers().queued.append(answer);
+}
+
+void HostDialogs::clearAnswers()
+{
+    answers().queued.clear();
+}
+
+void HostDialogs::setInteractive(bool interactive)
+{
+    answers().interactive = interactive;
+}
+
+int HostDialogs::run(Kind kind, const QString& className, int type, const QString& title, const QString& text)
+{
+    int answer = kind == Kind::Notice ? 1 : 0;
+    if (!answers().queued.isEmpty())
+        answer = answers().queued.takeFirst();
+    else if (answers().interactive)
+        answer = askInWindow(kind, title, text);
+    HostJournal::dialog(className, type, title, text, answer);
+    return answer;
+}

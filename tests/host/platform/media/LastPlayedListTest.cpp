@@ -1,0 +1,92 @@
+#include <gtest/gtest.h>
+
+#include <QJsonDocument>
+
+#include <cstring>
+
+#include "host/platform/media/MediaDatabase.h"
+#include "platform/Metadata.h"
+#include "tests/support/TestEnvironment.h"
+
+namespace {
+
+class LastPlayedListTest : public TestEnvironment {};
+
+LastPlayedListRecord cleared()
+{
+    LastPlayedListRecord record;
+    std::memset(&record, 0, sizeof record);
+    record.listType = -1;
+    record.groupObjectId = uint32_t(-1);
+    record.storageLocation = -1;
+    record.firstIndex = -1;
+    return record;
+}
+
+} // namespace
+
+TEST_F(LastPlayedListTest, SaveGetFreeRoundTripWithNullAndLatin1Strings)
+{
+    LastPlayedListRecord read = cleared();
+    read.firstIndex = 7;
+    EXPECT_EQ(getLastPlayedList(&read), 0);       // nothing stored: the record stays as it was
+    EXPECT_EQ(read.firstIndex, 7);
+
+    char artist[] = "Bj\xf6rk";            // Latin-1
+    char genre[] = "Folk and more";
+    LastPlayedListRecord saved = cleared();
+    saved.listType = 6;
+    saved.artist = artist;
+    saved.artistLength = 5;
+    saved.genre = genre;
+    saved.genreLength = 4;                 // the length given counts: "Folk"
+    saved.storageLocation = 1;
+    saved.firstIndex = 3;
+    ASSERT_NE(saveLastPlayedList(&saved), 0);
+    EXPECT_EQ(QString::fromUtf8(QJsonDocument(journal().constLast()).toJson(QJsonDocument::Compact)),
+              QString::fromUtf8("{\"args\":[{\"album\":null,\"artist\":\"Björk\",\"composer\":null,\"firstIndex\":3,"
+                                "\"genre\":\"Folk\",\"groupObjectId\":-1,\"listType\":6,\"storageLocation\":1}],"
+                                "\"call\":\"saveLastPlayedList\",\"kind\":\"metadata\"}"));
+
+    ASSERT_NE(getLastPlayedList(&read), 0);
+    EXPECT_EQ(read.listType, 6);
+    EXPECT_STREQ(read.artist, "Bj\xf6rk");
+    EXPECT_EQ(read.artistLength, 5);
+    EXPECT_STREQ(read.genre, "Folk");
+    EXPECT_EQ(read.genreLength, 4);
+    EXPECT_EQ(read.album, nullptr);
+    EXPECT_EQ(read.albumLength, 0);
+    EXPECT_EQ(read.composer, nullptr);
+    EXPECT_EQ(read.groupObjectId, uint32_t(-1));
+    EXPECT_EQ(read.storageLocation, 1);
+    EXPECT_EQ(read.firstIndex, 3);
+    freeLastPlayedList(&read);
+    EXPECT_EQ(read.artist, nullptr);
+    EXPECT_EQ(read.genre, nullptr);
+    freeLastPlayedList(&read);             // twice is harmless
+}
+
+TEST_F(LastPlayedListTest, ANewSaveReplacesTheOldAndOutlivesTheProcessConnection)
+{
+    char artist[] = "A";
+    LastPlayedListRecord first = cleared();
+    first.listType = 6;
+    first.artist = artist;
+    first.artistLength = 1;
+    ASSERT_NE(saveLastPlayedList(&first), 0);
+    LastPlayedListRecord user = cleared();
+    user.listType = 0;
+    user.groupObjectId = 12;
+    user.firstIndex = 4;
+    ASSERT_NE(saveLastPlayedList(&user), 0);
+
+    // What a second run of the application reads: the file itself.
+    const std::unique_ptr<MediaDatabase> later = MediaDatabase::open(MediaDatabase::defaultFile());
+    ASSERT_TRUE(later);
+    const std::optional<MediaLastPlayedList> stored = later->lastPlayedList();
+    ASSERT_TRUE(stored);
+    EXPECT_EQ(stored->listType, 0);
+    EXPECT_FALSE(stored->artist);
+    EXPECT_EQ(stored->groupId, 12u);
+    EXPECT_EQ(stored->firstIndex, 4);
+}

@@ -1,0 +1,436 @@
+#include "host/platform/media/MediaDatabase.h"
+
+#include <gtest/gtest.h>
+
+#include <QStringList>
+
+#include <memory>
+#include <vector>
+
+#include "host/platform/phone/HostPhone.h"
+#include "host/platform/media/SqliteTransaction.h"
+#include "platform/Metadata.h"
+#include "tests/support/TestEnvironment.h"
+
+namespace {
+
+// A request and the arrays it points to.
+struct Request {
+    std::vector<MetadataListType> listTypes;
+    std::vector<MetadataSearchFilter> filters;
+    std::vector<MetadataSortEntry> sort{{METADATA_SORT_TITLE, METADATA_SORT_ASCENDING}};
+    std::vector<MetadataSearchCandidateType> candidates{METADATA_CANDIDATE_OBJECT_ID};
+    std::vector<QByteArray> texts;
+    std::vector<uint32_t> numbers = std::vector<uint32_t>(8);
+    int storage = 2;
+    uint32_t grouping = 0;
+    int count = 100;
+    int start = 0;
+
+    explicit Request(MetadataListType listType) : listTypes{listType} {}
+    // A copy points its integer filters at its own integers (texts are shared).
+    Request(const Request& other)
+        : listTypes(other.listTypes), filters(other.filters), sort(other.sort), candidates(other.candidates),
+          texts(other.texts), numbers(other.numbers), storage(other.storage), grouping(other.grouping),
+          count(other.count), start(other.start)
+    {
+        for (MetadataSearchFilter& filter : filters) {
+            for (size_t i = 0; i < numbers.size(); ++i) {
+                if (filter.value == &other.numbers[i])
+                    filter.value = &numbers[i];
+            }
+        }
+    }
+    Request& operator=(const Request&) = delete;
+    Request& text(MetadataSearchFilterType type, const QString& value)
+    {
+        texts.push_back(value.toUtf8());
+        filters.push_back({type, METADATA_OPERATOR_EQUAL, uint32_t(texts.back().size() + 1), texts.back().constData()});
+        return *this;
+    }
+    Request& number(MetadataSearchFilterType type, uint32_t value)
+    {
+        numbers[filters.size()] = value;
+        filters.push_back({type, METADATA_OPERATOR_EQUAL, 4, &numbers[filters.size()]});
+        return *this;
+    }
+    Request& any(MetadataSearchFilterType type)
+    {
+        filters.push_back({type, METADATA_OPERATOR_ANY, 0, nullptr});
+        return *this;
+    }
+    MetadataSearchMediaRequest words() const
+    {
+        return {uint32_t(listTypes.size()), listTypes.data(), uint32_t(filters.size()), filters.data(),
+                uint32_t(sort.size()), sort.data(), storage, 0, grouping, uint32_t(candidates.size()),
+                candidates.data(), count, start, 1};
+    }
+};
+
+struct Answer {
+    int result = -1;
+    int calls = 0;
+    uint32_t count = 0;
+    std::vector<quint32> ids;
+    QStringList texts;     // every text value, in order
+};
+
+void collect(void* userData, MetadataSearchMediaResponse* response)
+{
+    Answer& answer = *static_cast<Answer*>(userData);
+    ++answer.calls;
+    answer.count = response->count;
+    for (uint32_t i = 0; i < response->actualNum; ++i) {
+        const MetadataMediaInfo& info = response->mediaInfo[i];
+        for (int32_t f = 0; f < info.fieldCount; ++f) {
+            const MetadataMediaField& field = info.fields[f];
+            if (field.type == METADATA_CANDIDATE_OBJECT_ID)
+                answer.ids.push_back(field.value.number);
+            else
+                answer.texts.append(QString::fromUtf8(field.value.text, int(field.valueLength) - 1));
+        }
+    }
+}
+
+QStringList g_messages;
+
+void keepMessage(QtMsgType, const QMessageLogContext&, const QString& message)
+{
+    g_messages.append(message);
+}
+
+class MediaDatabaseTest : public TestEnvironment {
+protected:
+    void SetUp() override
+    {
+        TestEnvironment::SetUp();
+        m_database = MediaDatabase::open(MediaDatabase::defaultFile());
+        ASSERT_TRUE(m_database);
+        // Titles chosen so that folding matters: "Árós" sorts beside
+        // "Aurora", and "Aurora"/"aurora" tie and fall back on the id.
+        add("/m/Zenith.mp3", "Zenith", "Aurora Lane", "Northern Lights", "Pop", "Edda", 2, "2003-03-14", 0);    // 1
+        add("/m/aros.mp3", QString::fromUtf8("Árós"), QString::fromUtf8("Árós Quartet"), QString::fromUtf8("Kvöldljóð"),
+            "Classical", QString::fromUtf8("Sigrún"), 3, "1998-12-01", 1);                                      // 2
+        add("/m/aurora.mp3", "Aurora", "Aurora Lane", "Northern Lights", "Pop", "Tomas", 1, "2003-03-14", 0);   // 3
+        add(QString::fromUtf8("/m/белая ночь.mp3"), QString::fromUtf8("Белая ночь"), QString::fromUtf8("Ансамбль"),
+            QString::fromUtf8("Kvöldljóð"), "Classical", "Edda", 2, "2010-01-01", 1);                          // 4
+        add("/m/paper.mp3", "aurora", "Aurora Lane", "Paper Boats", "Pop", "Tomas", 1, "2005", 0);              // 5
+        add("/v/Captured/clip.mp4", "clip", "", "", "", "", 0, "2024-05-01", 0, MediaKind::Video, 0);           // 6
+        add("/v/Downloads/trailer.mp4", "trailer", "", "", "", "", 0, "2024-06-10", 0, MediaKind::Video, 1);    // 7
+        add("/v/holiday.mp4", "holiday", "", "", "", "", 0, "2024-05-20", 1, MediaKind::Video, -1);             // 8
+        m_playList = m_database->addGroup(METADATA_GROUP_USER, "Evening");
+        ASSERT_TRUE(m_database->setGroupMembers(m_playList, {4, 1, 3}));
+        ASSERT_TRUE(m_database->setGroupMembers(METADATA_AUDIO_HISTORY_GROUP_ID, {1}));
+        ASSERT_TRUE(m_database->setGroupMembers(METADATA_VIDEO_HISTORY_GROUP_ID, {7}));
+        int status = -1;
+        m_handle = metadataCreateClient(&status);
+        ASSERT_EQ(status, 0);
+        ASSERT_NE(m_handle, 0u);
+    }
+    void TearDown() override
+    {
+        metadataDestroyClient(m_handle);
+        m_database.reset();
+        TestEnvironment::TearDown();
+    }
+
+    void add(const QString& path, const QString& title, const QString& artist, const QString& album,
+             const QString& genre, const QString& composer, int track, const QString& date, int storage,
+             MediaKind kind = MediaKind::Audio, int createdBy = -1)
+    {
+        MediaRecord record;
+        record.path = path;
+        record.kind = kind;
+        record.title = title;
+        record.artist = artist;
+        record.album = album;
+        record.genre = genre;
+        record.composer = composer;
+        record.track = track;
+        record.date = date;
+        record.storage = storage;
+        record.createdBy = createdBy;
+        ASSERT_NE(m_database->addMedia(record), 0u) << qPrintable(path);
+    }
+
+    Answer search(const Request& request) const
+    {
+        Answer answer;
+        const MetadataSearchMediaRequest words = request.words();
+        answer.result = metadataSearchMedia(m_handle, &words, collect, &answer);
+        return answer;
+    }
+    std::vector<quint32> ids(const Request& request) const
+    {
+        const Answer answer = search(request);
+        EXPECT_EQ(answer.result, 0);
+        EXPECT_EQ(answer.calls, 1);
+        return answer.ids;
+    }
+
+    std::unique_ptr<MediaDatabase> m_database;
+    quint32 m_playList = 0;
+    unsigned int m_handle = 0;
+};
+
+using Ids = std::vector<quint32>;
+
+Request music()
+{
+    return Request(METADATA_LIST_MUSIC);
+}
+
+Request groupList(MetadataListType type, uint32_t groupId)
+{
+    Request request(type);
+    request.number(METADATA_FILTER_GROUP_ID, groupId);
+    request.sort = {{METADATA_SORT_GROUP_POSITION, METADATA_SORT_ASCENDING}};
+    return request;
+}
+
+} // namespace
+
+TEST_F(MediaDatabaseTest, NewDatabaseHasTheHistoryGroupsAndGivesUserGroupsOtherIds)
+{
+    EXPECT_EQ(m_database->groupById(2)->type, METADATA_GROUP_PLAY_HISTORY);
+    EXPECT_EQ(m_database->groupById(3)->type, METADATA_GROUP_PLAY_HISTORY);
+    EXPECT_EQ(m_playList, 4u);
+    EXPECT_FALSE(m_database->removeGroup(2));
+    EXPECT_TRUE(m_database->removeGroup(m_playList));
+    EXPECT_EQ(m_database->addGroup(METADATA_GROUP_USER, "Again"), 5u);
+}
+
+TEST_F(MediaDatabaseTest, EachListType)
+{
+    Request video(METADATA_LIST_VIDEO);
+    video.sort = {{METADATA_SORT_DATE, METADATA_SORT_DESCENDING}};
+    EXPECT_EQ(ids(music().any(METADATA_FILTER_FILE_PATH)), (Ids{2, 3, 5, 1, 4}));
+    EXPECT_EQ(ids(video), (Ids{7, 8, 6}));
+    EXPECT_EQ(ids(groupList(METADATA_LIST_USER_GROUP, m_playList)), (Ids{4, 1, 3}));
+    EXPECT_EQ(ids(groupList(METADATA_LIST_HISTORY_GROUP, 2)), (Ids{1}));
+    EXPECT_EQ(ids(groupList(METADATA_LIST_HISTORY_GROUP, 3)), (Ids{7}));
+    // A group list answers only groups of its own kind.
+    EXPECT_EQ(ids(groupList(METADATA_LIST_HISTORY_GROUP, m_playList)), Ids{});
+    EXPECT_EQ(ids(groupList(METADATA_LIST_USER_GROUP, 2)), Ids{});
+}
+
+TEST_F(MediaDatabaseTest, EachFilterType)
+{
+    EXPECT_EQ(ids(music().text(METADATA_FILTER_FILE_PATH, "/m/aurora.mp3")), (Ids{3}));
+    EXPECT_EQ(ids(music().text(METADATA_FILTER_ARTIST, "Aurora Lane")), (Ids{3, 5, 1}));
+    EXPECT_EQ(ids(music().text(METADATA_FILTER_ARTIST, "aurora lane")), Ids{});
+    EXPECT_EQ(ids(music().text(METADATA_FILTER_COMPOSER, "Edda")), (Ids{1, 4}));
+    EXPECT_EQ(ids(music().text(METADATA_FILTER_GENRE, "Classical")), (Ids{2, 4}));
+    EXPECT_EQ(ids(music().text(METADATA_FILTER_ALBUM, "Northern Lights")), (Ids{3, 1}));
+    EXPECT_EQ(ids(music().text(METADATA_FILTER_DATE, "2003")), (Ids{3, 1}));
+    EXPECT_EQ(ids(music().text(METADATA_FILTER_DATE, "2003-03-14")), (Ids{3, 1}));
+    EXPECT_EQ(ids(music().text(METADATA_FILTER_DATE, "2003-03-15")), Ids{});
+    EXPECT_EQ(ids(Request(METADATA_LIST_VIDEO).text(METADATA_FILTER_DATE, "2024-05")), (Ids{6, 8}));
+    EXPECT_EQ(ids(Request(METADATA_LIST_VIDEO).number(METADATA_FILTER_CREATE_FLAG, 0)), (Ids{6}));
+    EXPECT_EQ(ids(Request(METADATA_LIST_VIDEO).number(METADATA_FILTER_CREATE_FLAG, 1)), (Ids{7}));
+    EXPECT_EQ(ids(music().number(METADATA_FILTER_GROUP_ID, m_playList)), (Ids{3, 1, 4}));
+    // All filters must hold.
+    EXPECT_EQ(ids(music().text(METADATA_FILTER_ARTIST, "Aurora Lane").text(METADATA_FILTER_ALBUM, "Paper Boats")),
+              (Ids{5}));
+}
+
+TEST_F(MediaDatabaseTest, EachSortKeyAndDirectionWithTiesOnTheObjectId)
+{
+    const auto sorted = [this](MetadataSortKey key, MetadataSortDirection direction) {
+        Request request = music();
+        request.sort = {{key, direction}};
+        return ids(request);
+    };
+    EXPECT_EQ(sorted(METADATA_SORT_TITLE, METADATA_SORT_ASCENDING), (Ids{2, 3, 5, 1, 4}));
+    EXPECT_EQ(sorted(METADATA_SORT_TITLE, METADATA_SORT_DESCENDING), (Ids{4, 1, 5, 3, 2}));
+    EXPECT_EQ(sorted(METADATA_SORT_ALBUM, METADATA_SORT_ASCENDING), (Ids{2, 4, 1, 3, 5}));
+    EXPECT_EQ(sorted(METADATA_SORT_TRACK, METADATA_SORT_ASCENDING), (Ids{3, 5, 1, 4, 2}));
+    EXPECT_EQ(sorted(METADATA_SORT_DATE, METADATA_SORT_ASCENDING), (Ids{2, 1, 3, 5, 4}));
+    Request byPlace = groupList(METADATA_LIST_USER_GROUP, m_playList);
+    byPlace.sort[0].direction = METADATA_SORT_DESCENDING;
+    EXPECT_EQ(ids(byPlace), (Ids{3, 1, 4}));
+}
+
+TEST_F(MediaDatabaseTest, StorageLocationSelectsOneStorageBelowTheProfilesNumber)
+{
+    const auto onStorage = [this](int location) {
+        Request request = music();
+        request.storage = location;
+        return ids(request);
+    };
+    EXPECT_EQ(onStorage(0), (Ids{3, 5, 1}));
+    EXPECT_EQ(onStorage(1), (Ids{2, 4}));
+    EXPECT_EQ(onStorage(2), (Ids{2, 3, 5, 1, 4}));
+    EXPECT_EQ(onStorage(7), (Ids{2, 3, 5, 1, 4}));
+    HostPhone::setProfileItem("MF_FlexNumber", "StorageNumber", "1");
+    EXPECT_EQ(onStorage(0), (Ids{3, 5, 1}));
+    EXPECT_EQ(onStorage(1), (Ids{2, 3, 5, 1, 4}));
+}
+
+TEST_F(MediaDatabaseTest, CountsAndWindows)
+{
+    Request request = music();
+    request.candidates = {METADATA_CANDIDATE_OBJECT_ID, METADATA_CANDIDATE_FULL_PATH};
+    request.count = 0;
+    Answer total = search(request);
+    EXPECT_EQ(total.calls, 1);
+    EXPECT_EQ(total.count, 5u);
+    EXPECT_TRUE(total.ids.empty());
+
+    const auto window = [&](int start, int count) {
+        request.start = start;
+        request.count = count;
+        return search(request);
+    };
+    const Answer first = window(0, 2);
+    EXPECT_EQ(first.count, 5u);
+    EXPECT_EQ(first.ids, (Ids{2, 3}));
+    EXPECT_EQ(first.texts, QStringList({"/m/aros.mp3", "/m/aurora.mp3"}));
+    EXPECT_EQ(window(2, 2).ids, (Ids{5, 1}));
+    EXPECT_EQ(window(3, 10).ids, (Ids{1, 4}));
+    const Answer past = window(5, 10);
+    EXPECT_EQ(past.calls, 1);
+    EXPECT_EQ(past.count, 5u);
+    EXPECT_TRUE(past.ids.empty());
+
+    // Another connection's change is seen by the next search.
+    add("/m/new.mp3", "New", "", "", "", "", 0, "", 0);
+    EXPECT_EQ(window(0, 0).count, 6u);
+}
+
+TEST_F(MediaDatabaseTest, AlbumNames)
+{
+    const auto albums = [this](Request request) {
+        request.grouping = 1;
+        request.any(METADATA_FILTER_ALBUM);
+        request.sort = {{METADATA_SORT_ALBUM, METADATA_SORT_ASCENDING}};
+        request.candidates = {METADATA_CANDIDATE_ALBUM};
+        const Answer answer = search(request);
+        EXPECT_EQ(answer.result, 0);
+        return answer;
+    };
+    const Answer all = albums(music());
+    EXPECT_EQ(all.count, 3u);
+    EXPECT_EQ(all.texts, QStringList({QString::fromUtf8("Kvöldljóð"), "Northern Lights", "Paper Boats"}));
+    EXPECT_EQ(albums(music().text(METADATA_FILTER_ARTIST, "Aurora Lane")).texts,
+              QStringList({"Northern Lights", "Paper Boats"}));
+    const Answer restricted = albums(music().text(METADATA_FILTER_ALBUM, "Paper Boats"));
+    EXPECT_EQ(restricted.count, 1u);
+    EXPECT_EQ(restricted.texts, QStringList({"Paper Boats"}));
+    Request second = music();
+    second.start = 1;
+    second.count = 1;
+    EXPECT_EQ(albums(second).texts, QStringList({"Northern Lights"}));
+    second.count = 0;
+    const Answer counted = albums(second);
+    EXPECT_EQ(counted.count, 3u);
+    EXPECT_TRUE(counted.texts.isEmpty());
+}
+
+TEST_F(MediaDatabaseTest, NonLatinPathsAndTagsRoundTrip)
+{
+    Request request = music().text(METADATA_FILTER_ARTIST, QString::fromUtf8("Ансамбль"));
+    request.candidates = {METADATA_CANDIDATE_FULL_PATH, METADATA_CANDIDATE_ALBUM, METADATA_CANDIDATE_OBJECT_ID};
+    const Answer answer = search(request);
+    EXPECT_EQ(answer.ids, (Ids{4}));
+    EXPECT_EQ(answer.texts, QStringList({QString::fromUtf8("/m/белая ночь.mp3"), QString::fromUtf8("Kvöldljóð")}));
+    EXPECT_EQ(m_database->mediaByPath(QString::fromUtf8("/m/белая ночь.mp3"))->title, QString::fromUtf8("Белая ночь"));
+}
+
+TEST_F(MediaDatabaseTest, UnreadableRequestsDeliverNothing)
+{
+    std::vector<std::pair<const char*, Request>> bad;
+    bad.emplace_back("unknown list type", Request(MetadataListType(3)));
+    Request noLists = music();
+    noLists.listTypes.clear();
+    bad.emplace_back("no list type", noLists);
+    bad.emplace_back("unknown filter type", music().text(MetadataSearchFilterType(99), "x"));
+    Request badOperator = music().text(METADATA_FILTER_ARTIST, "x");
+    badOperator.filters[0].op = MetadataSearchOperator(1);
+    bad.emplace_back("unknown operator", badOperator);
+    bad.emplace_back("operator 2 on the artist", music().any(METADATA_FILTER_ARTIST));
+    Request noValue = music().text(METADATA_FILTER_ARTIST, "x");
+    noValue.filters[0].value = nullptr;
+    bad.emplace_back("text filter without value", noValue);
+    Request shortNumber = music().number(METADATA_FILTER_CREATE_FLAG, 1);
+    shortNumber.filters[0].valueLength = 2;
+    bad.emplace_back("integer of two bytes", shortNumber);
+    Request badSort = music();
+    badSort.sort = {{MetadataSortKey(5), METADATA_SORT_ASCENDING}};
+    bad.emplace_back("unknown sort key", badSort);
+    badSort.sort = {{METADATA_SORT_TITLE, MetadataSortDirection(2)}};
+    bad.emplace_back("unknown direction", badSort);
+    badSort.sort = {{METADATA_SORT_GROUP_POSITION, METADATA_SORT_ASCENDING}};
+    bad.emplace_back("group position outside a group", badSort);
+    Request badCandidate = music();
+    badCandidate.candidates = {MetadataSearchCandidateType(7)};
+    bad.emplace_back("unknown candidate", badCandidate);
+    bad.emplace_back("group list without a group", Request(METADATA_LIST_USER_GROUP));
+    Request negative = music();
+    negative.start = -1;
+    bad.emplace_back("negative start", negative);
+    Request groupedIds = music();
+    groupedIds.grouping = 1;
+    bad.emplace_back("ids with the grouping flag", groupedIds);
+
+    for (const auto& [name, request] : bad) {
+        g_messages.clear();
+        const QtMessageHandler previous = qInstallMessageHandler(keepMessage);
+        const Answer answer = search(request);
+        qInstallMessageHandler(previous);
+        EXPECT_NE(answer.result, 0) << name;
+        EXPECT_EQ(answer.calls, 0) << name;
+        EXPECT_EQ(g_messages.filter("cannot read the request").size(), 1) << name;
+    }
+
+    // Null arrays where counts say there are entries, and no request or callback.
+    const auto rejects = [this](MetadataSearchMediaRequest words) {
+        Answer answer;
+        const int result = metadataSearchMedia(m_handle, &words, collect, &answer);
+        return result != 0 && answer.calls == 0;
+    };
+    const Request valid = music();
+    MetadataSearchMediaRequest words = valid.words();
+    words.filterCount = 1;
+    EXPECT_TRUE(rejects(words));
+    words = valid.words();
+    words.sort = nullptr;
+    EXPECT_TRUE(rejects(words));
+    words = valid.words();
+    words.candidates = nullptr;
+    EXPECT_TRUE(rejects(words));
+    words = valid.words();
+    words.listTypes = nullptr;
+    EXPECT_TRUE(rejects(words));
+    Answer answer;
+    EXPECT_NE(metadataSearchMedia(m_handle, nullptr, collect, &answer), 0);
+    EXPECT_NE(metadataSearchMedia(m_handle, &words, nullptr, &answer), 0);
+    EXPECT_NE(metadataSearchMedia(m_handle + 100, &words, collect, &answer), 0);
+    EXPECT_EQ(answer.calls, 0);
+}
+
+TEST_F(MediaDatabaseTest, TransactionsRollBackUnlessCommitted)
+{
+    {
+        const std::unique_ptr<SqliteTransaction> transaction = m_database->beginTransaction();
+        add("/m/kept.mp3", "Kept", "", "", "", "", 0, "", 0);
+        EXPECT_TRUE(transaction->commit());
+    }
+    {
+        const std::unique_ptr<SqliteTransaction> transaction = m_database->beginTransaction();
+        add("/m/dropped.mp3", "Dropped", "", "", "", "", 0, "", 0);
+        const std::unique_ptr<SqliteTransaction> inner = m_database->beginTransaction();
+        EXPECT_TRUE(m_database->removeMedia(1));
+    }
+    EXPECT_TRUE(m_database->mediaByPath("/m/kept.mp3"));
+    EXPECT_FALSE(m_database->mediaByPath("/m/dropped.mp3"));
+    EXPECT_TRUE(m_database->mediaById(1));
+    EXPECT_EQ(m_database->mediaCount(), 9);
+}
+
+TEST_F(MediaDatabaseTest, RemovingAnObjectRemovesItsMemberships)
+{
+    EXPECT_TRUE(m_database->removeMedia(1));
+    EXPECT_EQ(m_database->groupMembers(m_playList), (QList<quint32>{4, 3}));
+    EXPECT_EQ(ids(groupList(METADATA_LIST_HISTORY_GROUP, 2)), Ids{});
+}

@@ -1,0 +1,197 @@
+#include "host/platform/media/MediaScanner.h"
+
+#include <gtest/gtest.h>
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <taglib/id3v2tag.h>
+#include <taglib/tpropertymap.h>
+#include <taglib/wavfile.h>
+
+#include <memory>
+
+#include "host/platform/phone/HostStorage.h"
+#include "host/platform/media/MediaDatabase.h"
+#include "tests/support/TestEnvironment.h"
+
+namespace {
+
+// A 16-bit mono PCM WAV of a few silent samples.
+QByteArray tinyWav()
+{
+    const QByteArray samples(64, '\0');
+    QByteArray wav;
+    const auto word = [&wav](quint32 value, int bytes) {
+        for (int i = 0; i < bytes; ++i)
+            wav.append(char((value >> (8 * i)) & 0xFF));
+    };
+    wav.append("RIFF");
+    word(36 + samples.size(), 4);
+    wav.append("WAVEfmt ");
+    word(16, 4);
+    word(1, 2);       // PCM
+    word(1, 2);       // mono
+    word(8000, 4);
+    word(16000, 4);
+    word(2, 2);
+    word(16, 2);
+    wav.append("data");
+    word(samples.size(), 4);
+    return wav + samples;
+}
+
+void writeFile(const QString& path, const QByteArray& bytes)
+{
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+}
+
+void writeTaggedWav(const QString& path, const QMap<QString, QString>& tags)
+{
+    writeFile(path, tinyWav());
+    TagLib::RIFF::WAV::File file(QFile::encodeName(path).constData());
+    ASSERT_TRUE(file.isValid());
+    TagLib::PropertyMap properties;
+    for (auto tag = tags.cbegin(); tag != tags.cend(); ++tag)
+        properties.insert(tag.key().toStdString(), TagLib::String(tag.value().toUtf8().constData(), TagLib::String::UTF8));
+    file.ID3v2Tag()->setProperties(properties);
+    ASSERT_TRUE(file.save(TagLib::RIFF::WAV::File::ID3v2, TagLib::File::StripOthers));
+}
+
+// Moves a file's modification time, as an edit made a minute later would.
+void touchLater(const QString& path)
+{
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    ASSERT_TRUE(file.setFileTime(QFileInfo(path).lastModified().addSecs(60), QFileDevice::FileModificationTime));
+}
+
+class MediaScannerTest : public TestEnvironment {
+protected:
+    void SetUp() override
+    {
+        TestEnvironment::SetUp();
+        ASSERT_TRUE(m_files.isValid());
+        m_root = QFileInfo(m_files.path()).canonicalFilePath();
+        m_database = MediaDatabase::open(MediaDatabase::defaultFile());
+        ASSERT_TRUE(m_database);
+        m_scanner = std::make_unique<MediaScanner>(*m_database);
+        m_scanner->setMessageHandler([this](const QString& message) { m_messages.append(message); });
+
+        writeTaggedWav(path("Music/rain.wav"), {{"TITLE", "Rain"}, {"ARTIST", QString::fromUtf8("Ансамбль")},
+                                                {"ALBUM", QString::fromUtf8("Kvöldljóð")}, {"GENRE", "Folk"},
+                                                {"COMPOSER", QString::fromUtf8("Sigrún")}, {"TRACKNUMBER", "2"},
+                                                {"DATE", "2003-03-14"}});
+        writeFile(path("Music/voice memo.wav"), tinyWav());
+        writeFile(path("Camera/Captured/clip.mp4"), "not really a video");
+        writeFile(path("Downloads/song.mp3"), "not really a song");
+        writeFile(path("notes.txt"), "not media");
+        writeFile(path("Lists/evening.m3u"), "#EXTM3U\n../Music/rain.wav\n# a comment\n\n" + path("Downloads/song.mp3").toUtf8()
+                                                 + "\nmissing.wav\n../Music/voice memo.wav\n");
+        ASSERT_TRUE(QFile::link(path("Music/nowhere.wav"), path("Music/gone.wav")));
+    }
+
+    QString path(const QString& relative) const { return m_root + '/' + relative; }
+    MediaRecord stored(const QString& relative) const
+    {
+        const std::optional<MediaRecord> record = m_database->mediaByPath(path(relative));
+        EXPECT_TRUE(record) << qPrintable(relative);
+        return record.value_or(MediaRecord());
+    }
+    QStringList playList() const
+    {
+        QStringList titles;
+        const std::optional<MediaGroup> group = m_database->groupBySource(path("Lists/evening.m3u"));
+        for (const quint32 id : m_database->groupMembers(group ? group->id : 0))
+            titles.append(m_database->mediaById(id)->title);
+        return titles;
+    }
+
+    QTemporaryDir m_files;
+    QString m_root;
+    std::unique_ptr<MediaDatabase> m_database;
+    std::unique_ptr<MediaScanner> m_scanner;
+    QStringList m_messages;
+};
+
+} // namespace
+
+TEST_F(MediaScannerTest, ReadsTagsFlagsAndPlayLists)
+{
+    const MediaScanSummary summary = m_scanner->scanFolders({m_root});
+    EXPECT_EQ(summary.text(), "4 added, 0 updated, 0 removed, 0 unchanged, 1 skipped; play lists: 1 imported, 0 removed");
+
+    const MediaRecord rain = stored("Music/rain.wav");
+    EXPECT_EQ(rain.kind, MediaKind::Audio);
+    EXPECT_EQ(QStringList({rain.title, rain.artist, rain.album, rain.genre, rain.composer, rain.date}),
+              QStringList({"Rain", QString::fromUtf8("Ансамбль"), QString::fromUtf8("Kvöldljóð"), "Folk",
+                           QString::fromUtf8("Sigrún"), "2003-03-14"}));
+    EXPECT_EQ(rain.track, 2);
+    EXPECT_EQ(rain.createdBy, -1);
+    EXPECT_EQ(rain.storage, 0);
+
+    const MediaRecord memo = stored("Music/voice memo.wav");
+    EXPECT_EQ(memo.title, "voice memo");
+    EXPECT_TRUE(memo.artist.isEmpty());
+    EXPECT_EQ(stored("Camera/Captured/clip.mp4").kind, MediaKind::Video);
+    EXPECT_EQ(stored("Camera/Captured/clip.mp4").createdBy, 0);
+    EXPECT_EQ(stored("Downloads/song.mp3").createdBy, 1);
+    EXPECT_EQ(stored("Downloads/song.mp3").title, "song");
+
+    EXPECT_EQ(playList(), QStringList({"Rain", "song", "voice memo"}));
+    EXPECT_EQ(m_messages.size(), 2);
+    EXPECT_TRUE(m_messages.filter(path("Music/gone.wav")).size() == 1) << qPrintable(m_messages.join('\n'));
+    EXPECT_TRUE(m_messages.filter("missing.wav").size() == 1) << qPrintable(m_messages.join('\n'));
+}
+
+TEST_F(MediaScannerTest, ARescanOfAnUnchangedFolderChangesNothing)
+{
+    m_scanner->scanFolders({m_root});
+    const MediaRecord before = stored("Music/rain.wav");
+    const quint32 group = m_database->groupBySource(path("Lists/evening.m3u"))->id;
+
+    const MediaScanSummary again = m_scanner->scanFolders({m_root});
+    EXPECT_EQ(again.text(), "0 added, 0 updated, 0 removed, 4 unchanged, 1 skipped; play lists: 0 imported, 0 removed");
+    const MediaRecord after = stored("Music/rain.wav");
+    EXPECT_EQ(after.id, before.id);
+    EXPECT_EQ(after.fileModified, before.fileModified);
+    EXPECT_EQ(m_database->groupBySource(path("Lists/evening.m3u"))->id, group);
+    EXPECT_EQ(m_database->mediaCount(), 4);
+}
+
+TEST_F(MediaScannerTest, ChangedFilesAreReadAgainAndRemovedOnesLeave)
+{
+    m_scanner->scanFolders({m_root});
+    const quint32 rainId = stored("Music/rain.wav").id;
+    writeTaggedWav(path("Music/rain.wav"), {{"TITLE", "Rain, remastered"}});
+    touchLater(path("Music/rain.wav"));
+    ASSERT_TRUE(QFile::remove(path("Downloads/song.mp3")));
+
+    const MediaScanSummary summary = m_scanner->scanFolders({m_root});
+    EXPECT_EQ(summary.text(), "0 added, 1 updated, 1 removed, 2 unchanged, 1 skipped; play lists: 0 imported, 0 removed");
+    EXPECT_EQ(stored("Music/rain.wav").id, rainId);
+    EXPECT_EQ(stored("Music/rain.wav").title, "Rain, remastered");
+    EXPECT_FALSE(m_database->mediaByPath(path("Downloads/song.mp3")));
+    EXPECT_EQ(playList(), QStringList({"Rain, remastered", "voice memo"}));
+
+    ASSERT_TRUE(QFile::remove(path("Lists/evening.m3u")));
+    EXPECT_EQ(m_scanner->scanFolders({m_root}).playListsRemoved, 1);
+}
+
+TEST_F(MediaScannerTest, SingleFilesAndTheMemoryCard)
+{
+    const QString onCard = HostStorage::memoryCardPath() + "/Music/card.wav";
+    writeFile(onCard, tinyWav());
+    EXPECT_EQ(m_scanner->scanFile(onCard), MediaScanner::FileOutcome::Added);
+    EXPECT_EQ(m_scanner->scanFile(onCard), MediaScanner::FileOutcome::Unchanged);
+    EXPECT_EQ(m_database->mediaByPath(onCard)->storage, HostStorage::kMemoryCard);
+    EXPECT_EQ(m_scanner->scanFile(path("notes.txt")), MediaScanner::FileOutcome::NotMedia);
+    EXPECT_EQ(m_scanner->scanFile(path("Music/gone.wav")), MediaScanner::FileOutcome::Skipped);
+    EXPECT_TRUE(m_scanner->removeFile(onCard));
+    EXPECT_FALSE(m_scanner->removeFile(onCard));
+}

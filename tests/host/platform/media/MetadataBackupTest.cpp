@@ -1,0 +1,140 @@
+#include "host/platform/media/MediaBackup.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QJsonArray>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <map>
+#include <tuple>
+
+#include <unistd.h>
+
+#include "tests/host/platform/media/MetadataTestLibrary.h"
+
+namespace {
+
+// The result, isExisted, newIndex and count of a check.
+using Check = std::tuple<int, bool, int, unsigned int>;
+
+class MetadataBackupTest : public MetadataTestLibrary {
+protected:
+    void SetUp() override
+    {
+        MetadataTestLibrary::SetUp();
+        // By title: A B C D E.
+        for (const char* title : {"C", "A", "E", "B", "D"})
+            m_ids[title] = add(QStringLiteral("/m/%1.mp3").arg(title), title);
+        const MetadataSearchMediaRequest request = m_music.words();
+        ASSERT_EQ(metadataBackupSearchedMedias(m_handle, &request), 0);
+    }
+
+    Check check(int position) const
+    {
+        bool isExisted = false;
+        int newIndex = -99;
+        unsigned int count = 0;
+        const int result = metadataCheckBackupedItem(m_handle, position, &isExisted, &newIndex, &count);
+        return {result, isExisted, newIndex, count};
+    }
+
+    MusicByTitle m_music;
+    std::map<QString, quint32> m_ids;
+};
+
+using Ids = std::vector<quint32>;
+
+} // namespace
+
+TEST(MediaBackupLocate, FindsTheEntryOrTheFirstLaterSurvivor)
+{
+    const Ids backup{10, 11, 12, 13, 14};
+    EXPECT_EQ(MediaBackup::locate(backup, 2, {12, 10, 11}).newIndex, 1);       // still there: from 1
+    EXPECT_TRUE(MediaBackup::locate(backup, 2, {12, 10, 11}).isExisted);
+    const MediaBackupCheck gone = MediaBackup::locate(backup, 1, {10, 14, 12});
+    EXPECT_FALSE(gone.isExisted);
+    EXPECT_EQ(gone.newIndex, 2);                                              // 12, the first later survivor
+    EXPECT_EQ(gone.count, 3u);
+    EXPECT_EQ(MediaBackup::locate(backup, 3, {10, 11}).newIndex, 2);          // none later: the count
+    EXPECT_EQ(MediaBackup::locate(backup, 7, {10, 11}).newIndex, 2);          // no such entry
+    EXPECT_EQ(MediaBackup::locate(backup, -1, {11, 10}).newIndex, 1);         // before the start: 10 is later
+    // The second copy of an object keeps its own place.
+    EXPECT_EQ(MediaBackup::locate({5, 6, 5}, 2, {6, 5, 7, 5}).newIndex, 4);
+    EXPECT_EQ(MediaBackup::locate({5, 6, 5}, 2, {6, 5}).isExisted, false);
+}
+
+TEST_F(MetadataBackupTest, ChecksTheThreeOutcomesAgainstTheSearchRunAgain)
+{
+    // Nothing changed: B (position 1) is still second.
+    EXPECT_EQ(check(1), (Check{0, true, 2, 5}));
+    // "AA" sorts before B, which moves to the third place.
+    add("/m/AA.mp3", "AA");
+    EXPECT_EQ(check(1), (Check{0, true, 3, 6}));
+    // B and C gone: D, the first later entry still there, is now at position 2 (A AA D E).
+    ASSERT_TRUE(m_database->removeMedia(m_ids["B"]));
+    ASSERT_TRUE(m_database->removeMedia(m_ids["C"]));
+    EXPECT_EQ(check(1), (Check{0, false, 2, 4}));
+    // D and E gone as well: nothing after B survives, the answer is the count.
+    ASSERT_TRUE(m_database->removeMedia(m_ids["D"]));
+    ASSERT_TRUE(m_database->removeMedia(m_ids["E"]));
+    EXPECT_EQ(check(1), (Check{0, false, 2, 2}));
+    EXPECT_EQ(check(0), (Check{0, true, 1, 2}));
+}
+
+TEST_F(MetadataBackupTest, RefreshTakesThePresentResultAndReleaseEndsTheBackup)
+{
+    ASSERT_TRUE(m_database->removeMedia(m_ids["A"]));
+    int status = -1;
+    EXPECT_EQ(metadataManageBackupList(m_handle, METADATA_BACKUP_REFRESH, &status), 0);
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(check(0), (Check{0, true, 1, 4}));   // B is now the first entry of the backup
+
+    EXPECT_EQ(metadataManageBackupList(m_handle, METADATA_BACKUP_RELEASE, &status), 0);
+    EXPECT_NE(std::get<0>(check(0)), 0);
+    EXPECT_NE(metadataManageBackupList(m_handle, METADATA_BACKUP_REFRESH, &status), 0);
+    EXPECT_NE(status, 0);
+    // Another connection has no backup of its own, and a bad handle none at all.
+    int created = -1;
+    const unsigned int other = metadataCreateClient(&created);
+    const MetadataSearchMediaRequest request = m_music.words();
+    ASSERT_EQ(metadataBackupSearchedMedias(m_handle, &request), 0);
+    EXPECT_NE(metadataCheckBackupedItem(other, 0, nullptr, nullptr, nullptr), 0);
+    EXPECT_NE(metadataCheckBackupedItem(other + 100, 0, nullptr, nullptr, nullptr), 0);
+    EXPECT_EQ(std::get<0>(check(0)), 0);
+    metadataDestroyClient(other);
+}
+
+TEST_F(MetadataBackupTest, FileDeletedUnderAWatchedFolderLeavesTheDatabaseAndIsAnnounced)
+{
+    QTemporaryDir folder;
+    ASSERT_TRUE(folder.isValid());
+    const QString root = QDir(folder.path()).canonicalPath();
+    const QString kept = root + "/kept.mp3";
+    const QString doomed = root + "/doomed.mp3";
+    for (const QString& path : {kept, doomed}) {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        add(path, QFileInfo(path).baseName());
+    }
+    IndicationRecorder recorder;
+    subscribe(m_handle, recorder);
+    const MetadataSearchMediaRequest request = m_music.words();
+    ASSERT_EQ(metadataBackupSearchedMedias(m_handle, &request), 0);
+
+    ASSERT_EQ(::unlink(QFile::encodeName(doomed).constData()), 0);
+    EXPECT_TRUE(waitUntil([&] { return !recorder.heard.isEmpty(); }, 3000));
+    EXPECT_EQ(recorder.heard, QList<IndicationRecorder::Heard>{IndicationRecorder::content()});
+    EXPECT_FALSE(m_database->mediaByPath(doomed));
+    EXPECT_TRUE(m_database->mediaByPath(kept));
+    const QList<QJsonObject> deleted = journalLines("file", "deleted");
+    ASSERT_EQ(deleted.size(), 1);
+    EXPECT_EQ(deleted[0].value("args").toArray(), QJsonArray{doomed});
+
+    // Without a subscription nothing is watched.
+    ASSERT_EQ(metadataDeregisterIndication(m_handle), 0);
+    ASSERT_TRUE(QFile::remove(kept));
+    processEvents();
+    EXPECT_FALSE(waitUntil([&] { return !m_database->mediaByPath(kept); }, 300));
+}

@@ -1,0 +1,180 @@
+#include <gtest/gtest.h>
+
+#include <QJsonArray>
+#include <QJsonDocument>
+
+#include <cstring>
+
+#include "host/platform/phone/HostPhone.h"
+#include "tests/host/platform/media/MetadataTestLibrary.h"
+
+namespace {
+
+class MetadataGroupTest : public MetadataTestLibrary {
+protected:
+    void SetUp() override
+    {
+        MetadataTestLibrary::SetUp();
+        for (int i = 0; i < 6; ++i)
+            m_songs.append(add(QStringLiteral("/m/%1.mp3").arg(i), QString::number(i), i % 2));
+    }
+
+    int addAt(quint32 groupId, const QList<QPair<quint32, quint32>>& objectsAndPlaces)
+    {
+        std::vector<MetadataGroupItem> items;
+        for (const auto& [object, place] : objectsAndPlaces)
+            items.push_back(MetadataGroupItem{object, 1, 0, -1, place, 0, 0, 0});
+        const MetadataAddItemsRecord record{0, groupId, 0, uint32_t(items.size()), items.data()};
+        int status = -1;
+        const int result = metadataAddItemsIntoGroup(m_handle, &record, &status);
+        EXPECT_EQ(status, result);
+        return result;
+    }
+
+    int removeAt(quint32 groupId, MetadataGroupType type, int storage, const std::vector<uint32_t>& positions)
+    {
+        const MetadataRemoveItemsRecord record{groupId, int32_t(type), storage, uint32_t(positions.size()),
+                                               positions.data()};
+        int status = -1;
+        const int result = metadataRemoveItemsFromGroup(m_handle, &record, &status);
+        EXPECT_EQ(status, result);
+        return result;
+    }
+
+    QString lastJournalLine() const
+    {
+        return QString::fromUtf8(QJsonDocument(journal().constLast()).toJson(QJsonDocument::Compact));
+    }
+
+    QList<quint32> m_songs;   // storage 0, 1, 0, 1, 0, 1
+};
+
+struct Found {
+    int calls = 0;
+    uint32_t count = 0;
+    std::vector<MetadataMediaSummary> entries;
+};
+
+void keepFound(void* userData, MetadataSearchMusicFileResponse* response)
+{
+    auto& found = *static_cast<Found*>(userData);
+    ++found.calls;
+    found.count = response->count;
+    found.entries.assign(response->entries, response->entries + response->actualNum);
+}
+
+} // namespace
+
+TEST_F(MetadataGroupTest, AddingInsertsAtItsPlaceAndMovesAnObjectAlreadyThere)
+{
+    const quint32 list = m_database->addGroup(METADATA_GROUP_USER, "Mix");
+    ASSERT_EQ(addAt(list, {{m_songs[0], 0}, {m_songs[1], 0}, {m_songs[2], 99}}), 0);
+    EXPECT_EQ(m_database->groupMembers(list), (QList<quint32>{m_songs[1], m_songs[0], m_songs[2]}));
+    ASSERT_EQ(addAt(list, {{m_songs[2], 1}}), 0);
+    EXPECT_EQ(m_database->groupMembers(list), (QList<quint32>{m_songs[1], m_songs[2], m_songs[0]}));
+    EXPECT_EQ(lastJournalLine(),
+              QStringLiteral("{\"args\":[{\"count\":1,\"groupId\":%1,\"items\":[{\"buyFlag\":0,\"createFlag\":-1,"
+                             "\"mediaKind\":1,\"objectId\":%2,\"position\":1,\"storageLocation\":0,"
+                             "\"trackNumber\":0}]}],\"call\":\"metadataAddItemsIntoGroup\",\"kind\":\"metadata\"}")
+                  .arg(list)
+                  .arg(m_songs[2]));
+
+    // An unknown object or group changes nothing.
+    EXPECT_NE(addAt(list, {{m_songs[3], 0}, {999, 0}}), 0);
+    EXPECT_NE(addAt(999, {{m_songs[3], 0}}), 0);
+    EXPECT_EQ(m_database->groupMembers(list), (QList<quint32>{m_songs[1], m_songs[2], m_songs[0]}));
+    EXPECT_NE(metadataAddItemsIntoGroup(m_handle, nullptr, nullptr), 0);
+}
+
+TEST_F(MetadataGroupTest, HistoryPutsThePlayedFileFirstAndKeepsItsNewestHundred)
+{
+    QList<quint32> history;
+    for (int i = 0; i < int(METADATA_HISTORY_LIMIT); ++i)
+        history.append(add(QStringLiteral("/h/%1.mp3").arg(i), QString::number(i)));
+    ASSERT_TRUE(m_database->setGroupMembers(METADATA_AUDIO_HISTORY_GROUP_ID, history));
+
+    // Played again: moves to the front, nothing falls off.
+    ASSERT_EQ(addAt(METADATA_AUDIO_HISTORY_GROUP_ID, {{history[50], 0}}), 0);
+    QList<quint32> members = m_database->groupMembers(METADATA_AUDIO_HISTORY_GROUP_ID);
+    EXPECT_EQ(members.size(), 100);
+    EXPECT_EQ(members.first(), history[50]);
+    EXPECT_EQ(members.count(history[50]), 1);
+    // A new one: the oldest (last) falls off.
+    ASSERT_EQ(addAt(METADATA_AUDIO_HISTORY_GROUP_ID, {{m_songs[0], 0}}), 0);
+    members = m_database->groupMembers(METADATA_AUDIO_HISTORY_GROUP_ID);
+    EXPECT_EQ(members.size(), 100);
+    EXPECT_EQ(members.mid(0, 2), (QList<quint32>{m_songs[0], history[50]}));
+    EXPECT_FALSE(members.contains(history[99]));
+    EXPECT_EQ(members.last(), history[98]);
+}
+
+TEST_F(MetadataGroupTest, RemovesByPlaceWithinTheStorageSelectionAndKeepsTheFiles)
+{
+    const quint32 list = m_database->addGroup(METADATA_GROUP_USER, "Mix");
+    ASSERT_TRUE(m_database->setGroupMembers(list, m_songs));
+    // On the memory card (1) the list reads songs 1, 3, 5: its place 1 is song 3.
+    ASSERT_EQ(removeAt(list, METADATA_GROUP_USER, 1, {1}), 0);
+    EXPECT_EQ(m_database->groupMembers(list),
+              (QList<quint32>{m_songs[0], m_songs[1], m_songs[2], m_songs[4], m_songs[5]}));
+    EXPECT_TRUE(m_database->mediaById(m_songs[3]));
+    EXPECT_EQ(lastJournalLine(), QStringLiteral("{\"args\":[{\"count\":1,\"groupId\":%1,\"groupType\":0,"
+                                                "\"positions\":[1],\"storageLocation\":1}],"
+                                                "\"call\":\"metadataRemoveItemsFromGroup\",\"kind\":\"metadata\"}")
+                                     .arg(list));
+    // Location 2 (the profile's storage count) selects every storage: places 0 and 4.
+    ASSERT_EQ(removeAt(list, METADATA_GROUP_USER, 2, {4, 0}), 0);
+    EXPECT_EQ(m_database->groupMembers(list), (QList<quint32>{m_songs[1], m_songs[2], m_songs[4]}));
+
+    // A place past the selection, or the wrong group type, changes nothing.
+    EXPECT_NE(removeAt(list, METADATA_GROUP_USER, 0, {0, 2}), 0);
+    EXPECT_NE(removeAt(list, METADATA_GROUP_PLAY_HISTORY, 2, {0}), 0);
+    EXPECT_EQ(m_database->groupMembers(list).size(), 3);
+}
+
+TEST_F(MetadataGroupTest, SingleFileSearchAnswersTheSummaryOfThePath)
+{
+    MediaRecord video;
+    video.path = "/v/Captured/clip.mp4";
+    video.kind = MediaKind::Video;
+    video.storage = 1;
+    video.createdBy = METADATA_CREATED_CAPTURED;
+    video.track = 4;
+    video.buy = true;
+    const quint32 clip = m_database->addMedia(video);
+
+    const QByteArray path = video.path.toUtf8();
+    const MetadataSearchFilter filter{METADATA_FILTER_FILE_PATH, METADATA_OPERATOR_EQUAL,
+                                      uint32_t(path.size() + 1), path.constData()};
+    const MetadataSearchCandidateType candidate = METADATA_CANDIDATE_OBJECT_ID;
+    MetadataSearchMusicFileRequest request{1, &filter, 2, 1, &candidate, 1, 0};
+    Found found;
+    ASSERT_EQ(metadataSearchMusicFile(m_handle, &request, 1, keepFound, &found), 0);
+    ASSERT_EQ(found.calls, 1);
+    ASSERT_EQ(found.count, 1u);
+    ASSERT_EQ(found.entries.size(), 1u);
+    // Every word: id, kind 2 (video), 8 words, memory card, captured, bought, track 4, reserved.
+    uint32_t words[8];
+    std::memcpy(words, &found.entries[0], sizeof words);
+    EXPECT_EQ(std::vector<uint32_t>(words, words + 8), (std::vector<uint32_t>{clip, 2, 8, 1, 0, 1, 4, 0}));
+
+    // Phone memory only: not found, but answered.
+    request.storageLocation = 0;
+    found = Found();
+    ASSERT_EQ(metadataSearchMusicFile(m_handle, &request, 1, keepFound, &found), 0);
+    EXPECT_EQ(found.calls, 1);
+    EXPECT_EQ(found.count, 0u);
+
+    // Unreadable requests call nothing: no filters, another filter type, a path without its NUL, no request.
+    const MetadataSearchFilter artist{METADATA_FILTER_ARTIST, METADATA_OPERATOR_EQUAL, filter.valueLength, filter.value};
+    const MetadataSearchFilter unterminated{filter.type, filter.op, uint32_t(path.size()), filter.value};
+    found = Found();
+    const std::vector<const MetadataSearchFilter*> unreadableFilters{nullptr, &artist, &unterminated};
+    for (const MetadataSearchFilter* bad : unreadableFilters) {
+        MetadataSearchMusicFileRequest unreadable = request;
+        unreadable.filters = bad;
+        EXPECT_NE(metadataSearchMusicFile(m_handle, &unreadable, 1, keepFound, &found), 0);
+    }
+    EXPECT_NE(metadataSearchMusicFile(m_handle, &request, 0, keepFound, &found), 0);
+    EXPECT_NE(metadataSearchMusicFile(m_handle, nullptr, 1, keepFound, &found), 0);
+    EXPECT_EQ(found.calls, 0);
+}

@@ -1,0 +1,166 @@
+#include <gtest/gtest.h>
+
+#include <sqlite3.h>
+
+#include <QFile>
+
+#include "host/platform/media/SqliteTransaction.h"
+#include "tests/host/platform/media/MetadataTestLibrary.h"
+
+namespace {
+
+using Heard = IndicationRecorder::Heard;
+
+class MetadataIndicationTest : public MetadataTestLibrary {
+protected:
+    void SetUp() override
+    {
+        MetadataTestLibrary::SetUp();
+        m_song = add("/m/song.mp3", "Song");
+        m_playList = m_database->addGroup(METADATA_GROUP_USER, "Evening");
+        ASSERT_NE(m_playList, 0u);
+        subscribe(m_handle, m_recorder);
+    }
+
+    bool hears(const IndicationRecorder& recorder, const QList<Heard>& expected) const
+    {
+        return waitUntil([&] { return recorder.heard.size() >= expected.size(); }, 3000)
+               && recorder.heard == expected;
+    }
+
+    quint32 m_song = 0;
+    quint32 m_playList = 0;
+    IndicationRecorder m_recorder;
+};
+
+} // namespace
+
+TEST_F(MetadataIndicationTest, OwnWriteIsAnnouncedOnlyFromTheEventLoopAfterItsCommit)
+{
+    const MetadataGroupItem item{m_song, 1, 0, -1, 0, 0, 0, 0};
+    const MetadataAddItemsRecord record{0, m_playList, 0, 1, &item};
+    int status = -1;
+    ASSERT_EQ(metadataAddItemsIntoGroup(m_handle, &record, &status), 0);
+    EXPECT_TRUE(m_recorder.heard.isEmpty());
+    EXPECT_TRUE(hears(m_recorder, {IndicationRecorder::group(m_playList, METADATA_GROUP_MEMBERS_CHANGED)}));
+
+    // Uncommitted changes are not announced; committed as one batch, they are one 3006.
+    m_recorder.heard.clear();
+    {
+        const std::unique_ptr<SqliteTransaction> transaction = m_database->beginTransaction();
+        add("/m/a.mp3", "A");
+        add("/m/b.mp3", "B");
+        processEvents();
+        EXPECT_FALSE(waitUntil([&] { return !m_recorder.heard.isEmpty(); }, 450));
+        ASSERT_TRUE(transaction->commit());
+    }
+    EXPECT_TRUE(hears(m_recorder, {IndicationRecorder::content()}));
+}
+
+TEST_F(MetadataIndicationTest, AnotherProgramsWriteArrivesWithinASecond)
+{
+    // As the sqlite3 shell would: a plain connection without this program's code.
+    sqlite3* shell = nullptr;
+    ASSERT_EQ(sqlite3_open(QFile::encodeName(MediaDatabase::defaultFile()).constData(), &shell), SQLITE_OK);
+    sqlite3_busy_timeout(shell, 5000);
+    const int result = sqlite3_exec(shell, "INSERT INTO media (path, kind, title) VALUES ('/m/new.mp3', 1, 'New')",
+                                     nullptr, nullptr, nullptr);
+    sqlite3_close(shell);
+    ASSERT_EQ(result, SQLITE_OK);
+    EXPECT_TRUE(hears(m_recorder, {IndicationRecorder::content()}));
+
+    // The client's searches see it too (its result cache was dropped).
+    MusicByTitle music;
+    const MetadataSearchMediaRequest request = music.words();
+    uint32_t count = 0;
+    ASSERT_EQ(metadataSearchMedia(
+                  m_handle, &request,
+                  [](void* userData, MetadataSearchMediaResponse* response) {
+                      *static_cast<uint32_t*>(userData) = response->count;
+                  },
+                  &count),
+              0);
+    EXPECT_EQ(count, 2u);
+}
+
+TEST_F(MetadataIndicationTest, GroupChangesNameTheGroupAndTellDeletionFromMembers)
+{
+    ASSERT_TRUE(m_database->setGroupMembers(m_playList, {m_song}));
+    EXPECT_TRUE(hears(m_recorder, {IndicationRecorder::group(m_playList, METADATA_GROUP_MEMBERS_CHANGED)}));
+
+    m_recorder.heard.clear();
+    ASSERT_TRUE(m_database->removeGroup(m_playList));
+    EXPECT_TRUE(hears(m_recorder, {IndicationRecorder::group(m_playList, METADATA_GROUP_DELETED)}));
+
+    // Removing a file changes the media and every group that held it.
+    m_recorder.heard.clear();
+    ASSERT_TRUE(m_database->setGroupMembers(METADATA_AUDIO_HISTORY_GROUP_ID, {m_song}));
+    ASSERT_TRUE(hears(m_recorder, {IndicationRecorder::group(2, METADATA_GROUP_MEMBERS_CHANGED)}));
+    m_recorder.heard.clear();
+    ASSERT_TRUE(m_database->removeMedia(m_song));
+    EXPECT_TRUE(hears(m_recorder, {IndicationRecorder::content(),
+                                   IndicationRecorder::group(2, METADATA_GROUP_MEMBERS_CHANGED)}));
+}
+
+TEST_F(MetadataIndicationTest, OnlySubscribedConnectionsHearAndOnlyWhatTheySubscribedTo)
+{
+    IndicationRecorder replaced, latest, groupsOnly, deregistered;
+    int status = -1;
+    const unsigned int second = metadataCreateClient(&status);
+    const unsigned int third = metadataCreateClient(&status);
+    const unsigned int fourth = metadataCreateClient(&status);
+    subscribe(second, replaced);
+    ASSERT_EQ(metadataSetIndicationHandler(second, IndicationRecorder::handle, &latest), 0);
+    const unsigned short groupChanges[] = {METADATA_INDICATION_GROUP_CHANGED};
+    ASSERT_EQ(metadataSetIndicationHandler(third, IndicationRecorder::handle, &groupsOnly), 0);
+    ASSERT_EQ(metadataRegisterIndication(third, groupChanges, 1), 0);
+    subscribe(fourth, deregistered);
+    ASSERT_EQ(metadataDeregisterIndication(fourth), 0);
+
+    add("/m/other.mp3", "Other");
+    ASSERT_TRUE(m_database->setGroupMembers(m_playList, {m_song}));
+    const QList<Heard> both{IndicationRecorder::content(),
+                            IndicationRecorder::group(m_playList, METADATA_GROUP_MEMBERS_CHANGED)};
+    // Each connection polls on its own timer: wait for every one that must hear.
+    EXPECT_TRUE(waitUntil(
+        [&] { return m_recorder.heard.size() >= 2 && latest.heard.size() >= 2 && !groupsOnly.heard.isEmpty(); },
+        3000));
+    processEvents();
+    EXPECT_EQ(latest.heard, both);
+    EXPECT_EQ(groupsOnly.heard, QList<Heard>{both[1]});
+    EXPECT_TRUE(replaced.heard.isEmpty());
+    EXPECT_TRUE(deregistered.heard.isEmpty());
+    for (const unsigned int handle : {second, third, fourth})
+        EXPECT_EQ(metadataDestroyClient(handle), 0);
+    EXPECT_NE(metadataRegisterIndication(fourth, groupChanges, 1), 0);
+}
+
+TEST_F(MetadataIndicationTest, HandlerMayCloseItsOwnConnection)
+{
+    struct Closer {
+        unsigned int handle = 0;
+        int calls = 0;
+    } closer;
+    int status = -1;
+    closer.handle = metadataCreateClient(&status);
+    const unsigned short ids[] = {METADATA_INDICATION_CONTENT_CHANGED, METADATA_INDICATION_GROUP_CHANGED};
+    metadataSetIndicationHandler(
+        closer.handle,
+        [](void* userData, unsigned short, void*) {
+            auto* self = static_cast<Closer*>(userData);
+            ++self->calls;
+            metadataDestroyClient(self->handle);
+        },
+        &closer);
+    metadataRegisterIndication(closer.handle, ids, 2);
+
+    // One batch of a media change and a group change: the handler hears only the first.
+    {
+        const std::unique_ptr<SqliteTransaction> transaction = m_database->beginTransaction();
+        add("/m/x.mp3", "X");
+        ASSERT_TRUE(m_database->setGroupMembers(m_playList, {m_song}) && transaction->commit());
+    }
+    EXPECT_TRUE(waitUntil([&] { return closer.calls > 0; }, 3000));
+    processEvents();
+    EXPECT_EQ(closer.calls, 1);
+}
