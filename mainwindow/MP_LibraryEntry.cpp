@@ -17,5 +17,7 @@ MP_EXPORT void MP_DeleteMainWindow(MP_MainWindow* window)
 
 MP_EXPORT void playCapturedVideo(MP_MainWindow* window)
 {
-    window->playCapturedVideo();
+    // An application that lost its window gets nothing played, not a crash.
+    if (window)
+        window->playCapturedVideo();
 }

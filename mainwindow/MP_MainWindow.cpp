@@ -29,12 +29,6 @@ MP_MainWindow::MP_MainWindow(const QString& passedFile, QWidget* parent, const c
     : QWidget(parent, Qt::WindowFlags(flags)),
       m_launchType(MP_LAUNCH_FILE),
       m_commonPlayer(nullptr),
-      m_windowClient(nullptr),
-      m_mediafinderClient(nullptr),
-      m_idleClient(nullptr),
-      m_btClient(nullptr),
-      m_cliClient(nullptr),
-      m_list(nullptr),
       m_passedFile(passedFile),
       m_launcherId(),
       m_flipClosed(UTIL_GetFlipStatus() == 1),
@@ -143,16 +137,15 @@ void MP_MainWindow::setList(MP_AufList* list, bool userList, bool playFlag, bool
                     playFlag, playerFlag, startPlayback, launchType);
     m_launchType = launchType;
     initCommonPlayer(playerFlag);
-    if (list == m_list)
+    if (list == m_list.get())
         return;
-    delete m_list;
-    m_list = list;
+    m_list.reset(list);
     m_commonPlayer->setShuffleRepeat(MP_AufContext::shuffleSetting != 0, MP_AufContext::isRepeat);
     if (m_list) {
-        connect(m_list, SIGNAL(signalCurrentChanged()), this, SLOT(onCurrentItemChanged()));
-        connect(m_list, SIGNAL(signalListUpdate(int, bool)), this, SLOT(onShuffleRepeat(int, bool)));
+        connect(m_list.get(), SIGNAL(signalCurrentChanged()), this, SLOT(onCurrentItemChanged()));
+        connect(m_list.get(), SIGNAL(signalListUpdate(int, bool)), this, SLOT(onShuffleRepeat(int, bool)));
     }
-    m_commonPlayer->setPlayList(m_list);
+    m_commonPlayer->setPlayList(m_list.get());
     if (startPlayback)
         playAutomatically(playFlag);
 }
@@ -163,8 +156,7 @@ void MP_MainWindow::freeCurrentList()
         MP_RecentList::getRecentList(MP_CONTENT_SOUND)->saveToDB();
         if (m_commonPlayer)
             m_commonPlayer->setPlayList(nullptr);
-        delete m_list;
-        m_list = nullptr;
+        m_list.reset();
     }
     clearLastPlayedRecord();
 }
@@ -191,8 +183,7 @@ void MP_MainWindow::releaseListQuietly()
     // The engine lets go first, so that it never holds a deleted list.
     if (m_commonPlayer)
         m_commonPlayer->setPlayList(nullptr);
-    delete m_list;
-    m_list = nullptr;
+    m_list.reset();
 }
 
 void MP_MainWindow::onOpenDoc(const QString& fileName)

@@ -1,12 +1,19 @@
 #pragma once
 // The player's controller: an invisible widget that owns the playback engine,
-// the clients that observe and drive it, the current play list and the
-// last-played record, and turns launch requests, keys and system messages
-// into calls on them. Created and destroyed only through the library's
-// exported entry points.
+// the current play list and the last-played record, and turns launch
+// requests (action records, the launch action, a passed or opened file, the
+// captured-video entry point) and the list's change signals into calls on
+// them. Created and destroyed only through the library's exported entry
+// points.
+//
+// Not built yet: the clients that mirror the player (screen, idle screen,
+// media browser, Bluetooth, external display), and the handlers of the
+// system and key channels, which are opened at start-up but not listened to.
 
 #include <QString>
 #include <QWidget>
+
+#include <memory>
 
 #include "platform/MP_PlayerTypes.h"
 #include "platform/Metadata.h"
@@ -14,12 +21,7 @@
 
 class AM_ActionData;
 class MP_AufList;
-class MP_BluetoothClient;
-class MP_CLIClient;
 class MP_CommonPlayer;
-class MP_IdleClient;
-class MP_MediafinderClient;
-class MP_WindowClient;
 class QCopChannel;
 
 class MP_MainWindow : public QWidget {
@@ -36,8 +38,8 @@ public:
      *  "HidePlaying" = false. */
     ~MP_MainWindow() override;
 
-    /** Creates the engine and its clients when there is no engine; otherwise
-     *  brings the player screen to the front. */
+    /** Creates the engine when there is none; otherwise brings the player
+     *  screen to the front. */
     void initCommonPlayer(bool playerFlag);
     /** Plays one file without a list (the launch type is kept). */
     void setMediaFile(const QString& fileName);
@@ -71,7 +73,7 @@ public:
     // Read-only views of the window's state.
     MP_LAUNCH_TYPE launchType() const { return m_launchType; }
     MP_CommonPlayer* commonPlayer() const { return m_commonPlayer; }
-    MP_AufList* currentList() const { return m_list; }
+    MP_AufList* currentList() const { return m_list.get(); }
     const LastPlayedListRecord& lastPlayedList() const { return m_lastPlayedList; }
 
 public Q_SLOTS:
@@ -89,7 +91,7 @@ public Q_SLOTS:
     void onCurrentItemChanged();
     /** The list's shuffle or repeat mode changed: tell the engine. */
     void onShuffleRepeat(int shuffleMode, bool repeat);
-    /** Releases the clients and the engine; the list stays. Nothing happens without an engine. */
+    /** Releases the engine; the list stays. Nothing happens without an engine. */
     void freeCommonPlayer();
     /** The engine reports the content type of its media. */
     void slotContentTypeChanged(MP_CONTENT_TYPE type);
@@ -103,6 +105,11 @@ protected:
     void customEvent(QEvent* event) override;
 
 private:
+    // One handler a request of onReceiveAction (MP_MainWindowLaunch.cpp).
+    void playVideoSelection(const AM_ActionData& action);
+    void playUserList(const AM_ActionData& action);
+    void playForLauncher(const AM_ActionData& action);
+
     void clearLastPlayedRecord();
     void releaseLastPlayedStrings();
     /** Deletes the current list without saving the history (the engine is told first). */
@@ -111,21 +118,27 @@ private:
     MP_AufList* takeLastPlayedList(const QString& launcherId);
 
     MP_LAUNCH_TYPE m_launchType;
-    MP_CommonPlayer* m_commonPlayer;           // owned; released through the engine factory
-    MP_WindowClient* m_windowClient;           // owned
-    MP_MediafinderClient* m_mediafinderClient; // owned
-    MP_IdleClient* m_idleClient;               // owned
-    MP_BluetoothClient* m_btClient;            // owned
-    MP_CLIClient* m_cliClient;                 // owned; exists only while the flip is closed
-    MP_AufList* m_list;                        // owned
+    // Owned, but released only through the engine library's factory
+    // (MP_DestroyCommonPlayer), never deleted here: a raw pointer, not a
+    // unique_ptr, for that reason.
+    MP_CommonPlayer* m_commonPlayer;
+    /** The current play list; the engine only borrows it, and is told to let
+     *  go before it is deleted (except in setList, which hands it the next). */
+    std::unique_ptr<MP_AufList> m_list;
     QString m_passedFile;
     QString m_launcherId;
+    /** The flip was closed at creation. Read by nothing yet: the external
+     *  display that follows the flip is not built. */
     bool m_flipClosed;
     bool m_contentTypeUnknown;
+    /** Set by the jump key, whose handler is not built yet; the content-type
+     *  report already honours it. */
     bool m_jumpKeyPending;
     MP_CONTENT_TYPE m_contentType;
-    QCopChannel* m_systemChannel;              // owned
-    QCopChannel* m_keyChannel;                 // owned
+    // Owned (children of the window, deleted first in the destructor).
+    // Opened at start-up; their messages are not handled yet.
+    QCopChannel* m_systemChannel;
+    QCopChannel* m_keyChannel;
     LastPlayedListRecord m_lastPlayedList;
 
     Q_DISABLE_COPY(MP_MainWindow)

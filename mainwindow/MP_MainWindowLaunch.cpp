@@ -45,12 +45,17 @@ QString fieldValue(const AM_ActionData& action, const char* allKey, const char* 
     return action.getValue(QLatin1String(valueKey));
 }
 
-// A heap copy of @p text in Latin-1 for the record; null for a null string.
-char* latin1Copy(const QString& text, int32_t* length)
+// A heap copy of @p text for the record; null for a null string.
+// The record's string slots are documented as Latin-1, but Latin-1 cannot hold
+// a Cyrillic, Greek or CJK name: the resume would search for "????" and fall
+// back to the whole library. UTF-8 keeps every name, and gives the same bytes
+// as Latin-1 for ASCII, so records written before read back unchanged. The
+// metadata service reads the slots as UTF-8 too.
+char* recordCopy(const QString& text, int32_t* length)
 {
     if (text.isNull())
         return nullptr;
-    const QByteArray bytes = text.toLatin1();
+    const QByteArray bytes = text.toUtf8();
     *length = int32_t(std::strlen(bytes.constData()));
     char* copy = new char[size_t(*length) + 1];
     std::memcpy(copy, bytes.constData(), size_t(*length) + 1);
@@ -59,7 +64,7 @@ char* latin1Copy(const QString& text, int32_t* length)
 
 QString fromRecord(const char* text)
 {
-    return text ? QString::fromLatin1(text) : QString();
+    return text ? QString::fromUtf8(text) : QString();
 }
 
 } // namespace
@@ -68,38 +73,55 @@ void MP_MainWindow::onReceiveAction(const AM_ActionData& action)
 {
     const QString name = action.action();
     LaunchTrace(3, "onReceiveAction: %s\n", qPrintable(name));
-    if (name == kPlayVideoAction) {
-        const QString selectionType = action.getValue(QStringLiteral("SelectionType"));
-        const QString date = action.getValue(QStringLiteral("Date"));
-        const int firstIndex = intValue(action, "FirstIndex");
-        const int storageLocation = intValue(action, "StorageLocation");
-        const bool slideShow = intValue(action, "isSlideShow") != 0;
-        freeCurrentList();
-        readSetting(true, false);
-        auto* list = new MP_AufList(selectionType, date, storageLocation, firstIndex);
-        setList(list, false, slideShow, slideShow, true, MP_LAUNCH_LIST);
-    } else if (name == kPlayMusicListAction) {
+    if (name == kPlayVideoAction)
+        playVideoSelection(action);
+    else if (name == kPlayMusicListAction)
         onPlaySystemList(action);
-    } else if (name == kPlayUserListAction) {
-        const int type = intValue(action, "Type");
-        const int groupId = intValue(action, "GroupObjectID");
-        const int firstIndex = intValue(action, "FirstIndex");
-        const int storageLocation = intValue(action, "StorageLocation");
-        const QString firstAlbum = action.getValue(QStringLiteral("FirstAlbum"));
-        freeCurrentList();
-        readSetting(false, false);
-        m_lastPlayedList.listType = type;
-        m_lastPlayedList.groupObjectId = uint32_t(groupId);
-        m_lastPlayedList.storageLocation = storageLocation;
-        m_lastPlayedList.firstIndex = firstIndex;
-        m_lastPlayedList.handler = MP_AufContext::getHandler();
-        saveLastPlayedList(&m_lastPlayedList);
-        auto* list = new MP_AufList(unsigned(groupId), MetadataGroupType(type), storageLocation, firstIndex, firstAlbum);
-        setList(list, true, false, false, true, MP_LAUNCH_LIST);
-    } else if (name == kPlayMediaAction) {
-        m_launcherId = action.getValue(QStringLiteral("Launcher"));
-        handleLauncherRequest(m_launcherId);
-    }
+    else if (name == kPlayUserListAction)
+        playUserList(action);
+    else if (name == kPlayMediaAction)
+        playForLauncher(action);
+    else
+        LaunchTrace(3, "onReceiveAction: unknown action ignored\n");
+}
+
+void MP_MainWindow::playVideoSelection(const AM_ActionData& action)
+{
+    const QString selectionType = action.getValue(QStringLiteral("SelectionType"));
+    const QString date = action.getValue(QStringLiteral("Date"));
+    const int firstIndex = intValue(action, "FirstIndex");
+    const int storageLocation = intValue(action, "StorageLocation");
+    const bool slideShow = intValue(action, "isSlideShow") != 0;
+    freeCurrentList();
+    readSetting(/*isVideo*/ true, /*forceShuffle*/ false);
+    auto* list = new MP_AufList(selectionType, date, storageLocation, firstIndex);
+    setList(list, /*userList*/ false, /*playFlag*/ slideShow, /*playerFlag*/ slideShow, /*startPlayback*/ true,
+            MP_LAUNCH_LIST);
+}
+
+void MP_MainWindow::playUserList(const AM_ActionData& action)
+{
+    const int type = intValue(action, "Type");
+    const int groupId = intValue(action, "GroupObjectID");
+    const int firstIndex = intValue(action, "FirstIndex");
+    const int storageLocation = intValue(action, "StorageLocation");
+    const QString firstAlbum = action.getValue(QStringLiteral("FirstAlbum"));
+    freeCurrentList();
+    readSetting(/*isVideo*/ false, /*forceShuffle*/ false);
+    m_lastPlayedList.listType = type;
+    m_lastPlayedList.groupObjectId = uint32_t(groupId);
+    m_lastPlayedList.storageLocation = storageLocation;
+    m_lastPlayedList.firstIndex = firstIndex;
+    m_lastPlayedList.handler = MP_AufContext::getHandler();
+    saveLastPlayedList(&m_lastPlayedList);
+    auto* list = new MP_AufList(unsigned(groupId), MetadataGroupType(type), storageLocation, firstIndex, firstAlbum);
+    setList(list, /*userList*/ true, /*playFlag*/ false, /*playerFlag*/ false, /*startPlayback*/ true, MP_LAUNCH_LIST);
+}
+
+void MP_MainWindow::playForLauncher(const AM_ActionData& action)
+{
+    m_launcherId = action.getValue(QStringLiteral("Launcher"));
+    handleLauncherRequest(m_launcherId);
 }
 
 QString MP_MainWindow::getArtistFromAction(const AM_ActionData& action) const
@@ -134,10 +156,11 @@ void MP_MainWindow::onPlaySystemList(const AM_ActionData& action)
     const QString firstAlbum = action.getValue(QStringLiteral("FirstAlbum"));
 
     freeCurrentList();
-    readSetting(false, shuffleAllSongs);
+    readSetting(/*isVideo*/ false, /*forceShuffle*/ shuffleAllSongs);
     storeLastplayedSystemList(artist, album, genre, composer, storageLocation, firstIndex);
     auto* list = new MP_AufList(artist, album, genre, composer, storageLocation, firstIndex, firstAlbum);
-    setList(list, false, false, false, true, MP_LAUNCH_LIST);
+    setList(list, /*userList*/ false, /*playFlag*/ false, /*playerFlag*/ false, /*startPlayback*/ true,
+            MP_LAUNCH_LIST);
     releaseLastPlayedStrings();
 }
 
@@ -148,10 +171,10 @@ void MP_MainWindow::storeLastplayedSystemList(const QString& artist, const QStri
     m_lastPlayedList.storageLocation = storageLocation;
     m_lastPlayedList.firstIndex = firstIndex;
     // Composer before genre: the record's order, not the list constructor's.
-    m_lastPlayedList.artist = latin1Copy(artist, &m_lastPlayedList.artistLength);
-    m_lastPlayedList.album = latin1Copy(album, &m_lastPlayedList.albumLength);
-    m_lastPlayedList.composer = latin1Copy(composer, &m_lastPlayedList.composerLength);
-    m_lastPlayedList.genre = latin1Copy(genre, &m_lastPlayedList.genreLength);
+    m_lastPlayedList.artist = recordCopy(artist, &m_lastPlayedList.artistLength);
+    m_lastPlayedList.album = recordCopy(album, &m_lastPlayedList.albumLength);
+    m_lastPlayedList.composer = recordCopy(composer, &m_lastPlayedList.composerLength);
+    m_lastPlayedList.genre = recordCopy(genre, &m_lastPlayedList.genreLength);
     saveLastPlayedList(&m_lastPlayedList);
 }
 
@@ -173,9 +196,10 @@ void MP_MainWindow::handleLauncherRequest(const QString& launcherId)
         return;
     }
     freeCurrentList();
-    readSetting(false, false);
+    readSetting(/*isVideo*/ false, /*forceShuffle*/ false);
     if (launcherId != kBluetoothLauncher && launcherId != kHomeScreenLauncher) {
-        setList(new MP_AufList(), false, false, false, true, MP_LAUNCH_LIST);
+        setList(new MP_AufList(), /*userList*/ false, /*playFlag*/ false, /*playerFlag*/ false,
+                /*startPlayback*/ true, MP_LAUNCH_LIST);
         return;
     }
     MP_AufList* list = takeLastPlayedList(launcherId);
@@ -183,7 +207,8 @@ void MP_MainWindow::handleLauncherRequest(const QString& launcherId)
         return;
     const bool userList = m_lastPlayedList.listType != kLibrarySelectionListType;
     // A headset only prepares the list; the home screen starts playing.
-    setList(list, userList, false, false, launcherId != kBluetoothLauncher, MP_LAUNCH_LIST);
+    setList(list, userList, /*playFlag*/ false, /*playerFlag*/ false,
+            /*startPlayback*/ launcherId != kBluetoothLauncher, MP_LAUNCH_LIST);
     freeLastPlayedList(&m_lastPlayedList);
 }
 
@@ -228,5 +253,6 @@ void MP_MainWindow::playCapturedVideo()
     // change subscription, which by then would be the new list's.
     releaseListQuietly();
     auto* list = new MP_AufList(QStringLiteral("Captured"), QStringLiteral(""), -1, 0);
-    setList(list, false, false, true, true, MP_LAUNCH_CAPTURED_VIDEO);
+    setList(list, /*userList*/ false, /*playFlag*/ false, /*playerFlag*/ true, /*startPlayback*/ true,
+            MP_LAUNCH_CAPTURED_VIDEO);
 }

@@ -16,8 +16,9 @@ int metadataDestroyClient(unsigned int handle);
 
 /**
  * The last-played list, seventeen 32-bit words on the phone. Strings are
- * NUL-terminated Latin-1 byte strings; the four string slots hold artist,
- * album, composer, genre in that order.
+ * NUL-terminated UTF-8 byte strings (not Latin-1, which loses every name
+ * outside Western Europe; ASCII names are the same bytes either way); the
+ * four string slots hold artist, album, composer, genre in that order.
  */
 struct LastPlayedListRecord {
     int32_t listType;        ///< group type of a user list, 6 for a library selection, -1 cleared

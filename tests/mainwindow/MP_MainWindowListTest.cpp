@@ -73,17 +73,6 @@ TEST_F(MP_MainWindowListTest, LauncherOnARunningPlayer_OnlyShowsIt)
     EXPECT_TRUE(journalLines("metadata", "saveLastPlayedList").isEmpty());
 }
 
-TEST_F(MP_MainWindowListTest, NewList_DeletesThePreviousBeforeTheEngineGetsIt)
-{
-    QPointer<MP_AufList> first = new MP_AufList();
-    window->setList(first, false, false, false, false, MP_LAUNCH_LIST);
-    auto* second = new MP_AufList();
-    window->setList(second, false, false, false, false, MP_LAUNCH_LIST);
-    EXPECT_TRUE(first.isNull());
-    EXPECT_EQ(window->currentList(), second);
-    EXPECT_TRUE(journalLines("engine", "autoPlay").size() == 1) << "only the passed file's start";
-}
-
 TEST_F(MP_MainWindowListTest, ListRunningEmpty_QuitsThePlayer)
 {
     window->setList(new MP_AufList(), false, false, false, true, MP_LAUNCH_LIST);

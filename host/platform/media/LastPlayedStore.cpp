@@ -6,25 +6,25 @@
 
 namespace {
 
-std::optional<QString> textOf(const char* latin1, int32_t length)
+std::optional<QString> textOf(const char* utf8, int32_t length)
 {
-    if (!latin1)
+    if (!utf8)
         return std::nullopt;
     // The length is the caller's word; the NUL bounds it where the two disagree.
-    const size_t size = length >= 0 ? qstrnlen(latin1, size_t(length)) : std::strlen(latin1);
-    return QString::fromLatin1(latin1, qsizetype(size));
+    const size_t size = length >= 0 ? qstrnlen(utf8, size_t(length)) : std::strlen(utf8);
+    return QString::fromUtf8(utf8, qsizetype(size));
 }
 
-void fill(const std::optional<QString>& text, char*& latin1, int32_t& length)
+void fill(const std::optional<QString>& text, char*& utf8, int32_t& length)
 {
     if (!text) {
-        latin1 = nullptr;
+        utf8 = nullptr;
         length = 0;
         return;
     }
-    const QByteArray bytes = text->toLatin1();
-    latin1 = new char[size_t(bytes.size()) + 1];
-    std::memcpy(latin1, bytes.constData(), size_t(bytes.size()) + 1);
+    const QByteArray bytes = text->toUtf8();
+    utf8 = new char[size_t(bytes.size()) + 1];
+    std::memcpy(utf8, bytes.constData(), size_t(bytes.size()) + 1);
     length = int32_t(bytes.size());
 }
 

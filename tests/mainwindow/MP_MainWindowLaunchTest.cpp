@@ -1,0 +1,187 @@
+// Launch requests through the main window, in one process: the last-played
+// record round trip, the resume's file check, and the captured-video request.
+
+#include "mainwindow/MP_MainWindow.h"
+
+#include <QDataStream>
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+#include <QPointer>
+
+#include <memory>
+
+#include "host/platform/media/MediaDatabase.h"
+#include "lists/MP_AufContext.h"
+#include "lists/MP_AufList.h"
+#include "lists/MP_RecentList.h"
+#include "platform/AM_Action.h"
+#include "tests/support/SongBuilder.h"
+#include "tests/support/TestEnvironment.h"
+
+extern "C" MP_MainWindow* MP_CreateMainWindow(const QString& passedFile);
+extern "C" void MP_DeleteMainWindow(MP_MainWindow* window);
+extern "C" void playCapturedVideo(MP_MainWindow* window);
+
+namespace {
+
+struct WindowDeleter {
+    void operator()(MP_MainWindow* window) const { MP_DeleteMainWindow(window); }
+};
+using WindowPtr = std::unique_ptr<MP_MainWindow, WindowDeleter>;
+
+/** The four strings of a library selection's stored description. */
+QStringList selectionOf(const MP_AufList& list)
+{
+    QDataStream stream(*const_cast<MP_AufList&>(list).getReservedData());
+    int type = -1;
+    QString artist, album, genre, composer;
+    stream >> type >> artist >> album >> genre >> composer;
+    return {QString::number(type), artist, album, genre, composer};
+}
+
+class MP_MainWindowLaunchTest : public TestEnvironment {
+protected:
+    void SetUp() override
+    {
+        TestEnvironment::SetUp();
+        database = MediaDatabase::open(MediaDatabase::defaultFile());
+        ASSERT_TRUE(database);
+        // Real files: the resume checks that they exist.
+        QDir().mkpath(dataPath("music"));
+    }
+    void TearDown() override
+    {
+        window.reset();
+        database.reset();
+        TestEnvironment::TearDown();
+    }
+
+    QString addFile(const QString& name, SongBuilder builder)
+    {
+        QFile file(builder.record().path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly)) << qPrintable(name);
+        EXPECT_NE(database->addMedia(builder), 0u);
+        return builder.record().path;
+    }
+    SongBuilder songFile(const QString& name) { return song(dataPath("music/" + name)); }
+
+    void startWindow()
+    {
+        window.reset(MP_CreateMainWindow(QString()));
+        // Without a launch action the start-up event would install the whole
+        // library; a request made now comes first.
+    }
+    void request(const QString& name, const QList<QPair<QString, QString>>& values)
+    {
+        AM_ActionData action(name);
+        for (const auto& [key, value] : values)
+            action.setValue(key, value);
+        window->onReceiveAction(action);
+    }
+    void resumeFromHomeScreen()
+    {
+        window.reset(MP_CreateMainWindow(QString()));
+        window->handleLauncherRequest(QStringLiteral("HomeScreen"));
+    }
+
+    std::unique_ptr<MediaDatabase> database;
+    WindowPtr window;
+};
+
+TEST_F(MP_MainWindowLaunchTest, LibrarySelection_EveryFieldAndNonLatinNameSurviveTheResume)
+{
+    addFile("a", songFile("kino.mp3").title("Gruppa krovi").artist("Кино").album("Звезда").genre("Рок").composer("Цой"));
+    addFile("b", songFile("other.mp3").title("Other").artist("Other"));
+    startWindow();
+    request("PlayMusicListInMediaplayer", {{"isAllArtist", "0"}, {"Artist", "Кино"}, {"isAllAlbum", "0"},
+                                           {"Album", "Звезда"}, {"isAllGenre", "0"}, {"Genre", "Рок"},
+                                           {"isAllComposer", "0"}, {"Composer", "Цой"}, {"StorageLocation", "2"},
+                                           {"FirstIndex", "0"}});
+    ASSERT_EQ(window->currentList()->count(), 1u);
+
+    // The record holds composer third and genre fourth, as UTF-8.
+    const QJsonObject saved = journalLines("metadata", "saveLastPlayedList").last().value("args").toArray().at(0).toObject();
+    EXPECT_EQ(saved.value("artist").toString(), "Кино");
+    EXPECT_EQ(saved.value("composer").toString(), "Цой");
+    EXPECT_EQ(saved.value("genre").toString(), "Рок");
+    LastPlayedListRecord record{};
+    record.handler = MP_AufContext::getHandler();
+    ASSERT_NE(getLastPlayedList(&record), 0);
+    EXPECT_EQ(QByteArray(record.artist), QByteArray("\xd0\x9a\xd0\xb8\xd0\xbd\xd0\xbe"));
+    EXPECT_EQ(record.artistLength, 8) << "a byte length, not a character count";
+    EXPECT_EQ(QString::fromUtf8(record.composer), "Цой");
+    EXPECT_EQ(QString::fromUtf8(record.genre), "Рок");
+    freeLastPlayedList(&record);
+
+    resumeFromHomeScreen();
+    ASSERT_NE(window->currentList(), nullptr);
+    EXPECT_EQ(selectionOf(*window->currentList()), (QStringList{"0", "Кино", "Звезда", "Рок", "Цой"}))
+        << "the same selection, not the whole library";
+    EXPECT_EQ(window->currentList()->count(), 1u);
+}
+
+TEST_F(MP_MainWindowLaunchTest, Resume_KeepsAListWithOneFileLeftAndReplacesOneWithNone)
+{
+    const QString first = addFile("1", songFile("1.mp3").title("A").artist("Band"));
+    const QString second = addFile("2", songFile("2.mp3").title("B").artist("Band"));
+    addFile("3", songFile("3.mp3").title("C").artist("Solo"));
+    startWindow();
+    request("PlayMusicListInMediaplayer", {{"isAllArtist", "0"}, {"Artist", "Band"}, {"isAllAlbum", "1"},
+                                           {"isAllGenre", "1"}, {"isAllComposer", "1"}, {"StorageLocation", "2"}});
+
+    QFile::remove(first);
+    resumeFromHomeScreen();
+    EXPECT_EQ(selectionOf(*window->currentList()).at(1), "Band") << "the second file still exists";
+
+    QFile::remove(second);
+    resumeFromHomeScreen();
+    EXPECT_EQ(selectionOf(*window->currentList()), (QStringList{"0", "", "", "", ""}))
+        << "no file left: the whole library instead";
+    EXPECT_EQ(window->currentList()->count(), 3u);
+}
+
+TEST_F(MP_MainWindowLaunchTest, CapturedVideo_LeavesTheHistoryUnsavedAndIgnoresANullWindow)
+{
+    addFile("v", songFile("clip.mp4").title("Clip").video().createdBy(int(METADATA_CREATED_CAPTURED)));
+    const QString played = addFile("s", songFile("song.mp3").title("Song"));
+    startWindow();
+    request("PlayMusicListInMediaplayer", {{"isAllArtist", "1"}, {"isAllAlbum", "1"}, {"isAllGenre", "1"},
+                                           {"isAllComposer", "1"}, {"StorageLocation", "2"}});
+    MP_RecentList::getAudioList()->addItem(played);
+
+    playCapturedVideo(window.get());
+    EXPECT_TRUE(window->currentList()->isVideoList());
+    EXPECT_EQ(MP_RecentList::getAudioList()->paths(), QStringList{played}) << "still waiting, not saved";
+    EXPECT_TRUE(journalLines("metadata", "metadataAddItemsIntoGroup").isEmpty());
+
+    playCapturedVideo(nullptr);   // an application without a window gets nothing done
+    MP_RecentList::getAudioList()->saveToDB();   // leave the process-wide collector empty
+}
+
+TEST_F(MP_MainWindowLaunchTest, NewList_TheEngineLetsGoOfNothingDeletedAndGetsTheNewList)
+{
+    startWindow();
+    QPointer<MP_AufList> first = new MP_AufList();
+    window->setList(first, false, false, false, false, MP_LAUNCH_LIST);
+    int linesWhenDeleted = -1;
+    QObject::connect(first, &QObject::destroyed, [&] { linesWhenDeleted = int(journal().size()); });
+    auto* second = new MP_AufList();
+    const int linesBefore = int(journal().size());
+    window->setList(second, false, false, false, false, MP_LAUNCH_LIST);
+
+    ASSERT_TRUE(first.isNull());
+    EXPECT_EQ(window->currentList(), second);
+    // The old list is gone before the engine is handed the new one.
+    const QList<QJsonObject> lines = journal();
+    int handedOver = -1;
+    for (int i = linesBefore; i < lines.size(); ++i) {
+        if (lines.at(i).value("call").toString() == "setPlayList")
+            handedOver = i;
+    }
+    ASSERT_GE(handedOver, 0);
+    EXPECT_GE(linesWhenDeleted, linesBefore);
+    EXPECT_LE(linesWhenDeleted, handedOver);
+}
+
+} // namespace
