@@ -4,7 +4,9 @@
 // (three artists, four albums, a user play list, videos), the engine's clock
 // in manual mode so that nothing depends on the wall clock, and the library's
 // trace lines and Qt's messages silenced so that the fuzzer's speed goes into
-// the code under test.
+// the code under test. The one thing left on real time is the database's
+// change poller (a few looks a second): the change indications that an
+// input's own database writes cause may reach a list during a later input.
 
 #include <QString>
 
