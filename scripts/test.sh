@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # From nothing to a passing test run: installs what is missing, builds, runs
 # every test, then builds again with AddressSanitizer and
-# UndefinedBehaviorSanitizer and runs every test once more.
-#   scripts/test.sh            both runs
+# UndefinedBehaviorSanitizer and runs every test once more, and last runs
+# every fuzz target for a few seconds (built with clang), failing on a crash.
+#   scripts/test.sh            all three runs
 #   scripts/test.sh --quick    the plain run only
 set -euo pipefail
 root="$(cd "$(dirname "$0")/.." && pwd)"
@@ -19,4 +20,5 @@ if [ "${1:-}" != "--quick" ]; then
   export ASAN_OPTIONS="detect_leaks=1:abort_on_error=1"
   export UBSAN_OPTIONS="print_stacktrace=1:halt_on_error=1"
   run_suite "$root/build-sanitize" -DMP_SANITIZE=ON -DCMAKE_BUILD_TYPE=Debug
+  "$root/scripts/fuzz.sh" 5
 fi

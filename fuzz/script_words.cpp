@@ -1,0 +1,60 @@
+// The host application's scenario-script reader: each line split into words
+// (ScriptWords), the words read as typed payload arguments (PayloadBuilder).
+//
+// Input: UTF-8 text (bytes that are not UTF-8 read as U+FFFD), split at '\n'
+// into script lines.
+//
+// Besides not crashing, the readers must keep their contracts, checked here:
+// a failed call gives a reason, and words written back quoted (with \" and \\)
+// and split again are the same words.
+
+#include <QStringList>
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+
+#include "host/app/PayloadBuilder.h"
+#include "host/app/ScriptWords.h"
+
+namespace {
+
+QString quoted(const QStringList& words)
+{
+    QStringList parts;
+    for (QString word : words) {
+        word.replace(QLatin1Char('\\'), QLatin1String("\\\\")).replace(QLatin1Char('"'), QLatin1String("\\\""));
+        parts.append(QLatin1Char('"') + word + QLatin1Char('"'));
+    }
+    return parts.join(QLatin1Char(' '));
+}
+
+void check(bool holds)
+{
+    if (!holds)
+        std::abort();
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+{
+    const QString text = QString::fromUtf8(reinterpret_cast<const char*>(data), qsizetype(size));
+    for (const QString& line : text.split(QLatin1Char('\n'))) {
+        QStringList words;
+        QString error;
+        if (!ScriptWords::split(line, &words, &error)) {
+            check(!error.isEmpty());
+            continue;
+        }
+        QStringList again;
+        check(ScriptWords::split(quoted(words), &again, &error));
+        check(again == words);
+
+        QByteArray payload;
+        error.clear();
+        const bool built = PayloadBuilder::build(words, &payload, &error);
+        check(built == error.isEmpty());
+    }
+    return 0;
+}
