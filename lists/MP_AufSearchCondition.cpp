@@ -162,6 +162,14 @@ MetadataSearchMediaRequest* MP_AufSearchCondition::getRequest(int start, int cou
     return &m_request;
 }
 
+MetadataSearchMediaRequest* MP_AufSearchCondition::getEntryAlbumRequest(int position)
+{
+    getRequest(position, 1, false);
+    m_request.candidateCount = 1;
+    m_request.candidates = musicAlbumCandidate;
+    return &m_request;
+}
+
 MetadataSearchMediaRequest* MP_AufSearchCondition::getAlbumsRequest(int start, int count)
 {
     m_request.sort = musicAlbumSort;
