@@ -10,6 +10,7 @@
 
 #include <climits>
 #include <memory>
+#include <utility>
 
 #include "host/platform/media/MediaDatabase.h"
 #include "lists/MP_AufContext.h"
@@ -230,19 +231,20 @@ TEST_F(MP_AufListTest, SetupMessages_WithAnUnreadableValueOrUnknownMode_ChangeNo
     setModes(MP_AufList::ShuffleSongs, true);
     MP_AufList music;
     QSignalSpy spy(&music, SIGNAL(signalListUpdate(int, bool)));
+    auto reported = [&] { return std::make_pair(spy.last().at(0).toInt(), spy.last().at(1).toBool()); };
     // Short payloads used to read as 0 and switch the modes off.
     const QList<QByteArray> unreadable{"", "00", "000000", "0000000000"};
     for (const QByteArray& hex : unreadable) {
         for (const char* message : {"MP_MSG_SETUP_CHANGE_SHUFFLE_MUSIC", "MP_MSG_SETUP_CHANGE_REPEAT_MUSIC"}) {
             QCopChannel::send("MEDIAPLAYER_MESSAGE_CHANNEL", message, QByteArray::fromHex(hex));
             processEvents();
-            EXPECT_EQ(spy.last(), (QList<QVariant>{1, true})) << message << " with payload \"" << hex.data() << '"';
+            EXPECT_EQ(reported(), std::make_pair(1, true)) << message << " with payload \"" << hex.data() << '"';
         }
     }
     for (const QByteArray& hex : {QByteArray("00000003"), QByteArray("ffffffff"), QByteArray("7fffffff")}) {
         QCopChannel::send("MEDIAPLAYER_MESSAGE_CHANNEL", "MP_MSG_SETUP_CHANGE_SHUFFLE_MUSIC", QByteArray::fromHex(hex));
         processEvents();
-        EXPECT_EQ(spy.last(), (QList<QVariant>{1, true})) << "shuffle mode " << hex.data();
+        EXPECT_EQ(reported(), std::make_pair(1, true)) << "shuffle mode " << hex.data();
     }
     EXPECT_EQ(spy.count(), 2 * unreadable.size() + 3) << "every message still reports the modes";
     EXPECT_EQ(MP_AufContext::shuffle, 1);
