@@ -5,7 +5,6 @@
 #include <QDataStream>
 
 #include <algorithm>
-#include <climits>
 
 #include "lists/MP_AufContext.h"
 #include "lists/MP_AufSearchCondition.h"

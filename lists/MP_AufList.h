@@ -222,8 +222,9 @@ private:
     /** The album the restriction holds (shuffle albums). Before the album order
      *  is built: the album to start it with (the first album of the launch). */
     QString m_currentAlbum;
-    /** Group lists: the group's type and storage, for the group-removal record. */
+    /** Group lists: the group's type, for the group-removal record. */
     int m_groupType = 0;
+    /** The storage the list searches; group lists hand it to the group-removal record. */
     int m_storageLocation = 0;
     /** Entries of the current search result: m_count, except in shuffle-albums
      *  mode where it is the size of the album that plays. */
