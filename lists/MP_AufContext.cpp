@@ -11,6 +11,7 @@ MP_DEFINE_TRACE(AufContextTrace, "MP_AufContext")
 int MP_AufContext::shuffle = 0;
 int MP_AufContext::shuffleSetting = 0;
 bool MP_AufContext::isRepeat = false;
+const MP_AufList* MP_AufContext::subscriber = nullptr;
 
 MP_AufContext::MP_AufContext() : m_handle(0)
 {

@@ -2,6 +2,8 @@
 // The process's one metadata-database client connection and the playing
 // modes that every new database-backed list starts with.
 
+class MP_AufList;
+
 class MP_AufContext {
 public:
     /** Shuffle mode given to every new list: 0 off, 1 shuffle songs, 2 shuffle albums. */
@@ -10,6 +12,10 @@ public:
     static int shuffleSetting;
     /** Repeat mode given to every new list. */
     static bool isRepeat;
+    /** The list that holds the connection's change subscription and result
+     *  backup: the one built last, since the connection keeps one of each.
+     *  Only that list releases them; null when none holds them. Not owned. */
+    static const MP_AufList* subscriber;
 
     /** The shared database client handle. The first call opens the connection
      *  (metadataInitialize, metadataCreateClient); it stays open until the process ends. */

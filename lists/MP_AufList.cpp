@@ -4,6 +4,8 @@
 
 #include <QDataStream>
 
+#include <algorithm>
+
 #include "lists/MP_AufContext.h"
 #include "lists/MP_AufSearchCondition.h"
 #include "lists/MP_AufSearchMediaAccessor.h"
@@ -22,13 +24,11 @@ const unsigned short kIndications[] = {METADATA_INDICATION_CONTENT_CHANGED, META
 
 MP_AufList::MP_AufList() : QObject(nullptr), m_currentIndex(-1), m_handler(MP_AufContext::getHandler())
 {
-    m_condition = new MP_AufSearchCondition(QString(), QString(), QString(), QString(),
-                                            MP_AufContext::maxStorageLocation());
-    m_aufType = LibrarySelection;
     m_storageLocation = MP_AufContext::maxStorageLocation();
-    QDataStream stream(&m_reservedData, QIODevice::WriteOnly);
-    MP_SetPayloadFormat(stream);
-    stream << qint32(m_aufType) << QString() << QString() << QString() << QString();
+    m_condition = std::make_unique<MP_AufSearchCondition>(QString(), QString(), QString(), QString(),
+                                                          m_storageLocation);
+    m_aufType = LibrarySelection;
+    writeReservedData([](QDataStream& stream) { stream << QString() << QString() << QString() << QString(); });
     initialize();
 }
 
@@ -37,12 +37,10 @@ MP_AufList::MP_AufList(const QString& artist, const QString& album, const QStrin
     : QObject(nullptr), m_currentIndex(firstIndex), m_handler(MP_AufContext::getHandler())
 {
     m_storageLocation = storageOrAll(storageLocation);
-    m_condition = new MP_AufSearchCondition(artist, album, genre, composer, m_storageLocation);
+    m_condition = std::make_unique<MP_AufSearchCondition>(artist, album, genre, composer, m_storageLocation);
     m_currentAlbum = firstAlbum;
     m_aufType = LibrarySelection;
-    QDataStream stream(&m_reservedData, QIODevice::WriteOnly);
-    MP_SetPayloadFormat(stream);
-    stream << qint32(m_aufType) << artist << album << genre << composer;
+    writeReservedData([&](QDataStream& stream) { stream << artist << album << genre << composer; });
     initialize();
 }
 
@@ -51,15 +49,13 @@ MP_AufList::MP_AufList(unsigned int groupId, MetadataGroupType groupType, int st
     : QObject(nullptr), m_currentIndex(firstIndex), m_handler(MP_AufContext::getHandler())
 {
     m_storageLocation = storageOrAll(storageLocation);
-    m_condition = new MP_AufSearchCondition(groupId, groupType, m_storageLocation);
+    m_condition = std::make_unique<MP_AufSearchCondition>(groupId, groupType, m_storageLocation);
     m_isHistory = groupType == METADATA_GROUP_PLAY_HISTORY;
     m_groupId = groupId;
     m_groupType = int(groupType);
     m_currentAlbum = firstAlbum;
     m_aufType = GroupList;
-    QDataStream stream(&m_reservedData, QIODevice::WriteOnly);
-    MP_SetPayloadFormat(stream);
-    stream << qint32(m_aufType) << quint32(m_groupId);
+    writeReservedData([groupId](QDataStream& stream) { stream << quint32(groupId); });
     initialize();
 }
 
@@ -68,24 +64,32 @@ MP_AufList::MP_AufList(const QString& selectionType, const QString& selectionDat
     : QObject(nullptr), m_currentIndex(firstIndex), m_handler(MP_AufContext::getHandler())
 {
     m_storageLocation = storageOrAll(storageLocation);
-    m_condition = new MP_AufSearchCondition(selectionType, selectionDate, m_storageLocation);
+    m_condition = std::make_unique<MP_AufSearchCondition>(selectionType, selectionDate, m_storageLocation);
     m_isVideo = true;
     m_aufType = VideoList;
-    QDataStream stream(&m_reservedData, QIODevice::WriteOnly);
-    MP_SetPayloadFormat(stream);
-    stream << qint32(m_aufType) << qint32(0);
+    writeReservedData([](QDataStream& stream) { stream << qint32(0); });
     initialize();
 }
 
 MP_AufList::~MP_AufList()
 {
-    int status = 0;
-    metadataManageBackupList(m_handler, METADATA_BACKUP_RELEASE, &status);
-    metadataDeregisterIndication(m_handler);
-    delete m_shuffleOrder;
-    delete m_accessor;
-    delete m_condition;
-    delete m_messageChannel;
+    // The connection keeps one subscription and one backup, and a newer list
+    // has taken both over from an older one: releasing them here would leave
+    // the newer list deaf to changes and without its backup.
+    if (MP_AufContext::subscriber == this) {
+        int status = 0;
+        metadataManageBackupList(m_handler, METADATA_BACKUP_RELEASE, &status);
+        metadataDeregisterIndication(m_handler);
+        MP_AufContext::subscriber = nullptr;
+    }
+}
+
+void MP_AufList::writeReservedData(const std::function<void(QDataStream&)>& writeSelection)
+{
+    QDataStream stream(&m_reservedData, QIODevice::WriteOnly);
+    MP_SetPayloadFormat(stream);
+    stream << qint32(m_aufType);
+    writeSelection(stream);
 }
 
 int MP_AufList::storageOrAll(int storageLocation)
@@ -101,14 +105,15 @@ void MP_AufList::initialize()
 
     metadataSetIndicationHandler(m_handler, &MP_AufList::indication_callback, this);
     metadataRegisterIndication(m_handler, kIndications, 2);
+    MP_AufContext::subscriber = this;
 
-    m_accessor = new MP_AufSearchMediaAccessor(int(m_handler), m_condition);
+    m_accessor = std::make_unique<MP_AufSearchMediaAccessor>(int(m_handler), m_condition.get());
     m_shuffle = MP_AufContext::shuffle;
     m_repeat = MP_AufContext::isRepeat;
-    m_shuffleOrder = new MP_Shuffle();
+    m_shuffleOrder = std::make_unique<MP_Shuffle>();
 
-    m_messageChannel = new QCopChannel(kMessageChannel);
-    connect(m_messageChannel, SIGNAL(received(const QCString&, const QByteArray&)), this,
+    m_messageChannel = std::make_unique<QCopChannel>(kMessageChannel);
+    connect(m_messageChannel.get(), SIGNAL(received(const QCString&, const QByteArray&)), this,
             SLOT(onMessageChannel(const QCString&, const QByteArray&)));
 
     // The database keeps the result as it is now, to find the current song
@@ -127,9 +132,11 @@ void MP_AufList::handleShuffle()
             m_count = 0;
             return;
         }
-        if (m_currentIndex < 0)
-            m_currentIndex = 0;
-        m_currentItem = getAufItem(m_currentIndex);
+        // A first index outside the list (one saved when the list was longer,
+        // or given wrongly) still plays: past the end the last song, the
+        // nearest to where play was; below 0 the first. In the shuffle modes
+        // such an index names no song and play starts where the order does.
+        setCurrentIndex(m_currentIndex);
         break;
     case ShuffleSongs:
         if (!getItems(0, 0)) {
@@ -167,9 +174,10 @@ void MP_AufList::updateCount()
 {
     // In shuffle-albums mode the accessor counts the album that plays; the
     // whole list's count is taken only without an album restriction.
+    const unsigned int found = unsigned(std::max(0, m_accessor->count()));
     if (m_shuffle != ShuffleAlbums || !m_isAlbumSpecified)
-        m_count = unsigned(m_accessor->count());
-    m_resultCount = unsigned(m_accessor->count());
+        m_count = found;
+    m_resultCount = found;
 }
 
 bool MP_AufList::getCountFromAuf()
@@ -208,7 +216,7 @@ bool MP_AufList::hasNext()
         return false;
     if (m_repeat)
         return true;
-    return m_currentIndex + m_albumOffset < int(m_count) - 1;
+    return qint64(m_currentIndex) + m_albumOffset < qint64(m_count) - 1;
 }
 
 bool MP_AufList::hasPrevious()
@@ -217,7 +225,7 @@ bool MP_AufList::hasPrevious()
         return false;
     if (m_repeat)
         return true;
-    return m_currentIndex + m_albumOffset >= 1;
+    return qint64(m_currentIndex) + m_albumOffset >= 1;
 }
 
 QString MP_AufList::getCurrent()
@@ -243,10 +251,10 @@ QString MP_AufList::getItem(int index)
 
 void MP_AufList::skipSteps(int steps)
 {
-    const int target = m_currentIndex + m_albumOffset + steps;
-    // Compared unsigned on purpose: a step before position 0 also passes an
-    // end of the order and draws a new one.
-    if (m_shuffle != ShuffleOff && unsigned(target) >= m_count) {
+    // In 64 bits: the steps come from outside and may be as large as an int.
+    const qint64 target = qint64(m_currentIndex) + m_albumOffset + steps;
+    // A step before position 0 passes an end of the order as well.
+    if (m_shuffle != ShuffleOff && (target < 0 || target >= qint64(m_count))) {
         AufListTrace(3, "re-shuffle!\n");
         m_shuffleOrder->reShuffle();
         // A wrap with repeat starts a new album order from its first album.
@@ -269,7 +277,7 @@ QByteArray* MP_AufList::getReservedData()
     return &m_reservedData;
 }
 
-void MP_AufList::setIndex(int index)
+void MP_AufList::setIndex(qint64 index)
 {
     const int position = getRepeatedIndex(index);
     if (m_shuffle == ShuffleAlbums)
@@ -278,15 +286,16 @@ void MP_AufList::setIndex(int index)
         setCurrentIndex(position);
 }
 
-int MP_AufList::getRepeatedIndex(int index) const
+int MP_AufList::getRepeatedIndex(qint64 index) const
 {
-    // An empty list has nothing to wrap onto: the position stays as it is
-    // and every look-up then yields the empty item.
-    if (!m_repeat || m_count == 0)
-        return index;
-    const int count = int(m_count);
+    const qint64 count = qint64(m_count);
+    // An empty list has nothing to wrap onto, and without repeat nothing
+    // wraps: a position outside the list stays outside (as -1 or count, so
+    // that it fits an int) and every look-up there yields the empty item.
+    if (!m_repeat || count == 0)
+        return int(std::clamp<qint64>(index, -1, count));
     index %= count;
-    return index < 0 ? index + count : index;
+    return int(index < 0 ? index + count : index);
 }
 
 void MP_AufList::setCurrentIndex(int index)
@@ -334,16 +343,27 @@ int MP_AufList::getPositionOfCurrentSong()
 
 void MP_AufList::updateShuffle(int mode)
 {
+    const MP_AUF_ITEM playing = m_currentItem;
     m_currentIndex = getPositionOfCurrentSong();
     if (m_shuffle == ShuffleAlbums && mode != ShuffleAlbums) {
         // Leaving the mode: the album that played no longer restricts the list.
         clearAlbumFilter();
         m_albumOffset = 0;
     }
+    if (mode == ShuffleAlbums && m_shuffle != ShuffleAlbums) {
+        // The album order starts with the album of the song that plays. The
+        // album held until now is the launch's first album, which says where
+        // play began, not where it is.
+        m_currentAlbum = albumOfSong(m_currentIndex);
+    }
     m_shuffle = mode;
     MP_AufContext::shuffle = mode;
     MP_AufContext::shuffleSetting = mode;
     handleShuffle();
+    // The order is rebuilt around the playing song, which stays current; should
+    // it be gone from the list meanwhile, the engine must load the new one.
+    if (m_currentItem.id != playing.id)
+        Q_EMIT signalCurrentChanged();
 }
 
 void MP_AufList::updateRepeat(bool repeat)
@@ -352,17 +372,33 @@ void MP_AufList::updateRepeat(bool repeat)
     MP_AufContext::isRepeat = repeat;
 }
 
-void MP_AufList::onMessageChannel(const QCString& message, const QByteArray& data)
+std::optional<int> MP_AufList::readSetupValue(const QByteArray& payload)
 {
-    QDataStream stream(data);
+    QDataStream stream(payload);
     MP_SetPayloadFormat(stream);
     qint32 value = 0;
     stream >> value;
+    // A short payload would read as 0 and switch a mode off; a longer one is
+    // not the message the setup application sends.
+    if (stream.status() != QDataStream::Ok || !stream.atEnd())
+        return std::nullopt;
+    return int(value);
+}
+
+void MP_AufList::onMessageChannel(const QCString& message, const QByteArray& data)
+{
     const QCString shuffleMessage = m_isVideo ? "MP_MSG_SETUP_CHANGE_SHUFFLE_VIDEO" : "MP_MSG_SETUP_CHANGE_SHUFFLE_MUSIC";
     const QCString repeatMessage = m_isVideo ? "MP_MSG_SETUP_CHANGE_REPEAT_VIDEO" : "MP_MSG_SETUP_CHANGE_REPEAT_MUSIC";
-    if (message == shuffleMessage)
-        updateShuffle(value);
-    else if (message == repeatMessage)
-        updateRepeat(value != 0);
+    if (message == shuffleMessage || message == repeatMessage) {
+        const std::optional<int> value = readSetupValue(data);
+        if (!value)
+            AufListTrace(3, "MP_AufList::onMessageChannel, unreadable value of %s ignored\n", message.constData());
+        else if (message == repeatMessage)
+            updateRepeat(*value != 0);
+        else if (*value < ShuffleOff || *value > ShuffleAlbums)
+            AufListTrace(3, "MP_AufList::onMessageChannel, unknown shuffle mode %d ignored\n", *value);
+        else
+            updateShuffle(*value);
+    }
     Q_EMIT signalListUpdate(m_shuffle, m_repeat);
 }

@@ -23,8 +23,9 @@ void MP_AufList::setAlbumFilter(const QString& album)
 
 void MP_AufList::handleShuffleAlbums()
 {
-    // The album to start with is the one asked for at launch (or held when
-    // the mode was entered); taken before the restriction is lifted, which
+    // The album to start with: at construction the one asked for at launch,
+    // later the album of the song that plays (set by updateShuffle, or held
+    // by the restriction); taken before the restriction is lifted, which
     // forgets it.
     const QString firstAlbum = m_currentAlbum;
     m_albumOffset = 0;
@@ -189,6 +190,14 @@ int MP_AufList::positionInWholeList()
         getCountFromAuf();
     }
     return position;
+}
+
+QString MP_AufList::albumOfSong(int position)
+{
+    QString album;
+    if (position < 0 || !m_accessor->getEntryAlbum(position, album))
+        return QString();
+    return album;
 }
 
 int MP_AufList::getItemIndex(const MP_AUF_ITEM& item)

@@ -9,6 +9,8 @@
 
 #include <unistd.h>
 
+#include <climits>
+
 #include "lists/MP_AufSearchMediaAccessor.h"
 #include "lists/MP_Shuffle.h"
 #include "platform/TraceLog.h"
@@ -17,7 +19,8 @@ MP_DEFINE_TRACE(AufChangeTrace, "MP_AufList")
 
 bool MP_AufList::removeItem(int index)
 {
-    const int position = m_shuffle == ShuffleAlbums ? index - m_albumOffset : index;
+    // In 64 bits: the index comes from outside and may be as small as an int.
+    const qint64 position = m_shuffle == ShuffleAlbums ? qint64(index) - m_albumOffset : index;
     if (position == m_currentIndex && removeCurrent())
         AufChangeTrace(3, "removed current!\n");
     else
@@ -91,9 +94,13 @@ void MP_AufList::handleUpdate()
 
     bool isExisted = false;
     int newIndex = 0;
-    if (metadataCheckBackupedItem(m_handler, position, &isExisted, &newIndex, &m_count) != 0) {
+    const int checked = metadataCheckBackupedItem(m_handler, position, &isExisted, &newIndex, &m_count);
+    // A count beyond an int is no count a list can play through: the answer is
+    // as unusable as a failed look-up.
+    if (checked != 0 || m_count > unsigned(INT_MAX)) {
         AufChangeTrace(3, "Error!!! Can't get index from backup list, play from beginning!!!\n");
-        getCountFromAuf();
+        if (!getCountFromAuf())
+            m_count = m_resultCount = 0;
         handleCurrentRemoved(0);
         Q_EMIT signalCurrentChanged();
     } else {
@@ -133,7 +140,7 @@ void MP_AufList::findCurrentSongAgain(int oldCount)
 int MP_AufList::getNewCurrentIndex(int reportedIndex) const
 {
     // The database counts a surviving entry's position from 1.
-    return reportedIndex < 0 ? int(m_count) - 1 : reportedIndex - 1;
+    return reportedIndex < 0 ? int(m_count) - 1 : reportedIndex - 1;  // no overflow: m_count <= INT_MAX
 }
 
 void MP_AufList::handleCurrentChanged(int newIndex, int oldPosition, int oldCount)
@@ -144,7 +151,8 @@ void MP_AufList::handleCurrentChanged(int newIndex, int oldPosition, int oldCoun
     }
     switch (m_shuffle) {
     case ShuffleOff:
-        m_currentIndex = newIndex;
+        // The database's position is not trusted to lie inside the list.
+        m_currentIndex = getRestrictedIndex(newIndex, m_count);
         break;
     case ShuffleSongs:
         m_shuffleOrder->shuffle(int(m_count), newIndex);
@@ -185,8 +193,8 @@ void MP_AufList::handleCurrentRemoved(int nextIndex)
 
 void MP_AufList::handleNowPlayingDeleted()
 {
-    const int next = getCurrentIndex() + 1;
-    handleCurrentRemoved(next < int(count()) ? next : -1);
+    const qint64 next = qint64(getCurrentIndex()) + 1;
+    handleCurrentRemoved(next < qint64(count()) ? int(next) : -1);
     Q_EMIT signalCurrentChanged();
 }
 

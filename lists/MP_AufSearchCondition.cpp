@@ -146,19 +146,30 @@ void MP_AufSearchCondition::setAlbum(const QString& album)
     }
     m_albumRestriction = album.toUtf8();
     m_isAlbumSpecified = true;
-    albumSlot() = {METADATA_FILTER_ALBUM, METADATA_OPERATOR_EQUAL, uint32_t(m_albumRestriction.length()) + 1,
-                   m_albumRestriction.constData()};
 }
 
 MetadataSearchMediaRequest* MP_AufSearchCondition::getRequest(int start, int count, bool idsOnly)
 {
     m_request.sort = m_defaultSort;
+    // Written here, not in setAlbum: the album-name request shares the slot,
+    // and a restriction must not be lost to one of those in between.
+    if (m_isAlbumSpecified)
+        albumSlot() = {METADATA_FILTER_ALBUM, METADATA_OPERATOR_EQUAL, uint32_t(m_albumRestriction.length()) + 1,
+                       m_albumRestriction.constData()};
     m_request.filterCount = uint32_t(m_permanentFilterCount + (m_isAlbumSpecified ? 1 : 0));
     m_request.groupingFlag = 0;
     m_request.candidateCount = idsOnly ? 1 : 2;
     m_request.candidates = idsOnly ? objectIdCandidate : aufItemCandidate;
     m_request.resultCount = count;
     m_request.firstIndex = start;
+    return &m_request;
+}
+
+MetadataSearchMediaRequest* MP_AufSearchCondition::getEntryAlbumRequest(int position)
+{
+    getRequest(position, 1, false);
+    m_request.candidateCount = 1;
+    m_request.candidates = musicAlbumCandidate;
     return &m_request;
 }
 

@@ -42,6 +42,8 @@ public:
     /** The request for @p count entries (0: the total only) from position @p start: object
      *  ids and paths, or ids only. Points into the condition; valid until its next call. */
     MetadataSearchMediaRequest* getRequest(int start, int count, bool idsOnly);
+    /** The request for the album name of the one entry at @p position of the result. */
+    MetadataSearchMediaRequest* getEntryAlbumRequest(int position);
     /** The request for the album names of the result, sorted by name; an album
      *  restriction is left out of it. */
     MetadataSearchMediaRequest* getAlbumsRequest(int start, int count);

@@ -60,6 +60,23 @@ bool MP_AufSearchMediaAccessor::getAlbums(int start, int count, QStringList& out
     return result == 0;
 }
 
+bool MP_AufSearchMediaAccessor::getEntryAlbum(int position, QString& album)
+{
+    QStringList albums;
+    m_albumOutput = &albums;
+    m_isGetCount = false;
+    const int result =
+        metadataSearchMedia(m_handle, m_condition->getEntryAlbumRequest(position), AufGetAlbumsCallback, this);
+    m_albumOutput = nullptr;
+    if (result != 0 || albums.size() != 1) {
+        SearchAccessorTrace(3, "getEntryAlbum: no entry at %d (%d)\n", position, result);
+        return false;
+    }
+    // An entry without an album belongs to the album of the nameless ones.
+    album = albums.first().isNull() ? QString(QLatin1String("")) : albums.first();
+    return true;
+}
+
 void MP_AufSearchMediaAccessor::setAlbum(const QString& album)
 {
     m_condition->setAlbum(album);

@@ -26,6 +26,9 @@ public:
     bool getAlbums(int start, int count, QStringList& out) override;
     void setAlbum(const QString& album) override;
     int albumCount() override;
+    /** The album of the entry at @p position of the result into @p album (empty, not
+     *  null, for an entry without one); false when the search fails or finds no entry. */
+    bool getEntryAlbum(int position, QString& album);
     /** Cannot look ids up: sets @p index to 0 and returns false. */
     bool getIndex(unsigned int id, int& index) override;
     /** Removes nothing; returns false. */

@@ -8,12 +8,15 @@
 #include <QSet>
 #include <QSignalSpy>
 
+#include <climits>
 #include <memory>
+#include <utility>
 
 #include "host/platform/media/MediaDatabase.h"
 #include "lists/MP_AufContext.h"
 #include "platform/QCopChannel.h"
 #include "platform/StreamEncoding.h"
+#include "tests/support/SongBuilder.h"
 #include "tests/support/TestEnvironment.h"
 
 namespace {
@@ -43,14 +46,8 @@ protected:
 
     quint32 addSong(const QString& title, const QString& album, int track, MediaKind kind = MediaKind::Audio)
     {
-        MediaRecord record;
-        record.path = QStringLiteral("/music/%1/%2.mp3").arg(album, title);
-        record.kind = kind;
-        record.title = title;
-        record.artist = QStringLiteral("Band");
-        record.album = album;
-        record.track = track;
-        return database->addMedia(record);
+        return database->addMedia(song(QStringLiteral("/music/%1/%2.mp3").arg(album, title))
+                                      .kind(kind).title(title).artist("Band").album(album).track(track));
     }
 
     static QString titleOf(const QString& path) { return QFileInfo(path).completeBaseName(); }
@@ -100,6 +97,35 @@ TEST_F(MP_AufListTest, EmptyList_HasNoStepsEvenWithRepeat)
     EXPECT_EQ(list.getCurrentIndex(), 0);
     EXPECT_TRUE(list.getCurrent().isNull());
     EXPECT_TRUE(list.getItem(0).isNull());
+}
+
+TEST_F(MP_AufListTest, FirstIndexOutsideTheList_PlaysTheNearestEnd)
+{
+    addSongs(5);
+    MP_AufList pastTheEnd(QString(), QString(), QString(), QString(), 2, INT_MAX, QString());
+    EXPECT_EQ(pastTheEnd.getCurrentIndex(), 4);
+    EXPECT_EQ(titleOf(pastTheEnd.getCurrent()), "Song 04") << "the last song, not none";
+    MP_AufList beforeTheStart(QString(), QString(), QString(), QString(), 2, -7, QString());
+    EXPECT_EQ(titleOf(beforeTheStart.getCurrent()), "Song 00");
+
+    // Repeat wraps from there without overflowing, whatever the steps.
+    setModes(0, true);
+    MP_AufList repeating(QString(), QString(), QString(), QString(), 2, INT_MAX, QString());
+    repeating.skipSteps(1);
+    EXPECT_EQ(titleOf(repeating.getCurrent()), "Song 00") << "from the last song, one on";
+    repeating.skipSteps(INT_MAX);  // 2147483647 = 5 * 429496729 + 2
+    EXPECT_EQ(repeating.getCurrentIndex(), 2);
+    repeating.skipSteps(INT_MIN);  // 2 - 2147483648 = 5 * -429496730 + 4
+    EXPECT_EQ(repeating.getCurrentIndex(), 4);
+    EXPECT_EQ(titleOf(repeating.getItem(INT_MIN)), "Song 02");
+
+    setModes(0, false);
+    MP_AufList plain;
+    plain.skipSteps(INT_MAX);
+    EXPECT_EQ(plain.getCurrentIndex(), 4);
+    plain.skipSteps(INT_MIN);
+    EXPECT_EQ(plain.getCurrentIndex(), 0);
+    EXPECT_TRUE(plain.getItem(INT_MAX).isNull());
 }
 
 TEST_F(MP_AufListTest, Cache_HoldsAWindowOfTenAndRefetchesOnlyOutsideIt)
@@ -199,6 +225,46 @@ TEST_F(MP_AufListTest, SetupMessages_ChangeTheModesOfTheirKindOfList)
     EXPECT_EQ(videoSpy.last(), (QList<QVariant>{0, true}));
 }
 
+TEST_F(MP_AufListTest, SetupMessages_WithAnUnreadableValueOrUnknownMode_ChangeNothing)
+{
+    addSongs(3);
+    setModes(MP_AufList::ShuffleSongs, true);
+    MP_AufList music;
+    QSignalSpy spy(&music, SIGNAL(signalListUpdate(int, bool)));
+    auto reported = [&] { return std::make_pair(spy.last().at(0).toInt(), spy.last().at(1).toBool()); };
+    // Short payloads used to read as 0 and switch the modes off.
+    const QList<QByteArray> unreadable{"", "00", "000000", "0000000000"};
+    for (const QByteArray& hex : unreadable) {
+        for (const char* message : {"MP_MSG_SETUP_CHANGE_SHUFFLE_MUSIC", "MP_MSG_SETUP_CHANGE_REPEAT_MUSIC"}) {
+            QCopChannel::send("MEDIAPLAYER_MESSAGE_CHANNEL", message, QByteArray::fromHex(hex));
+            processEvents();
+            EXPECT_EQ(reported(), std::make_pair(1, true)) << message << " with payload \"" << hex.data() << '"';
+        }
+    }
+    for (const QByteArray& hex : {QByteArray("00000003"), QByteArray("ffffffff"), QByteArray("7fffffff")}) {
+        QCopChannel::send("MEDIAPLAYER_MESSAGE_CHANNEL", "MP_MSG_SETUP_CHANGE_SHUFFLE_MUSIC", QByteArray::fromHex(hex));
+        processEvents();
+        EXPECT_EQ(reported(), std::make_pair(1, true)) << "shuffle mode " << hex.data();
+    }
+    EXPECT_EQ(spy.count(), 2 * unreadable.size() + 3) << "every message still reports the modes";
+    EXPECT_EQ(MP_AufContext::shuffle, 1);
+    EXPECT_TRUE(MP_AufContext::isRepeat);
+
+    EXPECT_EQ(MP_AufList::readSetupValue(QByteArray::fromHex("fffffffe")), -2);
+    EXPECT_EQ(MP_AufList::readSetupValue(QByteArray::fromHex("0000000100")), std::nullopt);
+}
+
+TEST_F(MP_AufListTest, OlderListDeleted_TheNewerOneStillFollowsTheDatabase)
+{
+    addSongs(3);
+    auto older = std::make_unique<MP_AufList>();
+    MP_AufList newer;
+    older.reset();
+    addSongs(1, QStringLiteral("Later"));
+    EXPECT_TRUE(waitUntil([&] { return newer.count() == 4; }, 3000))
+        << "the subscription and backup of the shared connection are the newer list's";
+}
+
 } // namespace
 
 namespace {
@@ -296,6 +362,22 @@ TEST_F(MP_AufListAlbumTest, SteppingBackFromTheNextAlbum_ReturnsToTheFirstAlbum)
     list.skipSteps(1);
     EXPECT_EQ(titleOf(list.getCurrent()), next);
     EXPECT_EQ(walkForward(list).size(), 10) << "the rest of the order, each song once";
+}
+
+TEST_F(MP_AufListAlbumTest, SwitchedOnWhileAnotherAlbumPlays_GoesOnFromThePlayingSong)
+{
+    // Launched on Delta, but Bravo plays when the mode is switched on.
+    MP_AufList list(QString(), QString(), QString(), QString(), 2, 0, QStringLiteral("Delta"));
+    list.moveTo(4);
+    ASSERT_EQ(titleOf(list.getCurrent()), "Bravo 2");
+    QSignalSpy changed(&list, SIGNAL(signalCurrentChanged()));
+    list.updateShuffle(MP_AufList::ShuffleAlbums);
+    EXPECT_EQ(titleOf(list.getCurrent()), "Bravo 2");
+    EXPECT_EQ(changed.count(), 0) << "the same song plays on";
+    const QStringList forward = walkForward(list);
+    EXPECT_EQ(forward.mid(0, 3), (QStringList{"Bravo 2", "Bravo 3", "Bravo 4"}));
+    EXPECT_EQ(forward.size(), 14) << "then every other album once";
+    EXPECT_EQ(forward.filter("Bravo").size(), 3);
 }
 
 TEST_F(MP_AufListAlbumTest, SongsWithoutAnAlbum_PlayAsAnAlbumOfTheirOwn)
@@ -428,12 +510,10 @@ TEST_F(MP_AufListTest, RemoveItem_TakesTheCurrentOutOfItsGroupOrDeletesItsFile)
     QTemporaryDir files;
     QList<quint32> ids;
     for (int i = 0; i < 3; ++i) {
-        MediaRecord record;
-        record.path = files.filePath(QStringLiteral("song%1.mp3").arg(i));
-        record.title = QStringLiteral("Song %1").arg(i);
-        QFile file(record.path);
+        const QString path = files.filePath(QStringLiteral("song%1.mp3").arg(i));
+        QFile file(path);
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        ids.append(database->addMedia(record));
+        ids.append(database->addMedia(song(path).title(QStringLiteral("Song %1").arg(i))));
     }
     const quint32 group = database->addGroup(METADATA_GROUP_USER, QStringLiteral("Mine"));
     ASSERT_TRUE(database->setGroupMembers(group, {ids.at(2), ids.at(0), ids.at(1)}));

@@ -120,6 +120,18 @@ TEST(MP_AufSearchConditionTest, RequestsHoldTheDocumentedWords)
                    return c.getRequest(0, 10, false);
                }),
          0u, {"11/0/4/Pop", "12/0/10/Afterglow"}, "0/0", 1, 0, "0,2", 10, 0, ""},
+        {"the restriction outlives an album-name request",
+         music("Aurora Lane", kNull, kNull, kNull,
+               [](Condition& c) {
+                   c.setAlbum("Paper Boats");
+                   c.getAlbumsRequest(0, 0);
+                   return c.getRequest(0, 10, false);
+               }),
+         0u, {"9/0/12/Aurora Lane", "12/0/12/Paper Boats"}, "0/0", 1, 0, "0,2", 10, 0, ""},
+        {"the album of one entry", music(kNull, kNull, "Pop", kNull, [](Condition& c) {
+             return c.getEntryAlbumRequest(5);
+         }),
+         0u, {"11/0/4/Pop"}, "0/0", 1, 0, "20", 1, 5, ""},
         {"user group", group(7, 0), 5u, {"18/0/4/#7"}, "11/0", 2, 0, "0,2", 10, 3, ""},
         {"play history", group(2, 2), 7u, {"18/0/4/#2"}, "11/0", 2, 0, "0,2", 10, 3, ""},
         {"unsupported group type searches a user group", group(9, 1), 5u, {"18/0/4/#9"}, "11/0", 2, 0, "0,2", 10, 3,
