@@ -74,7 +74,7 @@ const QString kNull;
 
 } // namespace
 
-TEST(MP_AufSearchConditionTest, RequestsHoldTheDocumentedWords)
+TEST(MP_AufSearchConditionTest, EachSelection_AsksTheDatabaseForItsFiltersSortAndPage)
 {
     const auto items = [](int start, int count) {
         return [=](Condition& c) { return c.getRequest(start, count, false); };
