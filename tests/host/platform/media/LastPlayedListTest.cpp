@@ -25,19 +25,19 @@ LastPlayedListRecord cleared()
 
 } // namespace
 
-TEST_F(LastPlayedListTest, SaveGetFreeRoundTripWithNullAndLatin1Strings)
+TEST_F(LastPlayedListTest, SaveGetFreeRoundTripWithNullAndUtf8Strings)
 {
     LastPlayedListRecord read = cleared();
     read.firstIndex = 7;
     EXPECT_EQ(getLastPlayedList(&read), 0);       // nothing stored: the record stays as it was
     EXPECT_EQ(read.firstIndex, 7);
 
-    char artist[] = "Bj\xf6rk";            // Latin-1
+    char artist[] = "Bj\xc3\xb6rk";        // UTF-8
     char genre[] = "Folk and more";
     LastPlayedListRecord saved = cleared();
     saved.listType = 6;
     saved.artist = artist;
-    saved.artistLength = 5;
+    saved.artistLength = 6;
     saved.genre = genre;
     saved.genreLength = 4;                 // the length given counts: "Folk"
     saved.storageLocation = 1;
@@ -50,8 +50,8 @@ TEST_F(LastPlayedListTest, SaveGetFreeRoundTripWithNullAndLatin1Strings)
 
     ASSERT_NE(getLastPlayedList(&read), 0);
     EXPECT_EQ(read.listType, 6);
-    EXPECT_STREQ(read.artist, "Bj\xf6rk");
-    EXPECT_EQ(read.artistLength, 5);
+    EXPECT_STREQ(read.artist, "Bj\xc3\xb6rk");
+    EXPECT_EQ(read.artistLength, 6);
     EXPECT_STREQ(read.genre, "Folk");
     EXPECT_EQ(read.genreLength, 4);
     EXPECT_EQ(read.album, nullptr);
