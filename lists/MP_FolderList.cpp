@@ -32,10 +32,7 @@ MP_FolderList::MP_FolderList(const QString& file, int sortType) : m_file(file), 
     initialize();
 }
 
-MP_FolderList::~MP_FolderList()
-{
-    delete m_entries;
-}
+MP_FolderList::~MP_FolderList() = default;
 
 QString MP_FolderList::getNameFilter() const
 {
