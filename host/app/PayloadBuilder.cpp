@@ -3,6 +3,7 @@
 #include <QDataStream>
 #include <QIODevice>
 
+#include "host/app/ScriptWords.h"
 #include "platform/StreamEncoding.h"
 
 namespace {
@@ -49,8 +50,8 @@ bool PayloadBuilder::build(const QStringList& arguments, QByteArray* payload, QS
             ok = false;
         }
         if (!ok) {
-            *error = QStringLiteral("bad argument \"%1\" (expected int:N, i8:N, str:TEXT, bytes:HEX or raw:HEX)")
-                         .arg(argument);
+            *error = QStringLiteral("bad argument %1 (expected int:N, i8:N, str:TEXT, bytes:HEX or raw:HEX)")
+                         .arg(ScriptWords::excerpt(argument));
             return false;
         }
     }
