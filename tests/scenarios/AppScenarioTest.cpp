@@ -67,19 +67,32 @@ TEST(AppScenarioTest, WithoutADisplay_AHeadsetResumeThatNobodyStartsEnds)
     EXPECT_EQ(scenario.argsOf("engine", "setPlayList").size(), 1);
 }
 
-TEST(AppScenarioTest, UnknownCommandOfTenMegabytes_IsCutInTheError)
+TEST(AppScenarioTest, BadLines_StopTheScriptWithABoundedMessage)
 {
     QTemporaryDir folder;
-    const QString script = folder.filePath("huge.mps");
-    QFile file(script);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(QByteArray(10 * 1024 * 1024, 'x') + "\nquit\n");
-    file.close();
-
+    const QString script = folder.filePath("bad.mps");
     ScenarioRun scenario;
-    EXPECT_EQ(scenario.run(script), 2);
+    const auto runLine = [&](const QByteArray& line) {
+        QFile file(script);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        file.write(line + "\nquit\n");
+        file.close();
+        return scenario.run(script);
+    };
+
+    EXPECT_EQ(runLine(QByteArray(10 * 1024 * 1024, 'x')), 2);
     EXPECT_EQ(scenario.errorOutput(),
               script + ":1: unknown command \"" + QString(80, 'x') + "...\" (10485760 characters)\n");
+
+    // The cut falls inside a character of two UTF-16 units: it goes whole.
+    EXPECT_EQ(runLine(QByteArray(79, 'a') + "\xF0\x9F\x8E\xB5" + "bbbbb"), 2);
+    EXPECT_EQ(scenario.errorOutput(),
+              script + ":1: unknown command \"" + QString(79, 'a') + "...\" (86 characters)\n");
+
+    // Digits of another script are no hex digits.
+    EXPECT_EQ(runLine("qcop VEMO/System applyStyle() raw:\xD9\xA3\xD9\xA3"), 2);
+    EXPECT_EQ(scenario.errorOutput(),
+              script + ":1: qcop: bad argument \"raw:\u0663\u0663\" (expected int:N, i8:N, str:TEXT, bytes:HEX or raw:HEX)\n");
 }
 
 TEST(AppScenarioTest, Folder_PlaysItsFilesInNameOrder)
