@@ -5,7 +5,6 @@
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
-#include <QTextStream>
 #include <QTimer>
 
 #include <cstdio>
@@ -100,9 +99,13 @@ bool ScriptRunner::load(const QString& path, QString* error)
         return false;
     }
     m_name = path == QLatin1String("-") ? QStringLiteral("<stdin>") : path;
-    QTextStream in(&file);
-    while (!in.atEnd())
-        m_lines.append(in.readLine());
+    // Read whole and split once: a line of megabytes read through a text
+    // stream is scanned again for its end at every chunk.
+    const QString text = QString::fromUtf8(file.readAll());
+    m_lines = text.split(QLatin1Char('\n'));
+    // A final newline ends the last line; it does not start another.
+    if (!m_lines.isEmpty() && m_lines.last().isEmpty())
+        m_lines.removeLast();
     return true;
 }
 
