@@ -32,10 +32,7 @@ MP_FolderList::MP_FolderList(const QString& file, int sortType) : m_file(file), 
     initialize();
 }
 
-MP_FolderList::~MP_FolderList()
-{
-    delete m_entries;
-}
+MP_FolderList::~MP_FolderList() = default;
 
 QString MP_FolderList::getNameFilter() const
 {
@@ -62,7 +59,9 @@ void MP_FolderList::initialize()
     if (!filter.isEmpty()) {
         folder.setNameFilters(filter.split(QLatin1Char(';')));
         folder.setSorting(QDir::Name | QDir::IgnoreCase);
-        folder.setFilter(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden | QDir::System);
+        // What a file manager shows: a memory card's "._song.mp3" resource
+        // fork, a FIFO or a folder named like a song would only fail to play.
+        folder.setFilter(QDir::Files | QDir::NoDotAndDotDot);
         for (const QString& name : folder.entryList()) {
             auto* info = new MYSTUFF_FileInfo;
             info->setFile(folder, name);

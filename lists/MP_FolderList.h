@@ -4,14 +4,21 @@
 // file to start with; it holds every file of that file's folder with a
 // supported extension of the same media class (audio, video or picture).
 // Removing an entry deletes its file.
+//
+// Part of the library's exported interface, beside the three entry points:
+// a host that wants to play a folder builds one and hands it to its engine.
+// The library itself never constructs it.
 
 #include <QString>
+
+#include <memory>
 
 #include "lists/MP_ListInterface.h"
 
 class MYSTUFF_FileInfoList;
 
-class MP_FolderList : public MP_ListInterface {
+// The library hides everything else (hidden visibility and a version script).
+class __attribute__((visibility("default"))) MP_FolderList : public MP_ListInterface {
 public:
     /** Sort types of the constructor. */
     enum { SortByName = 0, SortByTime = 1, SortBySize = 2, SortByType = 3 };
@@ -48,7 +55,7 @@ private:
 
     QString m_file;
     int m_currentIndex = 0;
-    MYSTUFF_FileInfoList* m_entries;  // owned, with its entries
+    std::unique_ptr<MYSTUFF_FileInfoList> m_entries;  // owns its entries
 
     MP_FolderList(const MP_FolderList&) = delete;
     MP_FolderList& operator=(const MP_FolderList&) = delete;

@@ -1,5 +1,7 @@
 #include "host/app/AppOptions.h"
 
+#include "host/app/ScriptWords.h"
+
 namespace {
 bool takeValue(const QStringList& arguments, int& index, QString* value, QString* error)
 {
@@ -33,8 +35,13 @@ bool AppOptions::parse(const QStringList& arguments, QString* error)
         } else if (word == QLatin1String("--script")) {
             if (!takeValue(arguments, i, &script, error))
                 return false;
+        } else if (word == QLatin1String("--folder")) {
+            if (!takeValue(arguments, i, &folder, error))
+                return false;
         } else if (word == QLatin1String("--quiet")) {
             quiet = true;
+        } else if (word == QLatin1String("--help") || word == QLatin1String("-h")) {
+            help = true;
         } else if (word == QLatin1String("--action")) {
             QString name;
             if (!takeValue(arguments, i, &name, error))
@@ -48,14 +55,19 @@ bool AppOptions::parse(const QStringList& arguments, QString* error)
                 action.setValue(pair.left(equals), pair.mid(equals + 1));
             }
         } else if (word.startsWith(QLatin1String("--"))) {
-            *error = QStringLiteral("unknown option %1").arg(word);
+            *error = QStringLiteral("unknown option %1").arg(ScriptWords::excerpt(word));
             return false;
         } else if (passedFile.isEmpty()) {
             passedFile = word;
         } else {
-            *error = QStringLiteral("more than one file given: %1").arg(word);
+            *error = QStringLiteral("more than one file given: %1").arg(ScriptWords::excerpt(word));
             return false;
         }
+    }
+    // Each names what plays first; taking one silently would surprise.
+    if (!folder.isEmpty() && (!passedFile.isEmpty() || hasAction)) {
+        *error = QStringLiteral("--folder, --action and FILE each name what to play; give one");
+        return false;
     }
     return true;
 }
@@ -69,6 +81,18 @@ QString AppOptions::usage()
         "  --data-dir DIR            the host platform's data folder (settings, media database)\n"
         "  --journal FILE            write the journal of every effect to FILE\n"
         "  --log FILE                write the library's trace lines to FILE instead of standard output\n"
+        "  --folder PATH             play the media files of a folder in name order (PATH a folder:\n"
+        "                            from its first audio or video file; PATH a file: from that file)\n"
         "  --script FILE|-           run a scenario script, then quit\n"
-        "  --quiet                   do not print what is playing\n");
+        "  --quiet                   do not print what is playing\n"
+        "  --help                    print this and end\n"
+        "Without a display (none at all, or QT_QPA_PLATFORM=offscreen or minimal) the player ends\n"
+        "when nothing more will play, and says why on standard error.\n"
+        "Exit status:\n"
+        "  0   played to the end, or quit; with --script: every line ran\n"
+        "  2   a script line was bad (FILE:LINE: names it)\n"
+        "  3   without a display: nothing to play (an unknown action, nothing to resume, an empty\n"
+        "      list, a file that cannot be played, a list prepared without being started)\n"
+        "  64  a bad command line\n"
+        "  69  the library cannot be loaded\n");
 }

@@ -1,12 +1,21 @@
 #pragma once
 // The command line of the host application:
 //   mediaplayer [--data-dir DIR] [--journal FILE] [--log FILE] [--quiet]
-//               [--action NAME key=value ...] [--script FILE|-] [FILE]
+//               [--action NAME key=value ...] [--folder PATH] [--script FILE|-] [FILE]
 
 #include <QString>
 #include <QStringList>
 
 #include "platform/AM_Action.h"
+
+/** How the application ends; --help lists them. */
+enum ExitStatus {
+    ExitPlayed = 0,        ///< played to the end, quit, or the script ran through
+    ExitBadScript = 2,     ///< a script line was bad
+    ExitNothingToPlay = 3, ///< without a display, the run ended with nothing (more) to play
+    ExitBadUsage = 64,     ///< a bad command line
+    ExitCannotLoad = 69,   ///< the library or its entry points could not be loaded
+};
 
 struct AppOptions {
     QString passedFile;     ///< the file handed to the window at creation
@@ -16,7 +25,9 @@ struct AppOptions {
     QString journal;
     QString log;
     QString script;         ///< "-" reads standard input
+    QString folder;         ///< --folder: a folder, or a file to start its folder from
     bool quiet = false;     ///< no "Playing:" lines on the terminal
+    bool help = false;      ///< --help: print the usage and end
 
     /** Parses @p arguments (without the program name). On a bad command line
      *  returns false with a message in @p error. */

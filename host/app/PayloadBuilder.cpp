@@ -3,15 +3,19 @@
 #include <QDataStream>
 #include <QIODevice>
 
+#include "host/app/ScriptWords.h"
 #include "platform/StreamEncoding.h"
 
 namespace {
+// ASCII only: QChar::isDigit() also takes other scripts' digits, which the
+// hex decoder would drop, leaving fewer bytes than the text promised.
 bool isHex(const QString& text)
 {
     if (text.size() % 2 != 0)
         return false;
     for (const QChar c : text) {
-        if (!c.isDigit() && !QStringLiteral("abcdefABCDEF").contains(c))
+        const char16_t u = c.unicode();
+        if (!((u >= '0' && u <= '9') || (u >= 'a' && u <= 'f') || (u >= 'A' && u <= 'F')))
             return false;
     }
     return true;
@@ -41,16 +45,17 @@ bool PayloadBuilder::build(const QStringList& arguments, QByteArray* payload, QS
             stream << value;
         } else if (type == QLatin1String("bytes") || type == QLatin1String("raw")) {
             ok = isHex(value);
+            const QByteArray bytes = ok ? QByteArray::fromHex(value.toLatin1()) : QByteArray();
             if (ok && type == QLatin1String("bytes"))
-                stream << QByteArray::fromHex(value.toLatin1());
+                stream << bytes;
             else if (ok)
-                stream.writeRawData(QByteArray::fromHex(value.toLatin1()).constData(), int(value.size() / 2));
+                stream.writeRawData(bytes.constData(), int(bytes.size()));
         } else {
             ok = false;
         }
         if (!ok) {
-            *error = QStringLiteral("bad argument \"%1\" (expected int:N, i8:N, str:TEXT, bytes:HEX or raw:HEX)")
-                         .arg(argument);
+            *error = QStringLiteral("bad argument %1 (expected int:N, i8:N, str:TEXT, bytes:HEX or raw:HEX)")
+                         .arg(ScriptWords::excerpt(argument));
             return false;
         }
     }

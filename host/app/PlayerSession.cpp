@@ -1,7 +1,22 @@
 #include "host/app/PlayerSession.h"
 
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QDir>
 #include <QEvent>
+#include <QFileInfo>
 #include <QWidget>
+
+#include "host/app/ScriptWords.h"
+#include "host/engine/HostEngine.h"
+#include "lists/MP_FolderList.h"
+#include "platform/MP_CommonPlayer.h"
+#include "platform/UTIL_MimeType.h"
+
+namespace {
+// The event the window posts to itself when it was created without a file.
+const QEvent::Type kStartupEvent = QEvent::Type(1001);
+} // namespace
 
 PlayerSession::PlayerSession(const MainWindowLibrary& library) : m_library(library) {}
 
@@ -22,11 +37,54 @@ void PlayerSession::start(const QString& passedFile)
 
 void PlayerSession::finish()
 {
-    if (!m_window)
-        return;
-    MP_MainWindow* window = m_window;
-    m_window = nullptr;
-    m_library.deleteMainWindow(window);
+    if (m_window) {
+        MP_MainWindow* window = m_window;
+        m_window = nullptr;
+        m_library.deleteMainWindow(window);
+    }
+    m_folderList.reset();
+}
+
+QString PlayerSession::folderStartFile(const QString& path, QString* error)
+{
+    const QFileInfo info(path);
+    if (info.isFile())
+        return info.absoluteFilePath();
+    if (!info.isDir()) {
+        *error = QStringLiteral("no folder or file %1").arg(ScriptWords::excerpt(path));
+        return QString();
+    }
+    // The order the folder list's name sort gives, so the folder plays from its top.
+    QDir folder(info.absoluteFilePath());
+    folder.setFilter(QDir::Files | QDir::NoDotAndDotDot);
+    folder.setSorting(QDir::Name | QDir::IgnoreCase);
+    for (const QString& name : folder.entryList()) {
+        const QString file = folder.absoluteFilePath(name);
+        if (UTIL_MimeType::isAudio(file) || UTIL_MimeType::isVideo(file))
+            return file;
+    }
+    *error = QStringLiteral("no audio or video file in %1").arg(ScriptWords::excerpt(path));
+    return QString();
+}
+
+bool PlayerSession::playFolder(const QString& startFile, int waitMilliseconds, QString* error)
+{
+    // The window plays its passed file from a timer; the list can only go to
+    // the engine that this makes, and must go after the file (a file given to
+    // the engine drops its list).
+    const QDeadlineTimer deadline(waitMilliseconds);
+    while (!HostEngine::liveEngine() && !deadline.hasExpired())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, int(qMax<qint64>(1, deadline.remainingTime())));
+    MP_CommonPlayer* engine = HostEngine::liveEngine();
+    if (!engine) {
+        *error = QStringLiteral("the player made no engine for %1").arg(ScriptWords::excerpt(startFile));
+        return false;
+    }
+    auto list = std::make_unique<MP_FolderList>(startFile, MP_FolderList::SortByName);
+    engine->setPlayList(list.get());
+    // The engine lets go of the old list before it is deleted.
+    m_folderList = std::move(list);
+    return true;
 }
 
 void PlayerSession::openDocument(const QString& path)
@@ -42,9 +100,22 @@ void PlayerSession::playCapturedVideo()
 
 bool PlayerSession::eventFilter(QObject* watched, QEvent* event)
 {
-    if (m_window && watched == MainWindowLibrary::asWidget(m_window) && event->type() == QEvent::Close)
-        onQuitApp();
+    if (m_window && watched == MainWindowLibrary::asWidget(m_window)) {
+        if (event->type() == QEvent::Close)
+            onQuitApp();
+        // The window handles the event right after this filter; a queued call
+        // runs once it has. (A dialog at a display would run a nested loop
+        // first, but a run with a display does not ask.)
+        else if (event->type() == kStartupEvent)
+            QMetaObject::invokeMethod(this, "onStartupHandled", Qt::QueuedConnection);
+    }
     return QObject::eventFilter(watched, event);
+}
+
+void PlayerSession::onStartupHandled()
+{
+    m_startupHandled = true;
+    Q_EMIT startupFinished();
 }
 
 void PlayerSession::onQuitApp()

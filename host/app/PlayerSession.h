@@ -6,8 +6,11 @@
 #include <QPointer>
 #include <QString>
 
+#include <memory>
+
 #include "host/app/MainWindowLibrary.h"
 
+class MP_FolderList;
 class QWidget;
 
 class PlayerSession : public QObject {
@@ -18,10 +21,24 @@ public:
 
     /** Creates the window with @p passedFile and connects the application's slots. */
     void start(const QString& passedFile);
-    /** Deletes the window through the library (once). */
+    /** Deletes the window through the library (once), then the folder list. */
     void finish();
 
+    /** The file that plays first for --folder @p path: @p path itself when it
+     *  is a file, else the folder's first audio or video file by name; null
+     *  with a reason in @p error when there is none. */
+    static QString folderStartFile(const QString& path, QString* error);
+    /** Plays the folder of @p startFile from it. Call after start(startFile):
+     *  runs the event loop until the window has made its engine for the file
+     *  (bounded by @p waitMilliseconds), then hands the engine a folder list.
+     *  False with a reason in @p error when no engine came. */
+    bool playFolder(const QString& startFile, int waitMilliseconds, QString* error);
+
     bool isRunning() const { return m_window != nullptr; }
+    /** True once the window has handled its start-up event (it posts one
+     *  only when created without a file): from then on, a run with no
+     *  engine has nothing that will play. */
+    bool startupHandled() const { return m_startupHandled; }
     /** True once the window was closed or asked the application to quit. */
     bool quitRequested() const { return m_quitRequested; }
 
@@ -34,15 +51,21 @@ Q_SIGNALS:
     void openDoc(const QString& path);
     /** The window closed or emitted quitApp(). */
     void quitRequestedChanged();
+    /** The window has handled its start-up event. */
+    void startupFinished();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private Q_SLOTS:
     void onQuitApp();
+    void onStartupHandled();
 
 private:
     const MainWindowLibrary& m_library;
     MP_MainWindow* m_window = nullptr;  // owned; deleted through the library
+    // Played by the window's engine, which does not own it: goes after the window.
+    std::unique_ptr<MP_FolderList> m_folderList;
     bool m_quitRequested = false;
+    bool m_startupHandled = false;
 };

@@ -5,12 +5,12 @@
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
-#include <QTextStream>
 #include <QTimer>
 
 #include <cstdio>
 #include <memory>
 
+#include "host/app/AppOptions.h"
 #include "host/app/PayloadBuilder.h"
 #include "host/app/PlayerSession.h"
 #include "host/app/ScriptWords.h"
@@ -99,9 +99,13 @@ bool ScriptRunner::load(const QString& path, QString* error)
         return false;
     }
     m_name = path == QLatin1String("-") ? QStringLiteral("<stdin>") : path;
-    QTextStream in(&file);
-    while (!in.atEnd())
-        m_lines.append(in.readLine());
+    // Read whole and split once: a line of megabytes read through a text
+    // stream is scanned again for its end at every chunk.
+    const QString text = QString::fromUtf8(file.readAll());
+    m_lines = text.split(QLatin1Char('\n'));
+    // A final newline ends the last line; it does not start another.
+    if (!m_lines.isEmpty() && m_lines.last().isEmpty())
+        m_lines.removeLast();
     return true;
 }
 
@@ -111,14 +115,14 @@ int ScriptRunner::run()
         QString error;
         if (!runLine(m_lines.at(i), &error)) {
             std::fprintf(stderr, "%s:%d: %s\n", qPrintable(m_name), i + 1, qPrintable(error));
-            return 2;
+            return ExitBadScript;
         }
         if (m_session.quitRequested() && !m_quit) {
             std::fprintf(stderr, "%s:%d: the player quit; the script ends here\n", qPrintable(m_name), i + 1);
             break;
         }
     }
-    return 0;
+    return ExitPlayed;
 }
 
 bool ScriptRunner::runLine(const QString& line, QString* error)
@@ -131,7 +135,7 @@ bool ScriptRunner::runLine(const QString& line, QString* error)
     const QString name = words.takeFirst();
     const Command command = m_commands.value(name);
     if (!command) {
-        *error = QStringLiteral("unknown command \"%1\"").arg(name);
+        *error = QStringLiteral("unknown command %1").arg(ScriptWords::excerpt(name));
         return false;
     }
     if (!(this->*command)(words, error)) {
@@ -157,7 +161,7 @@ bool ScriptRunner::commandAction(const QStringList& arguments, QString* error)
     for (const QString& pair : arguments.mid(1)) {
         const int equals = pair.indexOf(QLatin1Char('='));
         if (equals <= 0) {
-            *error = QStringLiteral("\"%1\" is not key=value").arg(pair);
+            *error = QStringLiteral("%1 is not key=value").arg(ScriptWords::excerpt(pair));
             return false;
         }
         action.setValue(pair.left(equals), pair.mid(equals + 1));
@@ -325,7 +329,7 @@ bool ScriptRunner::commandDb(const QStringList& arguments, QString* error)
     MediaScanner scanner(*database);
     if (operation == QLatin1String("remove")) {
         if (!scanner.removeFile(path)) {
-            *error = QStringLiteral("%1 is not in the media database").arg(path);
+            *error = QStringLiteral("%1 is not in the media database").arg(ScriptWords::excerpt(path));
             return false;
         }
         return true;
@@ -334,13 +338,13 @@ bool ScriptRunner::commandDb(const QStringList& arguments, QString* error)
         // A changed file: a new modification time makes the scanner read it again.
         QFile file(path);
         if (!file.open(QIODevice::ReadWrite) || !file.setFileTime(QDateTime::currentDateTime(), QFileDevice::FileModificationTime)) {
-            *error = QStringLiteral("cannot touch %1").arg(path);
+            *error = QStringLiteral("cannot touch %1").arg(ScriptWords::excerpt(path));
             return false;
         }
     }
     const MediaScanner::FileOutcome outcome = scanner.scanFile(path);
     if (outcome == MediaScanner::FileOutcome::Skipped || outcome == MediaScanner::FileOutcome::NotMedia) {
-        *error = QStringLiteral("%1 is not a readable media file").arg(path);
+        *error = QStringLiteral("%1 is not a readable media file").arg(ScriptWords::excerpt(path));
         return false;
     }
     return true;

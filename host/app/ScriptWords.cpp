@@ -40,3 +40,15 @@ bool ScriptWords::split(const QString& line, QStringList* words, QString* error)
         words->append(word);
     return true;
 }
+
+QString ScriptWords::excerpt(const QString& word)
+{
+    const QString quoted = QStringLiteral("\"%1\"");
+    if (word.size() <= kExcerptLength)
+        return quoted.arg(word);
+    int length = kExcerptLength;
+    // Never half a character: a cut surrogate pair would print as garbage.
+    if (word.at(length - 1).isHighSurrogate())
+        --length;
+    return quoted.arg(word.left(length) + QStringLiteral("...")) + QStringLiteral(" (%1 characters)").arg(word.size());
+}

@@ -16,6 +16,7 @@
 #include <unistd.h>
 
 #include "host/app/AppOptions.h"
+#include "host/app/HeadlessWatch.h"
 #include "host/app/MainWindowLibrary.h"
 #include "host/app/PlayerSession.h"
 #include "host/app/ScriptRunner.h"
@@ -28,13 +29,22 @@
 
 namespace {
 
-const int kExitBadUsage = 64;
-const int kExitCannotLoad = 69;
+// How long --folder waits for the window to make its engine for the first file.
+const int kFolderEngineWaitMilliseconds = 10000;
 
-bool hasDisplay()
+// Without a platform named and without a display to open, Qt would abort.
+bool needsOffscreenPlatform()
 {
-    return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")
-        || !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+    return qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && qEnvironmentVariableIsEmpty("DISPLAY")
+        && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+}
+
+// Decided on the platform Qt runs on, not on the variable that chose it:
+// QT_QPA_PLATFORM=offscreen names a platform, and it has no screen.
+bool isHeadless()
+{
+    const QString platform = QGuiApplication::platformName();
+    return platform == QLatin1String("offscreen") || platform == QLatin1String("minimal");
 }
 
 // Environment that the host platform reads; set before anything touches it.
@@ -65,17 +75,40 @@ QString libraryPath()
     return QDir(QCoreApplication::applicationDirPath() + QStringLiteral("/../lib")).absoluteFilePath(MP_LIBRARY_NAME);
 }
 
-// Without a display nobody can press play again: end when the list has played.
-void quitWhenFinished(QObject* context)
+// Runs the player until it ends: the script, or the event loop until the
+// window quits, a termination signal comes or (headless) nothing more plays.
+int runPlayer(const MainWindowLibrary& library, const AppOptions& options, const QString& folderStart, bool headless)
 {
-    auto* poll = new QTimer(context);
-    QObject::connect(poll, &QTimer::timeout, context, [] {
-        HostEngine* engine = HostEngine::liveEngine();
-        MP_PlayerControl* control = engine ? engine->getPlayerControl() : nullptr;
-        if (control && control->getState() == MP_STATE_FINISHED)
-            QCoreApplication::quit();
+    PlayerSession session(library);
+    ScriptRunner script(session);
+    QString error;
+    if (!options.script.isEmpty() && !script.load(options.script, &error)) {
+        std::fprintf(stderr, "mediaplayer: %s\n", qPrintable(error));
+        return ExitBadUsage;
+    }
+    session.start(folderStart.isNull() ? options.passedFile : folderStart);
+    if (!folderStart.isNull() && !session.playFolder(folderStart, kFolderEngineWaitMilliseconds, &error)) {
+        std::fprintf(stderr, "mediaplayer: --folder: %s\n", qPrintable(error));
+        return ExitNothingToPlay;
+    }
+    if (!options.script.isEmpty())
+        return script.run();
+
+    int exitCode = ExitPlayed;
+    TerminationSignals termination;
+    QObject::connect(&termination, &TerminationSignals::terminationRequested, qApp, &QApplication::quit);
+    QObject::connect(&session, &PlayerSession::quitRequestedChanged, qApp, &QApplication::quit);
+    HeadlessWatch watch(session, options.hasAction ? options.action.action() : QString());
+    QObject::connect(&watch, &HeadlessWatch::ended, qApp, [&exitCode](int status, const QString& reason) {
+        if (!reason.isEmpty())
+            std::fprintf(stderr, "mediaplayer: %s\n", qPrintable(reason));
+        exitCode = status;
+        QCoreApplication::quit();
     });
-    poll->start(250);
+    if (headless)
+        watch.start();
+    QApplication::exec();
+    return exitCode;
 }
 
 } // namespace
@@ -89,21 +122,33 @@ int main(int argc, char** argv)
     QString error;
     if (!options.parse(arguments, &error)) {
         std::fprintf(stderr, "mediaplayer: %s\n%s", qPrintable(error), qPrintable(AppOptions::usage()));
-        return kExitBadUsage;
+        return ExitBadUsage;
+    }
+    if (options.help) {
+        std::fputs(qPrintable(AppOptions::usage()), stdout);
+        return ExitPlayed;
+    }
+    QString folderStart;
+    if (!options.folder.isEmpty()) {
+        folderStart = PlayerSession::folderStartFile(options.folder, &error);
+        if (folderStart.isNull()) {
+            std::fprintf(stderr, "mediaplayer: --folder: %s\n", qPrintable(error));
+            return ExitBadUsage;
+        }
     }
     exportPaths(options);
     ensureRuntimeDir();
-    const bool headless = !hasDisplay();
-    if (headless)
+    if (needsOffscreenPlatform())
         qputenv("QT_QPA_PLATFORM", "offscreen");
 
     QApplication app(argc, argv);
+    const bool headless = isHeadless();
     FILE* log = nullptr;
     if (!options.log.isEmpty()) {
         log = std::fopen(options.log.toLocal8Bit().constData(), "a");
         if (!log) {
             std::fprintf(stderr, "mediaplayer: cannot write the log %s\n", qPrintable(options.log));
-            return kExitBadUsage;
+            return ExitBadUsage;
         }
         LOG_SetStream(log);
     }
@@ -111,7 +156,7 @@ int main(int argc, char** argv)
     MainWindowLibrary library;
     if (!library.load(libraryPath(), &error)) {
         std::fprintf(stderr, "mediaplayer: %s\n", qPrintable(error));
-        return kExitCannotLoad;
+        return ExitCannotLoad;
     }
     if (options.hasAction)
         HostLaunchAction::set(options.action);
@@ -120,27 +165,7 @@ int main(int argc, char** argv)
     // the queued answers or the safe defaults.
     HostDialogs::setInteractive(!headless && options.script.isEmpty());
 
-    int exitCode = 0;
-    {
-        PlayerSession session(library);
-        ScriptRunner script(session);
-        if (!options.script.isEmpty() && !script.load(options.script, &error)) {
-            std::fprintf(stderr, "mediaplayer: %s\n", qPrintable(error));
-            return kExitBadUsage;
-        }
-        session.start(options.passedFile);
-        if (!options.script.isEmpty()) {
-            exitCode = script.run();
-        } else {
-            TerminationSignals termination;
-            QObject::connect(&termination, &TerminationSignals::terminationRequested, &app, &QApplication::quit);
-            QObject::connect(&session, &PlayerSession::quitRequestedChanged, &app, &QApplication::quit);
-            if (headless)
-                quitWhenFinished(&session);
-            app.exec();
-        }
-        session.finish();
-    }
+    const int exitCode = runPlayer(library, options, folderStart, headless);
     LOG_SetStream(nullptr);
     if (log)
         std::fclose(log);

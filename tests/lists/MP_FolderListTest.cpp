@@ -1,10 +1,13 @@
 #include "lists/MP_FolderList.h"
 
 #include <QDateTime>
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+
+#include <sys/stat.h>
 
 namespace {
 
@@ -67,6 +70,19 @@ TEST_F(MP_FolderListTest, ListsTheStartFilesMediaClassInEachSortOrder)
     EXPECT_EQ(names(videos), QStringList{"clip.mp4"});
     EXPECT_EQ(videos.getNameFilter().split(';').first(), "*.mp4");
     EXPECT_EQ(videos.getReservedData(), nullptr);
+}
+
+TEST_F(MP_FolderListTest, ListsOnlyWhatAFileManagerShows)
+{
+    make("._b.mp3", 4096, 0);  // the resource fork a memory card gets from another computer
+    make(".hidden.wav", 10, 0);
+    ASSERT_TRUE(QDir(folder.path()).mkdir("e.mp3"));
+    ASSERT_EQ(::mkfifo(QFile::encodeName(path("f.mp3")).constData(), 0600), 0);
+    ASSERT_TRUE(QFile::link(path("gone.mp3"), path("g.mp3")));  // a dangling link
+
+    MP_FolderList list(path("b.mp3"), MP_FolderList::SortByName);
+    EXPECT_EQ(names(list), (QStringList{"A.wav", "b.mp3", "c.MP3", "d.ogg"}));
+    EXPECT_EQ(list.getCurrentIndex(), 1);
 }
 
 TEST_F(MP_FolderListTest, Navigation_ClampsIntoTheList)

@@ -33,18 +33,27 @@ bool ScenarioRun::scanSampleLibrary()
 
 int ScenarioRun::run(const QString& scriptPath, const QStringList& extraArguments)
 {
+    return runApplication(QStringList{QStringLiteral("--script"), scriptPath} + extraArguments);
+}
+
+int ScenarioRun::runWithoutScript(const QStringList& arguments)
+{
+    return runApplication(arguments);
+}
+
+int ScenarioRun::runApplication(const QStringList& arguments)
+{
     QFile::remove(m_journalPath);  // each run's journal on its own
     QProcess process;
     process.setWorkingDirectory(sampleLibrary());
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
     process.setProcessEnvironment(environment);
-    QStringList arguments{QStringLiteral("--data-dir"), m_dataDir.filePath(QStringLiteral("data")),
-                          QStringLiteral("--journal"), m_journalPath,
-                          QStringLiteral("--log"), m_dataDir.filePath(QStringLiteral("trace.log")),
-                          QStringLiteral("--quiet"), QStringLiteral("--script"), scriptPath};
-    arguments += extraArguments;
-    process.start(QStringLiteral(MP_BIN_DIR "/mediaplayer"), arguments);
+    process.start(QStringLiteral(MP_BIN_DIR "/mediaplayer"),
+                  QStringList{QStringLiteral("--data-dir"), m_dataDir.filePath(QStringLiteral("data")),
+                              QStringLiteral("--journal"), m_journalPath, QStringLiteral("--log"),
+                              m_dataDir.filePath(QStringLiteral("trace.log")), QStringLiteral("--quiet")}
+                      + arguments);
     if (!process.waitForFinished(60000)) {
         process.kill();
         process.waitForFinished();

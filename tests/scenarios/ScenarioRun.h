@@ -25,6 +25,10 @@ public:
      *  returns its exit code (-1 when it did not finish within a minute). */
     int run(const QString& scriptPath, const QStringList& extraArguments = {});
 
+    /** Runs `mediaplayer --data-dir D --journal J --quiet ARGS...` without a script,
+     *  as a person would without a display; same result as run(). */
+    int runWithoutScript(const QStringList& arguments);
+
     QString errorOutput() const { return m_errorOutput; }
     QList<QJsonObject> journal() const;
     /** "kind:call" of the journal lines that record calls. */
@@ -34,6 +38,8 @@ public:
     QString dataDir() const { return m_dataDir.path(); }
 
 private:
+    int runApplication(const QStringList& arguments);
+
     QTemporaryDir m_dataDir;
     QString m_journalPath;
     QString m_errorOutput;

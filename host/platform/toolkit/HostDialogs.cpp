@@ -10,6 +10,7 @@ namespace {
 struct DialogAnswers {
     QList<int> queued;
     bool interactive = false;
+    QString lastText;
 };
 
 DialogAnswers& answers()
@@ -44,6 +45,11 @@ void HostDialogs::setInteractive(bool interactive)
     answers().interactive = interactive;
 }
 
+QString HostDialogs::lastText()
+{
+    return answers().lastText;
+}
+
 int HostDialogs::run(Kind kind, const QString& className, int type, const QString& title, const QString& text)
 {
     int answer = kind == Kind::Notice ? 1 : 0;
@@ -51,6 +57,7 @@ int HostDialogs::run(Kind kind, const QString& className, int type, const QStrin
         answer = answers().queued.takeFirst();
     else if (answers().interactive)
         answer = askInWindow(kind, title, text);
+    answers().lastText = text;
     HostJournal::dialog(className, type, title, text, answer);
     return answer;
 }

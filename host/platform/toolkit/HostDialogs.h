@@ -17,6 +17,9 @@ public:
     static void setInteractive(bool interactive);
 
     enum class Kind { Notice, Question };
+    /** The text of the last dialog run; null before the first. Without a
+     *  display nobody saw it, so the application repeats it when it ends. */
+    static QString lastText();
     /** Runs one dialog: finds its answer and journals it. */
     static int run(Kind kind, const QString& className, int type, const QString& title, const QString& text);
 };

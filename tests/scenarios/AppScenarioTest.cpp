@@ -1,0 +1,141 @@
+// The host application end to end: runs without a display that must end by
+// themselves, scripts it must refuse, and playing a folder through the
+// library's exported folder list.
+
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+#include <QProcess>
+#include <QSet>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include "tests/scenarios/ScenarioRun.h"
+
+namespace {
+
+// The titles the engine reported, in order, as one readable line.
+QString titles(const ScenarioRun& scenario)
+{
+    QStringList result;
+    for (const QJsonArray& args : scenario.argsOf("report", "updateMetaInfo"))
+        result.append(args.at(0).toString());
+    return result.join(" | ");
+}
+
+QList<int> states(const ScenarioRun& scenario)
+{
+    QList<int> result;
+    for (const QJsonArray& args : scenario.argsOf("report", "updateState"))
+        result.append(args.at(0).toInt());
+    return result;
+}
+
+TEST(AppScenarioTest, WithoutADisplay_EndsWhenNothingWillPlayAndSaysWhy)
+{
+    ScenarioRun scenario;  // a fresh data folder: no library, nothing to resume
+
+    EXPECT_EQ(scenario.runWithoutScript({"--action", "FooBar"}), 3) << "the library ignores unknown actions";
+    EXPECT_EQ(scenario.errorOutput(), "mediaplayer: nothing to play: the launch action \"FooBar\" started nothing\n");
+    EXPECT_TRUE(scenario.argsOf("engine", "MP_CreateCommonPlayer").isEmpty());
+
+    EXPECT_EQ(scenario.runWithoutScript({"--action", "PlayMediaInMediaPlayer", "Launcher=HomeScreen"}), 3);
+    EXPECT_EQ(scenario.errorOutput(),
+              "mediaplayer: nothing to play: the player said \"Because the files do not exist.\"\n")
+        << "the notice nobody saw";
+
+    EXPECT_EQ(scenario.runWithoutScript({}), 3) << "the whole library, which is empty";
+    EXPECT_EQ(scenario.errorOutput(), "mediaplayer: nothing to play: the list is empty\n");
+
+    const QString missing = QDir(ScenarioRun::sampleLibrary()).filePath("Music/none.wav");
+    EXPECT_EQ(scenario.runWithoutScript({missing}), 3);
+    EXPECT_EQ(scenario.errorOutput(), "mediaplayer: cannot play \"" + missing + "\": none cannot be played.\n");
+}
+
+TEST(AppScenarioTest, WithoutADisplay_AHeadsetResumeThatNobodyStartsEnds)
+{
+    ScenarioRun scenario;
+    ASSERT_TRUE(scenario.scanSampleLibrary());
+    ASSERT_EQ(scenario.run(ScenarioRun::script("play_artist.mps"),
+                           {"--action", "PlayUserListInMediaplayer", "Type=0", "GroupObjectID=4", "FirstIndex=0",
+                            "StorageLocation=2"}),
+              0);
+
+    EXPECT_EQ(scenario.runWithoutScript({"--action", "PlayMediaInMediaPlayer", "Launcher=BTAvrcpKeys"}), 3);
+    EXPECT_EQ(scenario.errorOutput(), "mediaplayer: nothing to play: the list was prepared but not started\n");
+    EXPECT_EQ(scenario.argsOf("engine", "setPlayList").size(), 1);
+}
+
+TEST(AppScenarioTest, BadLines_StopTheScriptWithABoundedMessage)
+{
+    QTemporaryDir folder;
+    const QString script = folder.filePath("bad.mps");
+    ScenarioRun scenario;
+    const auto runLine = [&](const QByteArray& line) {
+        QFile file(script);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        file.write(line + "\nquit\n");
+        file.close();
+        return scenario.run(script);
+    };
+
+    EXPECT_EQ(runLine(QByteArray(10 * 1024 * 1024, 'x')), 2);
+    EXPECT_EQ(scenario.errorOutput(),
+              script + ":1: unknown command \"" + QString(80, 'x') + "...\" (10485760 characters)\n");
+
+    // The cut falls inside a character of two UTF-16 units: it goes whole.
+    EXPECT_EQ(runLine(QByteArray(79, 'a') + "\xF0\x9F\x8E\xB5" + "bbbbb"), 2);
+    EXPECT_EQ(scenario.errorOutput(),
+              script + ":1: unknown command \"" + QString(79, 'a') + "...\" (86 characters)\n");
+
+    // Digits of another script are no hex digits.
+    EXPECT_EQ(runLine("qcop VEMO/System applyStyle() raw:\xD9\xA3\xD9\xA3"), 2);
+    EXPECT_EQ(scenario.errorOutput(),
+              script + ":1: qcop: bad argument \"raw:\u0663\u0663\" (expected int:N, i8:N, str:TEXT, bytes:HEX or raw:HEX)\n");
+}
+
+TEST(AppScenarioTest, Folder_PlaysItsFilesInNameOrder)
+{
+    QTemporaryDir folder;
+    const QDir songs(ScenarioRun::sampleLibrary() + "/Music/Aurora Lane/Paper Boats");
+    for (const QString& name : songs.entryList(QDir::Files))
+        ASSERT_TRUE(QFile::copy(songs.filePath(name), folder.filePath(name)));
+    // What a memory card brings from another computer, and what is no song.
+    QFile fork(folder.filePath("._02 Rain on Glass.wav"));
+    ASSERT_TRUE(fork.open(QIODevice::WriteOnly));
+    fork.write(QByteArray(4096, '\0'));
+    fork.close();
+    ASSERT_TRUE(QDir(folder.path()).mkdir("zz.wav"));
+
+    ScenarioRun scenario;
+    ASSERT_EQ(scenario.run(ScenarioRun::script("app_folder.mps"), {"--folder", folder.path()}), 0)
+        << qPrintable(scenario.errorOutput());
+    EXPECT_EQ(scenario.argsOf("engine", "setFile").first(), QJsonArray{folder.filePath("01 Paper Boats.wav")});
+    EXPECT_EQ(scenario.argsOf("engine", "setPlayList"), QList<QJsonArray>{QJsonArray{"list"}});
+    // The first song twice: once as the window's file, once as the list's first entry.
+    EXPECT_EQ(titles(scenario), "Paper Boats | Paper Boats | Rain on Glass | Lanterns");
+    EXPECT_FALSE(states(scenario).contains(7)) << "no entry failed to play";
+    EXPECT_EQ(states(scenario).last(), 8);
+}
+
+TEST(AppScenarioTest, Library_ExportsTheEntryPointsAndTheFolderListOnly)
+{
+    QProcess nm;
+    nm.start("nm", {"-D", "--defined-only", "--format=just-symbols", MP_BIN_DIR "/../lib/libmp_mainwindow.so"});
+    ASSERT_TRUE(nm.waitForFinished(30000));
+    ASSERT_EQ(nm.exitCode(), 0) << nm.readAllStandardError().constData();
+    QSet<QString> others;
+    QSet<QString> folderList;
+    for (const QByteArray& line : nm.readAllStandardOutput().split('\n')) {
+        if (line.isEmpty())
+            continue;
+        (line.contains("13MP_FolderList") ? folderList : others).insert(QString::fromLatin1(line));
+    }
+    EXPECT_EQ(others, (QSet<QString>{"MP_CreateMainWindow", "MP_DeleteMainWindow", "playCapturedVideo"}));
+    EXPECT_TRUE(folderList.contains("_ZN13MP_FolderListC1ERK7QStringi")) << "the constructor";
+    EXPECT_TRUE(folderList.contains("_ZN13MP_FolderListD0Ev")) << "the deleting destructor";
+    EXPECT_TRUE(folderList.contains("_ZTV13MP_FolderList")) << "the virtual table";
+}
+
+} // namespace
