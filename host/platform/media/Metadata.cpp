@@ -44,6 +44,14 @@ MediaDatabase* databaseOf(unsigned int handle, const char* function)
     return database;
 }
 
+MediaDatabase* writerOf(unsigned int handle, const char* function)
+{
+    MediaDatabase* database = MetadataClients::instance().writer(handle);
+    if (!database)
+        qCWarning(lcMetadata).nospace() << function << ": no open connection for handle " << handle;
+    return database;
+}
+
 int withStatus(int result, int* status)
 {
     if (status)
@@ -58,7 +66,7 @@ int addItemsIntoGroup(unsigned int handle, const MetadataAddItemsRecord* record)
         return kUnreadableRequest;
     }
     MetadataJournal::addItemsIntoGroup(*record);
-    MediaDatabase* database = databaseOf(handle, "metadataAddItemsIntoGroup");
+    MediaDatabase* database = writerOf(handle, "metadataAddItemsIntoGroup");
     if (!database)
         return kUnknownHandle;
     QList<MediaGroupInsertion> items;
@@ -74,7 +82,7 @@ int removeItemsFromGroup(unsigned int handle, const MetadataRemoveItemsRecord* r
         return kUnreadableRequest;
     }
     MetadataJournal::removeItemsFromGroup(*record);
-    MediaDatabase* database = databaseOf(handle, "metadataRemoveItemsFromGroup");
+    MediaDatabase* database = writerOf(handle, "metadataRemoveItemsFromGroup");
     if (!database)
         return kUnknownHandle;
     const QList<quint32> positions(record->positions, record->positions + record->count);
@@ -133,15 +141,22 @@ int metadataSearchMedia(unsigned int handle, const MetadataSearchMediaRequest* r
         qCWarning(lcMetadata) << "metadataSearchMedia: no" << (request ? "callback" : "request");
         return kUnreadableRequest;
     }
-    MediaDatabase* database = databaseOf(handle, "metadataSearchMedia");
-    if (!database)
-        return kUnknownHandle;
     QString error;
     const std::optional<MediaSearchPlan> plan = MediaSearchPlan::read(*request, HostStorage::storageCount(), &error);
     if (!plan) {
         qCWarning(lcMetadata).noquote() << "metadataSearchMedia: cannot read the request:" << error;
         return kUnreadableRequest;
     }
+    MetadataConnection* connection = connectionOf(handle, "metadataSearchMedia");
+    if (!connection)
+        return kUnknownHandle;
+    // Counting, or finding a song by its id, is how a list handles a change;
+    // fetching entries to play is not (see MetadataConnection.h).
+    if (plan->resultCount() == 0 || (!plan->isGrouped() && !plan->needsRowValues()))
+        connection->catchUp();
+    MediaDatabase* database = databaseOf(handle, "metadataSearchMedia");
+    if (!database)
+        return kUnknownHandle;
     const std::optional<MediaSearchResult> result = database->search(*plan);
     if (!result)
         return kDatabaseFailure;
