@@ -65,14 +65,17 @@ int addItemsIntoGroup(unsigned int handle, const MetadataAddItemsRecord* record)
         qCWarning(lcMetadata) << "metadataAddItemsIntoGroup: no" << (record ? "item array" : "record");
         return kUnreadableRequest;
     }
-    MetadataJournal::addItemsIntoGroup(*record);
     MediaDatabase* database = writerOf(handle, "metadataAddItemsIntoGroup");
-    if (!database)
+    if (!database) {
+        MetadataJournal::addItemsIntoGroup(*record, false);
         return kUnknownHandle;
+    }
     QList<MediaGroupInsertion> items;
     for (uint32_t i = 0; i < record->count; ++i)
         items.append(MediaGroupInsertion{record->items[i].objectId, record->items[i].position});
-    return MediaGroupEditor(*database).addItems(record->groupId, items) ? kSuccess : kRefused;
+    const bool isWritten = MediaGroupEditor(*database).addItems(record->groupId, items);
+    MetadataJournal::addItemsIntoGroup(*record, isWritten);
+    return isWritten ? kSuccess : kRefused;
 }
 
 int removeItemsFromGroup(unsigned int handle, const MetadataRemoveItemsRecord* record)
@@ -81,17 +84,18 @@ int removeItemsFromGroup(unsigned int handle, const MetadataRemoveItemsRecord* r
         qCWarning(lcMetadata) << "metadataRemoveItemsFromGroup: no" << (record ? "position array" : "record");
         return kUnreadableRequest;
     }
-    MetadataJournal::removeItemsFromGroup(*record);
     MediaDatabase* database = writerOf(handle, "metadataRemoveItemsFromGroup");
-    if (!database)
+    if (!database) {
+        MetadataJournal::removeItemsFromGroup(*record, false);
         return kUnknownHandle;
+    }
     const QList<quint32> positions(record->positions, record->positions + record->count);
     const std::optional<int> storage =
         HostStorage::selectedStorage(record->storageLocation, HostStorage::storageCount());
-    return MediaGroupEditor(*database).removeAt(record->groupId, MetadataGroupType(record->groupType), storage,
-                                                positions)
-               ? kSuccess
-               : kRefused;
+    const bool isWritten = MediaGroupEditor(*database).removeAt(record->groupId, MetadataGroupType(record->groupType),
+                                                                storage, positions);
+    MetadataJournal::removeItemsFromGroup(*record, isWritten);
+    return isWritten ? kSuccess : kRefused;
 }
 
 int manageBackupList(unsigned int handle, int operation)
@@ -304,9 +308,14 @@ int saveLastPlayedList(LastPlayedListRecord* record)
         qCWarning(lcMetadata) << "saveLastPlayedList: no record";
         return 0;
     }
-    MetadataJournal::saveLastPlayedList(*record);
     MediaDatabase* database = MetadataClients::instance().ownDatabase();
-    return database && LastPlayedStore(*database).save(*record) ? 1 : 0;
+    const bool isWritten = database && LastPlayedStore(*database).save(*record);
+    MetadataJournal::saveLastPlayedList(*record, isWritten);
+    // Not retried: the next launch saves its own list, and a later retry
+    // would overwrite it with this older one.
+    if (!isWritten)
+        qCWarning(lcMetadata) << "saveLastPlayedList: the database did not take the last-played list; it is not saved";
+    return isWritten ? 1 : 0;
 }
 
 void freeLastPlayedList(LastPlayedListRecord* record)
