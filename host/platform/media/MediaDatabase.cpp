@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QUrl>
 
 #include <algorithm>
 
@@ -33,14 +34,16 @@ constexpr int kBusyTimeoutMs = 250;
 
 // Sets the connection up; returns the journal mode in force, or nothing with
 // the reason in @p problem.
-std::optional<QByteArray> prepareConnection(sqlite3* db, QString* problem)
+std::optional<QByteArray> prepareConnection(sqlite3* db, bool isReadOnly, QString* problem)
 {
     // The scanner and the application may use the file at the same time:
     // write-ahead logging lets readers go on while one writes, and gives each
-    // reader a snapshot of its own.
+    // reader a snapshot of its own. A read-only connection takes the mode the
+    // file has.
     sqlite3_stmt* statement = nullptr;
     std::optional<QByteArray> mode;
-    if (sqlite3_prepare_v2(db, "PRAGMA journal_mode = WAL", -1, &statement, nullptr) == SQLITE_OK
+    const char* const journalSql = isReadOnly ? "PRAGMA journal_mode" : "PRAGMA journal_mode = WAL";
+    if (sqlite3_prepare_v2(db, journalSql, -1, &statement, nullptr) == SQLITE_OK
         && sqlite3_step(statement) == SQLITE_ROW)
         mode = QByteArray(reinterpret_cast<const char*>(sqlite3_column_text(statement, 0))).toLower();
     sqlite3_finalize(statement);
@@ -53,6 +56,39 @@ std::optional<QByteArray> prepareConnection(sqlite3* db, QString* problem)
         return std::nullopt;
     }
     return mode;
+}
+
+sqlite3* openWith(const QByteArray& name, int flags)
+{
+    sqlite3* db = nullptr;
+    if (sqlite3_open_v2(name.constData(), &db, flags | SQLITE_OPEN_NOMUTEX, nullptr) != SQLITE_OK) {
+        qCWarning(lcMetadata) << "cannot open" << name << ":" << sqlite3_errmsg(db);
+        sqlite3_close(db);
+        return nullptr;
+    }
+    return db;
+}
+
+sqlite3* openReadWrite(const QString& file)
+{
+    return openWith(QFile::encodeName(file), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+}
+
+// A file in write-ahead-log mode is read through a shared-memory index
+// beside it. When a writer (another user, who may write the folder) keeps
+// one, reading through it sees that writer's commits. Otherwise the file is
+// read as one that nobody changes: trying the index would make it, and its
+// log, in a folder that is not to be written, or fail where it cannot be.
+sqlite3* openReadOnly(const QString& file)
+{
+    const QByteArray uri = QUrl::fromLocalFile(file).toEncoded();
+    if (QFileInfo::exists(file + QStringLiteral("-shm"))) {
+        sqlite3* db = openWith(uri + "?mode=ro", SQLITE_OPEN_READONLY | SQLITE_OPEN_URI);
+        if (db && sqlite3_exec(db, "SELECT count(*) FROM sqlite_schema", nullptr, nullptr, nullptr) == SQLITE_OK)
+            return db;
+        sqlite3_close(db);
+    }
+    return openWith(uri + "?immutable=1", SQLITE_OPEN_READONLY | SQLITE_OPEN_URI);
 }
 
 // The bounds of the paths inside a folder: "folder/" <= path < "folder0",
@@ -76,19 +112,24 @@ QString MediaDatabase::defaultFile()
 
 std::unique_ptr<MediaDatabase> MediaDatabase::open(const QString& file)
 {
-    QDir().mkpath(QFileInfo(file).absolutePath());
-    sqlite3* db = nullptr;
-    if (sqlite3_open_v2(QFile::encodeName(file).constData(), &db,
-                        SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX, nullptr)
-        != SQLITE_OK) {
-        qCWarning(lcMetadata) << "cannot open" << file << ":" << sqlite3_errmsg(db);
-        sqlite3_close(db);
+    const QString folder = QFileInfo(file).absolutePath();
+    QDir().mkpath(folder);
+    // Only a database that exists can be read without writing; with none
+    // there is nothing to play, and the read-write open says why it fails.
+    const bool isReadOnly =
+        QFileInfo::exists(file) && !(HostDataDir::isWritable(folder) && HostDataDir::isWritable(file));
+    if (isReadOnly)
+        HostDataDir::reportReadOnly(folder);
+    sqlite3* db = isReadOnly ? openReadOnly(file) : openReadWrite(file);
+    if (!db)
         return nullptr;
-    }
     sqlite3_busy_timeout(db, kBusyTimeoutMs);
     QString problem;
-    const std::optional<QByteArray> journalMode = prepareConnection(db, &problem);
-    if (!journalMode || !MediaDatabaseSchema::upgrade(db, &problem)) {
+    const std::optional<QByteArray> journalMode = prepareConnection(db, isReadOnly, &problem);
+    const bool isUsable = journalMode
+                          && (isReadOnly ? MediaDatabaseSchema::isCurrent(db, &problem)
+                                         : MediaDatabaseSchema::upgrade(db, &problem));
+    if (!isUsable) {
         qCWarning(lcMetadata).noquote() << "cannot use" << file << ":" << problem;
         sqlite3_close(db);
         return nullptr;

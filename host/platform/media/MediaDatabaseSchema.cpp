@@ -226,19 +226,46 @@ int MediaDatabaseSchema::versionOf(sqlite3* db)
     return version;
 }
 
-bool MediaDatabaseSchema::upgrade(sqlite3* db, QString* problem)
+namespace {
+
+// The database's version when this program can use it, else -1 with the problem.
+int usableVersion(sqlite3* db, QString* problem)
 {
-    const int version = versionOf(db);
+    const int version = MediaDatabaseSchema::versionOf(db);
     if (version < 0) {
         *problem = QStringLiteral("cannot read the schema version: %1").arg(QString::fromUtf8(sqlite3_errmsg(db)));
-        return false;
+        return -1;
     }
-    if (version > currentVersion()) {
-        *problem = QStringLiteral("schema version %1 is newer than this program's %2").arg(version).arg(currentVersion());
-        return false;
+    if (version > MediaDatabaseSchema::currentVersion()) {
+        *problem = QStringLiteral("schema version %1 is newer than this program's %2")
+                       .arg(version)
+                       .arg(MediaDatabaseSchema::currentVersion());
+        return -1;
     }
     *problem = foreignSchemaProblem(db, version);
-    if (!problem->isNull())
+    return problem->isNull() ? version : -1;
+}
+
+} // namespace
+
+bool MediaDatabaseSchema::isCurrent(sqlite3* db, QString* problem)
+{
+    const int version = usableVersion(db, problem);
+    if (version < 0)
+        return false;
+    if (version < currentVersion()) {
+        *problem = QStringLiteral("schema version %1 needs an upgrade to %2, which a read-only database does not allow")
+                       .arg(version)
+                       .arg(currentVersion());
+        return false;
+    }
+    return true;
+}
+
+bool MediaDatabaseSchema::upgrade(sqlite3* db, QString* problem)
+{
+    const int version = usableVersion(db, problem);
+    if (version < 0)
         return false;
     for (int next = version + 1; next <= currentVersion(); ++next) {
         if (!runStep(db, next, problem))

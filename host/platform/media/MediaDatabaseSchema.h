@@ -16,6 +16,9 @@ public:
      *  one fails, when the database is newer than this program, or when the file holds
      *  another program's tables rather than a media database. */
     static bool upgrade(sqlite3* db, QString* problem);
+    /** Whether the database is a media database of this program's version, as a
+     *  connection that may not write needs it; else names the problem. */
+    static bool isCurrent(sqlite3* db, QString* problem);
     /** The database's version, -1 when it cannot be read. */
     static int versionOf(sqlite3* db);
 };
