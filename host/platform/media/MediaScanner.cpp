@@ -9,7 +9,12 @@
 #include <QStringDecoder>
 #include <QUrl>
 
+#include <algorithm>
+#include <filesystem>
 #include <memory>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "host/platform/phone/HostStorage.h"
 #include "host/platform/media/MediaDatabase.h"
@@ -40,6 +45,30 @@ QString decodePlayList(const QByteArray& bytes)
     QStringDecoder utf8(QStringDecoder::Utf8);
     const QString text = utf8(bytes);
     return utf8.hasError() ? QString::fromLatin1(bytes) : text;
+}
+
+bool isUtf8(const std::string& bytes)
+{
+    QStringDecoder utf8(QStringDecoder::Utf8);
+    // The decoder works when its result is taken.
+    const QString decoded = utf8(QByteArrayView(bytes.data(), qsizetype(bytes.size())));
+    Q_UNUSED(decoded);
+    return !utf8.hasError();
+}
+
+// The bytes of @p path with every byte that is not printable ASCII as \xNN:
+// a message names the file exactly, whatever its encoding.
+QString escapedPath(const std::string& path)
+{
+    QString text;
+    for (const char byte : path) {
+        const uchar value = uchar(byte);
+        if (value >= 0x20 && value < 0x7F && value != '\\')
+            text += QLatin1Char(char(value));
+        else
+            text += QStringLiteral("\\x%1").arg(value, 2, 16, QLatin1Char('0'));
+    }
+    return text;
 }
 
 } // namespace
@@ -109,6 +138,39 @@ bool MediaScanner::isReadable(const QString& path)
         return false;
     }
     return true;
+}
+
+int MediaScanner::skipUnnamedEntries(const QString& folder)
+{
+    // Paths are stored as text, so a name that is not UTF-8 cannot be stored
+    // (nor found again under the name Qt makes of it, which is why the folder
+    // listing does not even show it). Such entries are looked for in the raw
+    // bytes, reported and counted as skipped rather than lost in silence.
+    namespace fs = std::filesystem;
+    std::error_code error;
+    fs::recursive_directory_iterator entry(QFile::encodeName(folder).toStdString(),
+                                           fs::directory_options::skip_permission_denied, error);
+    // Sorted, as the files are, so that the messages come in the same order at every scan.
+    std::vector<std::pair<std::string, QString>> skipped;
+    for (; !error && entry != fs::recursive_directory_iterator(); entry.increment(error)) {
+        const std::string name = entry->path().filename().native();
+        if (isUtf8(name))
+            continue;
+        const QString shownName = QString::fromUtf8(name.data(), qsizetype(name.size()));
+        if (entry->is_directory(error) && !entry->is_symlink(error)) {
+            entry.disable_recursion_pending();
+            skipped.emplace_back(entry->path().native(),
+                                 QStringLiteral("cannot read the folder %1: its name is not valid UTF-8; "
+                                                "skipped with all it holds"));
+        } else if (mediaKindOf(shownName) || isPlayList(shownName)) {
+            skipped.emplace_back(entry->path().native(),
+                                 QStringLiteral("cannot read %1: its name is not valid UTF-8; skipped"));
+        }
+    }
+    std::sort(skipped.begin(), skipped.end());
+    for (const auto& [path, message] : skipped)
+        report(message.arg(escapedPath(path)));
+    return int(skipped.size());
 }
 
 MediaRecord MediaScanner::recordOf(const QString& path, MediaKind kind) const
@@ -264,6 +326,7 @@ void MediaScanner::scanFolder(const QString& folder, MediaScanSummary& summary)
     }
     mediaFiles.sort();
     playLists.sort();
+    summary.skipped += skipUnnamedEntries(folder);
 
     QHash<QString, MediaFileStamp> stored;
     for (const MediaFileStamp& stamp : m_database.mediaUnder(folder))

@@ -67,6 +67,9 @@ private:
     FileOutcome scanFile(const QString& path, const std::optional<MediaFileStamp>& stored);
     void scanFolder(const QString& folder, MediaScanSummary& summary);
     bool isReadable(const QString& path);
+    /** Reports the media files, play lists and folders under @p folder whose names are
+     *  not UTF-8; returns their number. */
+    int skipUnnamedEntries(const QString& folder);
     MediaRecord recordOf(const QString& path, MediaKind kind) const;
     std::optional<quint32> playListEntryId(const QString& entry, const QString& playList);
     void report(const QString& message) const;

@@ -11,7 +11,10 @@
 #include <taglib/tpropertymap.h>
 #include <taglib/wavfile.h>
 
+#include <filesystem>
+#include <fstream>
 #include <memory>
+#include <string>
 
 #include "host/platform/phone/HostStorage.h"
 #include "host/platform/media/MediaDatabase.h"
@@ -194,4 +197,25 @@ TEST_F(MediaScannerTest, SingleFilesAndTheMemoryCard)
     EXPECT_EQ(m_scanner->scanFile(path("Music/gone.wav")), MediaScanner::FileOutcome::Skipped);
     EXPECT_TRUE(m_scanner->removeFile(onCard));
     EXPECT_FALSE(m_scanner->removeFile(onCard));
+}
+
+TEST_F(MediaScannerTest, NamesThatAreNotUtf8AreReportedAsSkipped)
+{
+    const std::string root = QFile::encodeName(m_root).toStdString();
+    std::ofstream(root + "/Music/caf\xe9.wav") << "song";
+    std::ofstream(root + "/Music/\xff.txt") << "not media";
+    ASSERT_TRUE(QDir().mkpath(path("Music/x")));
+    ASSERT_EQ(::rename((root + "/Music/x").c_str(), (root + "/Music/Alb\xfcm").c_str()), 0);
+    std::ofstream(root + "/Music/Alb\xfcm/track.wav") << "song";
+
+    const MediaScanSummary summary = m_scanner->scanFolders({m_root});
+    EXPECT_EQ(summary.text(), "4 added, 0 updated, 0 removed, 0 unchanged, 3 skipped; play lists: 1 imported, 0 removed");
+    EXPECT_EQ(m_messages.filter("UTF-8").join('\n').toStdString(),
+              ("cannot read the folder " + m_root + "/Music/Alb\\xfcm: its name is not valid UTF-8; "
+               "skipped with all it holds\n"
+               "cannot read " + m_root + "/Music/caf\\xe9.wav: its name is not valid UTF-8; skipped").toStdString());
+    // Qt cannot see these names to remove them with the folder.
+    std::filesystem::remove_all(root + "/Music/Alb\xfcm");
+    std::filesystem::remove(root + "/Music/caf\xe9.wav");
+    std::filesystem::remove(root + "/Music/\xff.txt");
 }
