@@ -73,6 +73,19 @@ QString escapedPath(const std::string& path)
 
 } // namespace
 
+MediaScanSummary& MediaScanSummary::operator+=(const MediaScanSummary& other)
+{
+    added += other.added;
+    updated += other.updated;
+    removed += other.removed;
+    unchanged += other.unchanged;
+    skipped += other.skipped;
+    playListsImported += other.playListsImported;
+    playListsRemoved += other.playListsRemoved;
+    missingFolders += other.missingFolders;
+    return *this;
+}
+
 QString MediaScanSummary::text() const
 {
     return QStringLiteral("%1 added, %2 updated, %3 removed, %4 unchanged, %5 skipped; play lists: %6 imported, %7 removed")
@@ -314,6 +327,23 @@ void MediaScanner::scanFolder(const QString& folder, MediaScanSummary& summary)
 {
     QStringList mediaFiles;
     QStringList playLists;
+    listFolder(folder, mediaFiles, playLists);
+    summary.skipped += skipUnnamedEntries(folder);
+
+    QHash<QString, MediaFileStamp> stored;
+    for (const MediaFileStamp& stamp : m_database.mediaUnder(folder))
+        stored.insert(stamp.path, stamp);
+
+    scanMediaFiles(mediaFiles, stored, summary);
+    std::unique_ptr<SqliteTransaction> batch = m_database.beginTransaction();
+    MediaScanSummary pending;
+    removeVanishedMedia(mediaFiles, stored, pending);
+    importPlayLists(folder, playLists, pending);
+    commitBatch(std::move(batch), pending, summary);
+}
+
+void MediaScanner::listFolder(const QString& folder, QStringList& mediaFiles, QStringList& playLists)
+{
     // System entries too: a broken link is reported as unreadable rather than
     // passed over in silence.
     QDirIterator files(folder, QDir::Files | QDir::System | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
@@ -326,39 +356,48 @@ void MediaScanner::scanFolder(const QString& folder, MediaScanSummary& summary)
     }
     mediaFiles.sort();
     playLists.sort();
-    summary.skipped += skipUnnamedEntries(folder);
+}
 
-    QHash<QString, MediaFileStamp> stored;
-    for (const MediaFileStamp& stamp : m_database.mediaUnder(folder))
-        stored.insert(stamp.path, stamp);
-
+void MediaScanner::scanMediaFiles(const QStringList& mediaFiles, const QHash<QString, MediaFileStamp>& stored,
+                                  MediaScanSummary& summary)
+{
     std::unique_ptr<SqliteTransaction> batch = m_database.beginTransaction();
+    MediaScanSummary pending;
     for (int i = 0; i < mediaFiles.size(); ++i) {
         const auto found = stored.constFind(mediaFiles[i]);
         const std::optional<MediaFileStamp> stamp =
             found == stored.constEnd() ? std::nullopt : std::optional<MediaFileStamp>(*found);
         switch (scanFile(mediaFiles[i], stamp)) {
-        case FileOutcome::Added: ++summary.added; break;
-        case FileOutcome::Updated: ++summary.updated; break;
-        case FileOutcome::Unchanged: ++summary.unchanged; break;
-        case FileOutcome::Skipped: ++summary.skipped; break;
+        case FileOutcome::Added: ++pending.added; break;
+        case FileOutcome::Updated: ++pending.updated; break;
+        case FileOutcome::Unchanged: ++pending.unchanged; break;
+        case FileOutcome::Skipped: ++pending.skipped; break;
         case FileOutcome::NotMedia: break;
         }
         if ((i + 1) % kFilesPerCommit == 0) {
-            batch->commit();
+            commitBatch(std::move(batch), pending, summary);
+            pending = MediaScanSummary();
             batch = m_database.beginTransaction();
         }
         if (m_onProgress)
             m_onProgress(i + 1, int(mediaFiles.size()));
     }
+    commitBatch(std::move(batch), pending, summary);
+}
 
+void MediaScanner::removeVanishedMedia(const QStringList& mediaFiles, const QHash<QString, MediaFileStamp>& stored,
+                                       MediaScanSummary& summary)
+{
     const QSet<QString> seen(mediaFiles.cbegin(), mediaFiles.cend());
-    for (const MediaFileStamp& stamp : std::as_const(stored)) {
+    for (const MediaFileStamp& stamp : stored) {
         if (!seen.contains(stamp.path) && !QFileInfo::exists(stamp.path) && m_database.removeMedia(stamp.id))
             ++summary.removed;
     }
+}
 
-    for (const QString& playList : std::as_const(playLists)) {
+void MediaScanner::importPlayLists(const QString& folder, const QStringList& playLists, MediaScanSummary& summary)
+{
+    for (const QString& playList : playLists) {
         if (importPlayList(playList))
             ++summary.playListsImported;
     }
@@ -368,5 +407,27 @@ void MediaScanner::scanFolder(const QString& folder, MediaScanSummary& summary)
             && m_database.removeGroup(group.id))
             ++summary.playListsRemoved;
     }
-    batch->commit();
+}
+
+void MediaScanner::commitBatch(std::unique_ptr<SqliteTransaction> batch, const MediaScanSummary& pending,
+                               MediaScanSummary& summary)
+{
+    // Without a transaction each write was committed as it was made.
+    if (!batch->isActive() || batch->commit()) {
+        summary += pending;
+        return;
+    }
+    // The batch rolls back here, before anything else begins on the connection.
+    batch.reset();
+    report(QStringLiteral("the database did not take the last changes (%1 added, %2 updated, %3 removed, "
+                          "%4 play lists imported, %5 removed); none of them is stored")
+               .arg(pending.added)
+               .arg(pending.updated)
+               .arg(pending.removed)
+               .arg(pending.playListsImported)
+               .arg(pending.playListsRemoved));
+    MediaScanSummary kept;
+    kept.unchanged = pending.unchanged;
+    kept.skipped = pending.skipped + pending.added + pending.updated;
+    summary += kept;
 }

@@ -7,6 +7,8 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <sqlite3.h>
+
 #include <taglib/id3v2tag.h>
 #include <taglib/tpropertymap.h>
 #include <taglib/wavfile.h>
@@ -218,4 +220,30 @@ TEST_F(MediaScannerTest, NamesThatAreNotUtf8AreReportedAsSkipped)
     std::filesystem::remove_all(root + "/Music/Alb\xfcm");
     std::filesystem::remove(root + "/Music/caf\xe9.wav");
     std::filesystem::remove(root + "/Music/\xff.txt");
+}
+
+TEST_F(MediaScannerTest, AFailedCommitCountsNothingAsAdded)
+{
+    // A trap another program could have set: every new object breaks a deferred
+    // constraint, which only the commit checks.
+    sqlite3* other = nullptr;
+    ASSERT_EQ(sqlite3_open(QFile::encodeName(MediaDatabase::defaultFile()).constData(), &other), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(other,
+                           "CREATE TABLE trap_parent (id INTEGER PRIMARY KEY);"
+                           "CREATE TABLE trap (ref INTEGER REFERENCES trap_parent(id) DEFERRABLE INITIALLY DEFERRED);"
+                           "CREATE TRIGGER trap_media AFTER INSERT ON media BEGIN INSERT INTO trap VALUES (-1); END;",
+                           nullptr, nullptr, nullptr),
+              SQLITE_OK);
+    sqlite3_close(other);
+
+    const MediaScanSummary summary = m_scanner->scanFolders({m_root});
+    EXPECT_EQ(summary.text(), "0 added, 0 updated, 0 removed, 0 unchanged, 5 skipped; play lists: 0 imported, 0 removed");
+    EXPECT_EQ(m_messages.filter("did not take").join('\n').toStdString(),
+              "the database did not take the last changes (4 added, 0 updated, 0 removed, 0 play lists imported, "
+              "0 removed); none of them is stored\n"
+              // The play list's entries are read again for it, and fall into the trap too.
+              "the database did not take the last changes (0 added, 0 updated, 0 removed, 1 play lists imported, "
+              "0 removed); none of them is stored");
+    EXPECT_EQ(m_database->mediaCount(), 0);
+    EXPECT_FALSE(m_database->isInTransaction()) << "the failed batch is rolled back, not left open";
 }
