@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QUrl>
 
 #include <algorithm>
 
@@ -25,6 +26,70 @@ constexpr int kCachedShapes = 4;
 const char* const kMediaColumns =
     "id, path, kind, title, artist, album, genre, composer, track, date, storage, created_by, buy, "
     "file_size, file_modified";
+
+// How long a call waits for another program's write lock. The application
+// runs on one event-loop thread: a wait of seconds would freeze the player,
+// so a locked database fails the call soon and the caller reports it.
+constexpr int kBusyTimeoutMs = 250;
+
+// Sets the connection up; returns the journal mode in force, or nothing with
+// the reason in @p problem.
+std::optional<QByteArray> prepareConnection(sqlite3* db, bool isReadOnly, QString* problem)
+{
+    // The scanner and the application may use the file at the same time:
+    // write-ahead logging lets readers go on while one writes, and gives each
+    // reader a snapshot of its own. A read-only connection takes the mode the
+    // file has.
+    sqlite3_stmt* statement = nullptr;
+    std::optional<QByteArray> mode;
+    const char* const journalSql = isReadOnly ? "PRAGMA journal_mode" : "PRAGMA journal_mode = WAL";
+    if (sqlite3_prepare_v2(db, journalSql, -1, &statement, nullptr) == SQLITE_OK
+        && sqlite3_step(statement) == SQLITE_ROW)
+        mode = QByteArray(reinterpret_cast<const char*>(sqlite3_column_text(statement, 0))).toLower();
+    sqlite3_finalize(statement);
+    char* message = nullptr;
+    if (!mode
+        || sqlite3_exec(db, "PRAGMA synchronous = NORMAL; PRAGMA foreign_keys = ON;", nullptr, nullptr, &message)
+               != SQLITE_OK) {
+        *problem = QString::fromUtf8(message ? message : sqlite3_errmsg(db));
+        sqlite3_free(message);
+        return std::nullopt;
+    }
+    return mode;
+}
+
+sqlite3* openWith(const QByteArray& name, int flags)
+{
+    sqlite3* db = nullptr;
+    if (sqlite3_open_v2(name.constData(), &db, flags | SQLITE_OPEN_NOMUTEX, nullptr) != SQLITE_OK) {
+        qCWarning(lcMetadata) << "cannot open" << name << ":" << sqlite3_errmsg(db);
+        sqlite3_close(db);
+        return nullptr;
+    }
+    return db;
+}
+
+sqlite3* openReadWrite(const QString& file)
+{
+    return openWith(QFile::encodeName(file), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+}
+
+// A file in write-ahead-log mode is read through a shared-memory index
+// beside it. When a writer (another user, who may write the folder) keeps
+// one, reading through it sees that writer's commits. Otherwise the file is
+// read as one that nobody changes: trying the index would make it, and its
+// log, in a folder that is not to be written, or fail where it cannot be.
+sqlite3* openReadOnly(const QString& file)
+{
+    const QByteArray uri = QUrl::fromLocalFile(file).toEncoded();
+    if (QFileInfo::exists(file + QStringLiteral("-shm"))) {
+        sqlite3* db = openWith(uri + "?mode=ro", SQLITE_OPEN_READONLY | SQLITE_OPEN_URI);
+        if (db && sqlite3_exec(db, "SELECT count(*) FROM sqlite_schema", nullptr, nullptr, nullptr) == SQLITE_OK)
+            return db;
+        sqlite3_close(db);
+    }
+    return openWith(uri + "?immutable=1", SQLITE_OPEN_READONLY | SQLITE_OPEN_URI);
+}
 
 // The bounds of the paths inside a folder: "folder/" <= path < "folder0",
 // '0' being the byte after '/'. An indexed range, unlike a LIKE pattern.
@@ -47,40 +112,40 @@ QString MediaDatabase::defaultFile()
 
 std::unique_ptr<MediaDatabase> MediaDatabase::open(const QString& file)
 {
-    QDir().mkpath(QFileInfo(file).absolutePath());
-    sqlite3* db = nullptr;
-    if (sqlite3_open_v2(QFile::encodeName(file).constData(), &db,
-                        SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX, nullptr)
-        != SQLITE_OK) {
-        qCWarning(lcMetadata) << "cannot open" << file << ":" << sqlite3_errmsg(db);
+    const QString folder = QFileInfo(file).absolutePath();
+    QDir().mkpath(folder);
+    // Only a database that exists can be read without writing; with none
+    // there is nothing to play, and the read-write open says why it fails.
+    const bool isReadOnly =
+        QFileInfo::exists(file) && !(HostDataDir::isWritable(folder) && HostDataDir::isWritable(file));
+    if (isReadOnly)
+        HostDataDir::reportReadOnly(folder);
+    sqlite3* db = isReadOnly ? openReadOnly(file) : openReadWrite(file);
+    if (!db)
+        return nullptr;
+    sqlite3_busy_timeout(db, kBusyTimeoutMs);
+    QString problem;
+    const std::optional<QByteArray> journalMode = prepareConnection(db, isReadOnly, &problem);
+    const bool isUsable = journalMode
+                          && (isReadOnly ? MediaDatabaseSchema::isCurrent(db, &problem)
+                                         : MediaDatabaseSchema::upgrade(db, &problem));
+    if (!isUsable) {
+        qCWarning(lcMetadata).noquote() << "cannot use" << file << ":" << problem;
         sqlite3_close(db);
         return nullptr;
     }
-    // The scanner and the application may use the file at the same time:
-    // write-ahead logging lets readers go on while one writes.
-    sqlite3_busy_timeout(db, 5000);
-    char* message = nullptr;
-    if (sqlite3_exec(db, "PRAGMA journal_mode = WAL; PRAGMA synchronous = NORMAL; PRAGMA foreign_keys = ON;",
-                     nullptr, nullptr, &message)
-            != SQLITE_OK
-        || !MediaDatabaseSchema::upgrade(db)) {
-        qCWarning(lcMetadata) << "cannot prepare" << file << ":" << (message ? message : sqlite3_errmsg(db));
-        sqlite3_free(message);
-        sqlite3_close(db);
-        return nullptr;
-    }
-    return std::unique_ptr<MediaDatabase>(new MediaDatabase(db, file));
+    return std::unique_ptr<MediaDatabase>(new MediaDatabase(db, file, *journalMode == "wal"));
 }
 
-MediaDatabase::MediaDatabase(sqlite3* db, const QString& fileName)
-    : m_db(db), m_fileName(fileName), m_cache(kCachedShapes)
+MediaDatabase::MediaDatabase(sqlite3* db, const QString& fileName, bool isWriteAheadLog)
+    : m_db(db), m_fileName(fileName), m_isWriteAheadLog(isWriteAheadLog), m_cache(kCachedShapes)
 {
 }
 
 MediaDatabase::~MediaDatabase()
 {
+    m_snapshot.reset();
     m_statements.clear();
-    m_searchStatements.clear();
     sqlite3_close(m_db);
 }
 
@@ -94,12 +159,35 @@ bool MediaDatabase::isInTransaction() const
     return sqlite3_get_autocommit(m_db) == 0;
 }
 
-SqliteStatement& MediaDatabase::statement(const char* sql)
+SqliteStatement& MediaDatabase::statement(const QByteArray& sql)
 {
     std::unique_ptr<SqliteStatement>& slot = m_statements[sql];
     if (!slot)
-        slot = std::make_unique<SqliteStatement>(m_db, QByteArray(sql));
+        slot = std::make_unique<SqliteStatement>(m_db, sql);
     return *slot;
+}
+
+bool MediaDatabase::holdSnapshot()
+{
+    m_snapshot.reset();
+    if (!m_isWriteAheadLog)
+        return false;
+    auto snapshot = std::make_unique<SqliteTransaction>(m_db, SqliteTransaction::Kind::Read);
+    if (!snapshot->isActive())
+        return false;
+    m_snapshot = std::move(snapshot);
+    // A deferred transaction takes its snapshot at its first read.
+    if (!latestChange()) {
+        m_snapshot.reset();
+        return false;
+    }
+    return true;
+}
+
+void MediaDatabase::releaseSnapshot()
+{
+    // Nothing was written under it: ending it by rollback or commit is the same.
+    m_snapshot.reset();
 }
 
 // ---------------------------------------------------------------------------
@@ -183,16 +271,14 @@ std::optional<MediaRecord> MediaDatabase::readMedia(SqliteStatement& query)
 
 std::optional<MediaRecord> MediaDatabase::mediaById(quint32 id)
 {
-    static const QByteArray sql = QByteArray("SELECT ") + kMediaColumns + " FROM media WHERE id = ?1";
-    SqliteStatement& query = statement(sql.constData());
+    SqliteStatement& query = statement(QByteArray("SELECT ") + kMediaColumns + " FROM media WHERE id = ?1");
     query.bind(1, qint64(id));
     return readMedia(query);
 }
 
 std::optional<MediaRecord> MediaDatabase::mediaByPath(const QString& path)
 {
-    static const QByteArray sql = QByteArray("SELECT ") + kMediaColumns + " FROM media WHERE path = ?1";
-    SqliteStatement& query = statement(sql.constData());
+    SqliteStatement& query = statement(QByteArray("SELECT ") + kMediaColumns + " FROM media WHERE path = ?1");
     query.bind(1, path);
     return readMedia(query);
 }
@@ -355,10 +441,7 @@ std::shared_ptr<const MediaOrderedResult> MediaDatabase::orderedResult(const Med
 
 std::shared_ptr<const MediaOrderedResult> MediaDatabase::loadOrderedResult(const MediaSearchPlan& plan)
 {
-    std::unique_ptr<SqliteStatement>& slot = m_searchStatements[plan.sql()];
-    if (!slot)
-        slot = std::make_unique<SqliteStatement>(m_db, plan.sql());
-    SqliteStatement& query = *slot;
+    SqliteStatement& query = statement(plan.sql());
     plan.bindTo(query);
     auto ordered = std::make_shared<MediaOrderedResult>();
     SqliteStatement::Step step = query.step();

@@ -12,7 +12,6 @@
 #include <map>
 #include <memory>
 #include <optional>
-#include <unordered_map>
 #include <vector>
 
 #include "host/platform/media/MediaChanges.h"
@@ -51,6 +50,16 @@ public:
     std::unique_ptr<SqliteTransaction> beginTransaction();
     /** Whether this connection holds a transaction (its changes are not committed yet). */
     bool isInTransaction() const;
+
+    // Snapshots
+    /** Keeps every later read of this connection on the database as it is now (a read
+     *  transaction held between calls), in place of any snapshot held before; false, holding
+     *  none, when the file is not in write-ahead-log mode, where a held read would keep
+     *  every writer out. A connection that holds a snapshot must not write. */
+    bool holdSnapshot();
+    /** Lets reads see every commit again. */
+    void releaseSnapshot();
+    bool holdsSnapshot() const { return m_snapshot != nullptr; }
 
     // Media objects
     /** Stores a new object (its id is ignored); returns the new id, 0 on failure
@@ -107,9 +116,9 @@ public:
     bool setLastPlayedList(const MediaLastPlayedList& list);
 
 private:
-    MediaDatabase(sqlite3* db, const QString& fileName);
+    MediaDatabase(sqlite3* db, const QString& fileName, bool isWriteAheadLog);
     /** A statement prepared once per connection and reset after each use. */
-    SqliteStatement& statement(const char* sql);
+    SqliteStatement& statement(const QByteArray& sql);
     std::optional<MediaRecord> readMedia(SqliteStatement& query);
     static void bindMedia(SqliteStatement& query, const MediaRecord& record);
     std::optional<MediaGroup> readGroup(SqliteStatement& query);
@@ -119,7 +128,10 @@ private:
 
     sqlite3* m_db;
     QString m_fileName;
-    std::unordered_map<const char*, std::unique_ptr<SqliteStatement>> m_statements;  // by SQL literal
-    std::map<QByteArray, std::unique_ptr<SqliteStatement>> m_searchStatements;       // by built SQL
+    bool m_isWriteAheadLog;
+    // By the SQL's text, not its address: a temporary or a reused buffer must
+    // never fetch another statement.
+    std::map<QByteArray, std::unique_ptr<SqliteStatement>> m_statements;
     MediaResultCache m_cache;
+    std::unique_ptr<SqliteTransaction> m_snapshot;  // declared last: ends before the statements go
 };

@@ -138,24 +138,74 @@ const char* const kSteps[] = {
     )sql",
 };
 
-bool runStep(sqlite3* db, int version)
+// The tables each version has; a file that claims a version without them
+// is not a media database.
+const char* const kTablesOf[][5] = {
+    {"media", "groups", "group_members", "last_played_list", "last_played_song"},
+    {"change_log"},
+};
+static_assert(std::size(kTablesOf) == std::size(kSteps), "one table list per step");
+
+int tableCount(sqlite3* db, const char* name)
+{
+    sqlite3_stmt* statement = nullptr;
+    int count = -1;
+    const char* sql = name ? "SELECT count(*) FROM sqlite_schema WHERE type = 'table' AND name = ?1"
+                           : "SELECT count(*) FROM sqlite_schema";
+    if (sqlite3_prepare_v2(db, sql, -1, &statement, nullptr) == SQLITE_OK) {
+        if (name)
+            sqlite3_bind_text(statement, 1, name, -1, SQLITE_STATIC);
+        if (sqlite3_step(statement) == SQLITE_ROW)
+            count = sqlite3_column_int(statement, 0);
+    }
+    sqlite3_finalize(statement);
+    return count;
+}
+
+// Why a database at @p version is not ours, or a null string when it is.
+QString foreignSchemaProblem(sqlite3* db, int version)
+{
+    if (version == 0) {
+        const int tables = tableCount(db, nullptr);
+        if (tables < 0)
+            return QStringLiteral("cannot read the schema: %1").arg(QString::fromUtf8(sqlite3_errmsg(db)));
+        if (tables > 0)
+            return QStringLiteral("the file holds another program's tables (schema version 0), not a media database");
+        return QString();
+    }
+    for (int step = 0; step < version; ++step) {
+        for (const char* table : kTablesOf[step]) {
+            if (table && tableCount(db, table) != 1)
+                return QStringLiteral("schema version %1 without its table \"%2\": not a media database")
+                    .arg(version)
+                    .arg(QLatin1String(table));
+        }
+    }
+    return QString();
+}
+
+bool runStep(sqlite3* db, int version, QString* problem)
 {
     SqliteTransaction transaction(db);
-    if (!transaction.isActive())
+    if (!transaction.isActive()) {
+        *problem = QStringLiteral("cannot begin schema step %1: %2").arg(version).arg(QString::fromUtf8(sqlite3_errmsg(db)));
         return false;
+    }
     // Another process may have run the step while this one waited for the lock.
     if (MediaDatabaseSchema::versionOf(db) >= version)
         return true;
     char* message = nullptr;
     if (sqlite3_exec(db, kSteps[version - 1], nullptr, nullptr, &message) != SQLITE_OK) {
-        qCWarning(lcMetadata) << "schema step" << version << "failed:" << message;
+        *problem = QStringLiteral("schema step %1 failed: %2").arg(version).arg(QString::fromUtf8(message));
         sqlite3_free(message);
         return false;
     }
     const QByteArray setVersion = "PRAGMA user_version = " + QByteArray::number(version);
-    if (sqlite3_exec(db, setVersion.constData(), nullptr, nullptr, nullptr) != SQLITE_OK)
+    if (sqlite3_exec(db, setVersion.constData(), nullptr, nullptr, nullptr) != SQLITE_OK || !transaction.commit()) {
+        *problem = QStringLiteral("cannot complete schema step %1: %2").arg(version).arg(QString::fromUtf8(sqlite3_errmsg(db)));
         return false;
-    return transaction.commit();
+    }
+    return true;
 }
 
 } // namespace
@@ -176,18 +226,49 @@ int MediaDatabaseSchema::versionOf(sqlite3* db)
     return version;
 }
 
-bool MediaDatabaseSchema::upgrade(sqlite3* db)
+namespace {
+
+// The database's version when this program can use it, else -1 with the problem.
+int usableVersion(sqlite3* db, QString* problem)
 {
-    const int version = versionOf(db);
+    const int version = MediaDatabaseSchema::versionOf(db);
+    if (version < 0) {
+        *problem = QStringLiteral("cannot read the schema version: %1").arg(QString::fromUtf8(sqlite3_errmsg(db)));
+        return -1;
+    }
+    if (version > MediaDatabaseSchema::currentVersion()) {
+        *problem = QStringLiteral("schema version %1 is newer than this program's %2")
+                       .arg(version)
+                       .arg(MediaDatabaseSchema::currentVersion());
+        return -1;
+    }
+    *problem = foreignSchemaProblem(db, version);
+    return problem->isNull() ? version : -1;
+}
+
+} // namespace
+
+bool MediaDatabaseSchema::isCurrent(sqlite3* db, QString* problem)
+{
+    const int version = usableVersion(db, problem);
     if (version < 0)
         return false;
-    if (version > currentVersion()) {
-        qCWarning(lcMetadata) << "database version" << version << "is newer than this program's"
-                              << currentVersion();
+    if (version < currentVersion()) {
+        *problem = QStringLiteral("schema version %1 needs an upgrade to %2, which a read-only database does not allow")
+                       .arg(version)
+                       .arg(currentVersion());
         return false;
     }
+    return true;
+}
+
+bool MediaDatabaseSchema::upgrade(sqlite3* db, QString* problem)
+{
+    const int version = usableVersion(db, problem);
+    if (version < 0)
+        return false;
     for (int next = version + 1; next <= currentVersion(); ++next) {
-        if (!runStep(db, next))
+        if (!runStep(db, next, problem))
             return false;
     }
     return true;

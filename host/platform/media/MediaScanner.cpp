@@ -9,7 +9,12 @@
 #include <QStringDecoder>
 #include <QUrl>
 
+#include <algorithm>
+#include <filesystem>
 #include <memory>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "host/platform/phone/HostStorage.h"
 #include "host/platform/media/MediaDatabase.h"
@@ -42,7 +47,44 @@ QString decodePlayList(const QByteArray& bytes)
     return utf8.hasError() ? QString::fromLatin1(bytes) : text;
 }
 
+bool isUtf8(const std::string& bytes)
+{
+    QStringDecoder utf8(QStringDecoder::Utf8);
+    // The decoder works when its result is taken.
+    const QString decoded = utf8(QByteArrayView(bytes.data(), qsizetype(bytes.size())));
+    Q_UNUSED(decoded);
+    return !utf8.hasError();
+}
+
+// The bytes of @p path with every byte that is not printable ASCII as \xNN:
+// a message names the file exactly, whatever its encoding.
+QString escapedPath(const std::string& path)
+{
+    QString text;
+    for (const char byte : path) {
+        const uchar value = uchar(byte);
+        if (value >= 0x20 && value < 0x7F && value != '\\')
+            text += QLatin1Char(char(value));
+        else
+            text += QStringLiteral("\\x%1").arg(value, 2, 16, QLatin1Char('0'));
+    }
+    return text;
+}
+
 } // namespace
+
+MediaScanSummary& MediaScanSummary::operator+=(const MediaScanSummary& other)
+{
+    added += other.added;
+    updated += other.updated;
+    removed += other.removed;
+    unchanged += other.unchanged;
+    skipped += other.skipped;
+    playListsImported += other.playListsImported;
+    playListsRemoved += other.playListsRemoved;
+    missingFolders += other.missingFolders;
+    return *this;
+}
 
 QString MediaScanSummary::text() const
 {
@@ -109,6 +151,39 @@ bool MediaScanner::isReadable(const QString& path)
         return false;
     }
     return true;
+}
+
+int MediaScanner::skipUnnamedEntries(const QString& folder)
+{
+    // Paths are stored as text, so a name that is not UTF-8 cannot be stored
+    // (nor found again under the name Qt makes of it, which is why the folder
+    // listing does not even show it). Such entries are looked for in the raw
+    // bytes, reported and counted as skipped rather than lost in silence.
+    namespace fs = std::filesystem;
+    std::error_code error;
+    fs::recursive_directory_iterator entry(QFile::encodeName(folder).toStdString(),
+                                           fs::directory_options::skip_permission_denied, error);
+    // Sorted, as the files are, so that the messages come in the same order at every scan.
+    std::vector<std::pair<std::string, QString>> skipped;
+    for (; !error && entry != fs::recursive_directory_iterator(); entry.increment(error)) {
+        const std::string name = entry->path().filename().native();
+        if (isUtf8(name))
+            continue;
+        const QString shownName = QString::fromUtf8(name.data(), qsizetype(name.size()));
+        if (entry->is_directory(error) && !entry->is_symlink(error)) {
+            entry.disable_recursion_pending();
+            skipped.emplace_back(entry->path().native(),
+                                 QStringLiteral("cannot read the folder %1: its name is not valid UTF-8; "
+                                                "skipped with all it holds"));
+        } else if (mediaKindOf(shownName) || isPlayList(shownName)) {
+            skipped.emplace_back(entry->path().native(),
+                                 QStringLiteral("cannot read %1: its name is not valid UTF-8; skipped"));
+        }
+    }
+    std::sort(skipped.begin(), skipped.end());
+    for (const auto& [path, message] : skipped)
+        report(message.arg(escapedPath(path)));
+    return int(skipped.size());
 }
 
 MediaRecord MediaScanner::recordOf(const QString& path, MediaKind kind) const
@@ -252,6 +327,23 @@ void MediaScanner::scanFolder(const QString& folder, MediaScanSummary& summary)
 {
     QStringList mediaFiles;
     QStringList playLists;
+    listFolder(folder, mediaFiles, playLists);
+    summary.skipped += skipUnnamedEntries(folder);
+
+    QHash<QString, MediaFileStamp> stored;
+    for (const MediaFileStamp& stamp : m_database.mediaUnder(folder))
+        stored.insert(stamp.path, stamp);
+
+    scanMediaFiles(mediaFiles, stored, summary);
+    std::unique_ptr<SqliteTransaction> batch = m_database.beginTransaction();
+    MediaScanSummary pending;
+    removeVanishedMedia(mediaFiles, stored, pending);
+    importPlayLists(folder, playLists, pending);
+    commitBatch(std::move(batch), pending, summary);
+}
+
+void MediaScanner::listFolder(const QString& folder, QStringList& mediaFiles, QStringList& playLists)
+{
     // System entries too: a broken link is reported as unreadable rather than
     // passed over in silence.
     QDirIterator files(folder, QDir::Files | QDir::System | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
@@ -264,38 +356,48 @@ void MediaScanner::scanFolder(const QString& folder, MediaScanSummary& summary)
     }
     mediaFiles.sort();
     playLists.sort();
+}
 
-    QHash<QString, MediaFileStamp> stored;
-    for (const MediaFileStamp& stamp : m_database.mediaUnder(folder))
-        stored.insert(stamp.path, stamp);
-
+void MediaScanner::scanMediaFiles(const QStringList& mediaFiles, const QHash<QString, MediaFileStamp>& stored,
+                                  MediaScanSummary& summary)
+{
     std::unique_ptr<SqliteTransaction> batch = m_database.beginTransaction();
+    MediaScanSummary pending;
     for (int i = 0; i < mediaFiles.size(); ++i) {
         const auto found = stored.constFind(mediaFiles[i]);
         const std::optional<MediaFileStamp> stamp =
             found == stored.constEnd() ? std::nullopt : std::optional<MediaFileStamp>(*found);
         switch (scanFile(mediaFiles[i], stamp)) {
-        case FileOutcome::Added: ++summary.added; break;
-        case FileOutcome::Updated: ++summary.updated; break;
-        case FileOutcome::Unchanged: ++summary.unchanged; break;
-        case FileOutcome::Skipped: ++summary.skipped; break;
+        case FileOutcome::Added: ++pending.added; break;
+        case FileOutcome::Updated: ++pending.updated; break;
+        case FileOutcome::Unchanged: ++pending.unchanged; break;
+        case FileOutcome::Skipped: ++pending.skipped; break;
         case FileOutcome::NotMedia: break;
         }
         if ((i + 1) % kFilesPerCommit == 0) {
-            batch->commit();
+            commitBatch(std::move(batch), pending, summary);
+            pending = MediaScanSummary();
             batch = m_database.beginTransaction();
         }
         if (m_onProgress)
             m_onProgress(i + 1, int(mediaFiles.size()));
     }
+    commitBatch(std::move(batch), pending, summary);
+}
 
+void MediaScanner::removeVanishedMedia(const QStringList& mediaFiles, const QHash<QString, MediaFileStamp>& stored,
+                                       MediaScanSummary& summary)
+{
     const QSet<QString> seen(mediaFiles.cbegin(), mediaFiles.cend());
-    for (const MediaFileStamp& stamp : std::as_const(stored)) {
+    for (const MediaFileStamp& stamp : stored) {
         if (!seen.contains(stamp.path) && !QFileInfo::exists(stamp.path) && m_database.removeMedia(stamp.id))
             ++summary.removed;
     }
+}
 
-    for (const QString& playList : std::as_const(playLists)) {
+void MediaScanner::importPlayLists(const QString& folder, const QStringList& playLists, MediaScanSummary& summary)
+{
+    for (const QString& playList : playLists) {
         if (importPlayList(playList))
             ++summary.playListsImported;
     }
@@ -305,5 +407,27 @@ void MediaScanner::scanFolder(const QString& folder, MediaScanSummary& summary)
             && m_database.removeGroup(group.id))
             ++summary.playListsRemoved;
     }
-    batch->commit();
+}
+
+void MediaScanner::commitBatch(std::unique_ptr<SqliteTransaction> batch, const MediaScanSummary& pending,
+                               MediaScanSummary& summary)
+{
+    // Without a transaction each write was committed as it was made.
+    if (!batch->isActive() || batch->commit()) {
+        summary += pending;
+        return;
+    }
+    // The batch rolls back here, before anything else begins on the connection.
+    batch.reset();
+    report(QStringLiteral("the database did not take the last changes (%1 added, %2 updated, %3 removed, "
+                          "%4 play lists imported, %5 removed); none of them is stored")
+               .arg(pending.added)
+               .arg(pending.updated)
+               .arg(pending.removed)
+               .arg(pending.playListsImported)
+               .arg(pending.playListsRemoved));
+    MediaScanSummary kept;
+    kept.unchanged = pending.unchanged;
+    kept.skipped = pending.skipped + pending.added + pending.updated;
+    summary += kept;
 }

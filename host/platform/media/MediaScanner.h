@@ -5,16 +5,19 @@
 // groups. Used by mp-scan for whole folders and by the application's script
 // commands for single files.
 
+#include <QHash>
 #include <QString>
 #include <QStringList>
 
 #include <functional>
+#include <memory>
 #include <optional>
 
 #include "host/platform/media/MediaRecord.h"
 
 class MediaDatabase;
 struct MediaFileStamp;
+class SqliteTransaction;
 
 struct MediaScanSummary {
     int added = 0;
@@ -28,6 +31,7 @@ struct MediaScanSummary {
 
     /** One line: "3 added, 0 updated, 1 removed, 5 unchanged, 1 skipped; play lists: 1 imported, 0 removed". */
     QString text() const;
+    MediaScanSummary& operator+=(const MediaScanSummary& other);
 };
 
 class MediaScanner {
@@ -66,7 +70,22 @@ public:
 private:
     FileOutcome scanFile(const QString& path, const std::optional<MediaFileStamp>& stored);
     void scanFolder(const QString& folder, MediaScanSummary& summary);
+    // The phases of a folder scan.
+    static void listFolder(const QString& folder, QStringList& mediaFiles, QStringList& playLists);
+    /** Adds and updates the objects of @p mediaFiles, committing every few files. */
+    void scanMediaFiles(const QStringList& mediaFiles, const QHash<QString, MediaFileStamp>& stored,
+                        MediaScanSummary& summary);
+    void removeVanishedMedia(const QStringList& mediaFiles, const QHash<QString, MediaFileStamp>& stored,
+                             MediaScanSummary& summary);
+    void importPlayLists(const QString& folder, const QStringList& playLists, MediaScanSummary& summary);
+    /** Commits @p batch and adds what it holds (@p pending) to @p summary; when the commit
+     *  fails, says so and counts its files as skipped, nothing as stored or removed. */
+    void commitBatch(std::unique_ptr<SqliteTransaction> batch, const MediaScanSummary& pending,
+                     MediaScanSummary& summary);
     bool isReadable(const QString& path);
+    /** Reports the media files, play lists and folders under @p folder whose names are
+     *  not UTF-8; returns their number. */
+    int skipUnnamedEntries(const QString& folder);
     MediaRecord recordOf(const QString& path, MediaKind kind) const;
     std::optional<quint32> playListEntryId(const QString& entry, const QString& playList);
     void report(const QString& message) const;

@@ -127,57 +127,75 @@ bool MediaSearchPlan::readFilters(const MetadataSearchMediaRequest& request, QSt
 
 bool MediaSearchPlan::readFilter(const MetadataSearchFilter& filter, QString* error)
 {
-    const bool isEqual = filter.op == METADATA_OPERATOR_EQUAL;
-    if (!isEqual && filter.op != METADATA_OPERATOR_ANY) {
-        *error = QStringLiteral("unknown operator %1 in filter type %2").arg(uint32_t(filter.op)).arg(uint32_t(filter.type));
+    if (filter.op == METADATA_OPERATOR_EQUAL)
+        return readEqualFilter(filter, error);
+    if (filter.op == METADATA_OPERATOR_ANY)
+        return readAnyFilter(filter, error);
+    *error = QStringLiteral("unknown operator %1 in filter type %2").arg(uint32_t(filter.op)).arg(uint32_t(filter.type));
+    return false;
+}
+
+bool MediaSearchPlan::readAnyFilter(const MetadataSearchFilter& filter, QString* error)
+{
+    // "Any" means every entry for the path and the grouping column for the
+    // album; it restricts nothing and carries no value.
+    const bool takesAny = filter.type == METADATA_FILTER_FILE_PATH || filter.type == METADATA_FILTER_ALBUM;
+    if (!takesAny || filter.value || filter.valueLength) {
+        *error = QStringLiteral("operator 2 with filter type %1 %2")
+                     .arg(uint32_t(filter.type))
+                     .arg(takesAny ? "takes no value" : "is not supported");
         return false;
     }
-    const bool takesAny = filter.type == METADATA_FILTER_FILE_PATH || filter.type == METADATA_FILTER_ALBUM;
-    if (!isEqual) {
-        // "Any" means every entry for the path and the grouping column for the
-        // album; it restricts nothing and carries no value.
-        if (!takesAny || filter.value || filter.valueLength) {
-            *error = QStringLiteral("operator 2 with filter type %1 %2")
-                         .arg(uint32_t(filter.type))
-                         .arg(takesAny ? "takes no value" : "is not supported");
-            return false;
-        }
-        return true;
-    }
+    return true;
+}
+
+bool MediaSearchPlan::readEqualFilter(const MetadataSearchFilter& filter, QString* error)
+{
     switch (filter.type) {
     case METADATA_FILTER_FILE_PATH:
     case METADATA_FILTER_ARTIST:
     case METADATA_FILTER_COMPOSER:
     case METADATA_FILTER_GENRE:
     case METADATA_FILTER_ALBUM:
-    case METADATA_FILTER_DATE: {
-        const std::optional<QByteArray> text = textValue(filter);
-        if (!text)
-            break;
-        if (filter.type == METADATA_FILTER_DATE)
-            addCondition("substr(m.date, 1, length(?)) = ?", {*text, *text});
-        else
-            addCondition(QByteArray(textColumnOf(filter.type)) + " = ?", {*text});
-        return true;
-    }
+    case METADATA_FILTER_DATE:
+        return readTextFilter(filter, error);
     case METADATA_FILTER_CREATE_FLAG:
-    case METADATA_FILTER_GROUP_ID: {
-        const std::optional<qint64> number = integerValue(filter);
-        if (!number)
-            break;
-        if (filter.type == METADATA_FILTER_CREATE_FLAG)
-            addCondition("m.created_by = ?", {*number});
-        else if (isGroupList() && !m_groupId)
-            m_groupId = quint32(*number);
-        else
-            addCondition("EXISTS (SELECT 1 FROM group_members x WHERE x.group_id = ? AND x.media_id = m.id)",
-                         {*number});
-        return true;
-    }
+    case METADATA_FILTER_GROUP_ID:
+        return readNumberFilter(filter, error);
     default:
         *error = QStringLiteral("unknown filter type %1").arg(uint32_t(filter.type));
         return false;
     }
+}
+
+bool MediaSearchPlan::readTextFilter(const MetadataSearchFilter& filter, QString* error)
+{
+    const std::optional<QByteArray> text = textValue(filter);
+    if (!text)
+        return refuseUnreadableValue(filter, error);
+    if (filter.type == METADATA_FILTER_DATE)
+        addCondition("substr(m.date, 1, length(?)) = ?", {*text, *text});
+    else
+        addCondition(QByteArray(textColumnOf(filter.type)) + " = ?", {*text});
+    return true;
+}
+
+bool MediaSearchPlan::readNumberFilter(const MetadataSearchFilter& filter, QString* error)
+{
+    const std::optional<qint64> number = integerValue(filter);
+    if (!number)
+        return refuseUnreadableValue(filter, error);
+    if (filter.type == METADATA_FILTER_CREATE_FLAG)
+        addCondition("m.created_by = ?", {*number});
+    else if (isGroupList() && !m_groupId)
+        m_groupId = quint32(*number);
+    else
+        addCondition("EXISTS (SELECT 1 FROM group_members x WHERE x.group_id = ? AND x.media_id = m.id)", {*number});
+    return true;
+}
+
+bool MediaSearchPlan::refuseUnreadableValue(const MetadataSearchFilter& filter, QString* error)
+{
     *error = QStringLiteral("filter type %1 has no readable value (length %2%3)")
                  .arg(uint32_t(filter.type))
                  .arg(filter.valueLength)

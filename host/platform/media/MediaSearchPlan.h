@@ -50,6 +50,12 @@ private:
     bool readListType(const MetadataSearchMediaRequest& request, QString* error);
     bool readFilters(const MetadataSearchMediaRequest& request, QString* error);
     bool readFilter(const MetadataSearchFilter& filter, QString* error);
+    // The parts of readFilter: by operator, then by the kind of value.
+    static bool readAnyFilter(const MetadataSearchFilter& filter, QString* error);
+    bool readEqualFilter(const MetadataSearchFilter& filter, QString* error);
+    bool readTextFilter(const MetadataSearchFilter& filter, QString* error);
+    bool readNumberFilter(const MetadataSearchFilter& filter, QString* error);
+    static bool refuseUnreadableValue(const MetadataSearchFilter& filter, QString* error);
     bool readSort(const MetadataSearchMediaRequest& request, QString* error);
     bool readCandidates(const MetadataSearchMediaRequest& request, QString* error);
     void readStorage(const MetadataSearchMediaRequest& request, int storageCount);

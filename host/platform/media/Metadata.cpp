@@ -44,6 +44,14 @@ MediaDatabase* databaseOf(unsigned int handle, const char* function)
     return database;
 }
 
+MediaDatabase* writerOf(unsigned int handle, const char* function)
+{
+    MediaDatabase* database = MetadataClients::instance().writer(handle);
+    if (!database)
+        qCWarning(lcMetadata).nospace() << function << ": no open connection for handle " << handle;
+    return database;
+}
+
 int withStatus(int result, int* status)
 {
     if (status)
@@ -57,14 +65,17 @@ int addItemsIntoGroup(unsigned int handle, const MetadataAddItemsRecord* record)
         qCWarning(lcMetadata) << "metadataAddItemsIntoGroup: no" << (record ? "item array" : "record");
         return kUnreadableRequest;
     }
-    MetadataJournal::addItemsIntoGroup(*record);
-    MediaDatabase* database = databaseOf(handle, "metadataAddItemsIntoGroup");
-    if (!database)
+    MediaDatabase* database = writerOf(handle, "metadataAddItemsIntoGroup");
+    if (!database) {
+        MetadataJournal::addItemsIntoGroup(*record, false);
         return kUnknownHandle;
+    }
     QList<MediaGroupInsertion> items;
     for (uint32_t i = 0; i < record->count; ++i)
         items.append(MediaGroupInsertion{record->items[i].objectId, record->items[i].position});
-    return MediaGroupEditor(*database).addItems(record->groupId, items) ? kSuccess : kRefused;
+    const bool isWritten = MediaGroupEditor(*database).addItems(record->groupId, items);
+    MetadataJournal::addItemsIntoGroup(*record, isWritten);
+    return isWritten ? kSuccess : kRefused;
 }
 
 int removeItemsFromGroup(unsigned int handle, const MetadataRemoveItemsRecord* record)
@@ -73,17 +84,18 @@ int removeItemsFromGroup(unsigned int handle, const MetadataRemoveItemsRecord* r
         qCWarning(lcMetadata) << "metadataRemoveItemsFromGroup: no" << (record ? "position array" : "record");
         return kUnreadableRequest;
     }
-    MetadataJournal::removeItemsFromGroup(*record);
-    MediaDatabase* database = databaseOf(handle, "metadataRemoveItemsFromGroup");
-    if (!database)
+    MediaDatabase* database = writerOf(handle, "metadataRemoveItemsFromGroup");
+    if (!database) {
+        MetadataJournal::removeItemsFromGroup(*record, false);
         return kUnknownHandle;
+    }
     const QList<quint32> positions(record->positions, record->positions + record->count);
     const std::optional<int> storage =
         HostStorage::selectedStorage(record->storageLocation, HostStorage::storageCount());
-    return MediaGroupEditor(*database).removeAt(record->groupId, MetadataGroupType(record->groupType), storage,
-                                                positions)
-               ? kSuccess
-               : kRefused;
+    const bool isWritten = MediaGroupEditor(*database).removeAt(record->groupId, MetadataGroupType(record->groupType),
+                                                                storage, positions);
+    MetadataJournal::removeItemsFromGroup(*record, isWritten);
+    return isWritten ? kSuccess : kRefused;
 }
 
 int manageBackupList(unsigned int handle, int operation)
@@ -133,15 +145,22 @@ int metadataSearchMedia(unsigned int handle, const MetadataSearchMediaRequest* r
         qCWarning(lcMetadata) << "metadataSearchMedia: no" << (request ? "callback" : "request");
         return kUnreadableRequest;
     }
-    MediaDatabase* database = databaseOf(handle, "metadataSearchMedia");
-    if (!database)
-        return kUnknownHandle;
     QString error;
     const std::optional<MediaSearchPlan> plan = MediaSearchPlan::read(*request, HostStorage::storageCount(), &error);
     if (!plan) {
         qCWarning(lcMetadata).noquote() << "metadataSearchMedia: cannot read the request:" << error;
         return kUnreadableRequest;
     }
+    MetadataConnection* connection = connectionOf(handle, "metadataSearchMedia");
+    if (!connection)
+        return kUnknownHandle;
+    // Counting, or finding a song by its id, is how a list handles a change;
+    // fetching entries to play is not (see MetadataConnection.h).
+    if (plan->resultCount() == 0 || (!plan->isGrouped() && !plan->needsRowValues()))
+        connection->catchUp();
+    MediaDatabase* database = databaseOf(handle, "metadataSearchMedia");
+    if (!database)
+        return kUnknownHandle;
     const std::optional<MediaSearchResult> result = database->search(*plan);
     if (!result)
         return kDatabaseFailure;
@@ -289,9 +308,14 @@ int saveLastPlayedList(LastPlayedListRecord* record)
         qCWarning(lcMetadata) << "saveLastPlayedList: no record";
         return 0;
     }
-    MetadataJournal::saveLastPlayedList(*record);
     MediaDatabase* database = MetadataClients::instance().ownDatabase();
-    return database && LastPlayedStore(*database).save(*record) ? 1 : 0;
+    const bool isWritten = database && LastPlayedStore(*database).save(*record);
+    MetadataJournal::saveLastPlayedList(*record, isWritten);
+    // Not retried: the next launch saves its own list, and a later retry
+    // would overwrite it with this older one.
+    if (!isWritten)
+        qCWarning(lcMetadata) << "saveLastPlayedList: the database did not take the last-played list; it is not saved";
+    return isWritten ? 1 : 0;
 }
 
 void freeLastPlayedList(LastPlayedListRecord* record)

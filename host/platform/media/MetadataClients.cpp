@@ -47,7 +47,7 @@ bool MetadataClients::close(unsigned int handle)
 MetadataConnection* MetadataClients::connection(unsigned int handle)
 {
     const auto found = m_connections.find(handle);
-    if (found == m_connections.end() || !found->second->databaseOn(databaseFile()))
+    if (found == m_connections.end() || !found->second->readerOn(databaseFile()))
         return nullptr;
     return found->second.get();
 }
@@ -55,7 +55,13 @@ MetadataConnection* MetadataClients::connection(unsigned int handle)
 MediaDatabase* MetadataClients::database(unsigned int handle)
 {
     const auto found = m_connections.find(handle);
-    return found == m_connections.end() ? nullptr : found->second->databaseOn(databaseFile());
+    return found == m_connections.end() ? nullptr : found->second->readerOn(databaseFile());
+}
+
+MediaDatabase* MetadataClients::writer(unsigned int handle)
+{
+    const auto found = m_connections.find(handle);
+    return found == m_connections.end() ? nullptr : found->second->writerOn(databaseFile());
 }
 
 MediaDatabase* MetadataClients::ownDatabase()

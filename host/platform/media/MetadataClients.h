@@ -24,8 +24,10 @@ public:
     /** The connection of @p handle, its database open on the current data folder's file;
      *  null for an unknown handle or when that database cannot be opened. */
     MetadataConnection* connection(unsigned int handle);
-    /** The database of connection(@p handle), or null. */
+    /** The reading database of connection(@p handle), in its snapshot, or null. */
     MediaDatabase* database(unsigned int handle);
+    /** The writing database of connection(@p handle) (no snapshot), or null. */
+    MediaDatabase* writer(unsigned int handle);
     /** A connection of the metadata library's own on the current data folder's database,
      *  for the functions that take no handle (the last-played list); null when it cannot
      *  be opened. */

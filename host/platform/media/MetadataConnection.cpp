@@ -21,11 +21,44 @@ MetadataConnection::~MetadataConnection()
         m_poller->retire();
 }
 
-MediaDatabase* MetadataConnection::databaseOn(const QString& file)
+MediaDatabase* MetadataConnection::readerOn(const QString& file)
 {
-    if (!m_database || m_database->fileName() != file)
+    if (!m_database || m_database->fileName() != file) {
         m_database = MediaDatabase::open(file);
+        restartSnapshot();
+    } else if (m_database->holdsSnapshot() != isSubscribed()) {
+        restartSnapshot();
+    }
     return m_database.get();
+}
+
+MediaDatabase* MetadataConnection::writerOn(const QString& file)
+{
+    if (!m_writer || m_writer->fileName() != file)
+        m_writer = MediaDatabase::open(file);
+    return m_writer.get();
+}
+
+bool MetadataConnection::isSubscribed() const
+{
+    return m_poller && m_poller->isSubscribed();
+}
+
+void MetadataConnection::restartSnapshot()
+{
+    m_isChangeUnhandled = false;
+    if (!m_database)
+        return;
+    if (isSubscribed())
+        m_database->holdSnapshot();
+    else
+        m_database->releaseSnapshot();
+}
+
+void MetadataConnection::catchUp()
+{
+    if (m_isChangeUnhandled)
+        restartSnapshot();
 }
 
 // ---------------------------------------------------------------------------
@@ -33,6 +66,7 @@ MediaDatabase* MetadataConnection::databaseOn(const QString& file)
 
 bool MetadataConnection::backUp(const MediaSearchPlan& plan)
 {
+    restartSnapshot();
     m_backup.reset();
     if (m_database)
         m_backup = MediaBackup::take(*m_database, plan);
@@ -44,12 +78,16 @@ std::optional<MediaBackupCheck> MetadataConnection::checkBackup(int position)
 {
     if (!m_backup || !m_database)
         return std::nullopt;
+    catchUp();
     return m_backup->check(*m_database, position);
 }
 
 bool MetadataConnection::refreshBackup()
 {
-    if (!m_backup || !m_database || !m_backup->refresh(*m_database))
+    if (!m_backup || !m_database)
+        return false;
+    catchUp();
+    if (!m_backup->refresh(*m_database))
         return false;
     updateFolderWatch();
     return true;
@@ -57,6 +95,7 @@ bool MetadataConnection::refreshBackup()
 
 bool MetadataConnection::releaseBackup()
 {
+    catchUp();
     const bool hadBackup = m_backup.has_value();
     m_backup.reset();
     updateFolderWatch();
@@ -70,8 +109,12 @@ MetadataIndicationPoller& MetadataConnection::poller()
 {
     if (!m_poller) {
         const unsigned int handle = m_handle;
-        m_poller = new MetadataIndicationPoller([handle] { return MetadataClients::instance().database(handle); },
+        m_poller = new MetadataIndicationPoller([handle] { return MetadataClients::instance().writer(handle); },
                                                 QCoreApplication::instance());
+        m_poller->setDeliveryNotice([handle] {
+            if (MetadataConnection* connection = MetadataClients::instance().connection(handle))
+                connection->noteIndicationDelivered();
+        });
     }
     return *m_poller;
 }
@@ -84,6 +127,7 @@ void MetadataConnection::setIndicationHandler(MetadataIndicationHandler handler,
 void MetadataConnection::registerIndications(const QList<unsigned short>& indications)
 {
     poller().subscribe(indications);
+    restartSnapshot();
     updateFolderWatch();
 }
 
@@ -91,6 +135,7 @@ void MetadataConnection::deregisterIndications()
 {
     if (m_poller)
         m_poller->cancel();
+    restartSnapshot();
     updateFolderWatch();
 }
 
@@ -103,7 +148,7 @@ void MetadataConnection::updateFolderWatch()
     }
     if (!m_folderWatch) {
         const unsigned int handle = m_handle;
-        m_folderWatch = new MediaFolderWatch([handle] { return MetadataClients::instance().database(handle); },
+        m_folderWatch = new MediaFolderWatch([handle] { return MetadataClients::instance().writer(handle); },
                                              QCoreApplication::instance());
     }
     // A list over this many folders is most of a library: watching them all

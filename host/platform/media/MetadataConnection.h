@@ -1,8 +1,30 @@
 #pragma once
-// One client connection behind a metadata handle: its database connection
+// One client connection behind a metadata handle: its database connections
 // and what the connection keeps besides: the backup of a search result, the
 // change indications it is subscribed to, and, while it has both, the watch
 // on the folders of the backed-up files.
+//
+// What a client reads. A play list knows positions in the database as it was
+// when it last handled a change indication; reading the database as another
+// program has changed it since, with those positions, plays the wrong song.
+// So a subscribed client reads a snapshot:
+//  - Subscribing (metadataRegisterIndication) and taking a backup
+//    (metadataBackupSearchedMedias) start a snapshot of the newest state.
+//  - Delivering an indication does not move it: the list defers its handling
+//    through the event loop, and what it reads meanwhile (the engine stepping
+//    it) must still match the positions it knows.
+//  - After a delivery, the snapshot moves to the newest state at the first
+//    call with which the client handles the change: metadataCheckBackupedItem
+//    (where did my song go), metadataManageBackupList, or a search that counts
+//    or asks for object ids only (how a list in shuffle-albums mode counts its
+//    songs and finds its song by id). A search that fetches entries to play
+//    (paths, album names) never moves it.
+//  - Without a subscription nothing is held: every call reads the newest state.
+// Writes (group changes, the history) go through a second connection that
+// never holds a snapshot; the change log announces them like any other
+// change, and the snapshot moves when the client handles that indication.
+// Without write-ahead logging a held read would lock writers out, so then no
+// snapshot is held at all.
 
 #include <QPointer>
 #include <QString>
@@ -27,9 +49,19 @@ public:
     MetadataConnection& operator=(const MetadataConnection&) = delete;
 
     unsigned int handle() const { return m_handle; }
-    /** The database connection on @p file: the present one, or a new one when the present
-     *  one is on another file (the data folder moved); null when it cannot be opened. */
-    MediaDatabase* databaseOn(const QString& file);
+    /** The connection that reads, on @p file (reopened when the data folder moved), with
+     *  the snapshot the rule above asks for; null when it cannot be opened. */
+    MediaDatabase* readerOn(const QString& file);
+    /** The connection that writes and looks at the change log, on @p file; it never holds
+     *  a snapshot. Null when it cannot be opened. */
+    MediaDatabase* writerOn(const QString& file);
+
+    /** An indication is being delivered to the client: its snapshot moves at its next
+     *  handling call (see above). */
+    void noteIndicationDelivered() { m_isChangeUnhandled = true; }
+    /** The client handles the change now: the snapshot moves forward if an indication was
+     *  delivered since it was taken. */
+    void catchUp();
 
     // The backup
     /** Keeps the result of @p plan as the backup, in place of any earlier one; false
@@ -53,9 +85,15 @@ private:
     MetadataIndicationPoller& poller();
     /** Watches the backup's folders while there is a backup and a subscription. */
     void updateFolderWatch();
+    bool isSubscribed() const;
+    /** Takes a snapshot of the newest state when subscribed, else holds none. */
+    void restartSnapshot();
 
     unsigned int m_handle;
-    std::unique_ptr<MediaDatabase> m_database;
+    std::unique_ptr<MediaDatabase> m_database;   // reads, in the snapshot
+    std::unique_ptr<MediaDatabase> m_writer;     // writes and change-log looks
+    /** An indication was delivered after the snapshot was taken. */
+    bool m_isChangeUnhandled = false;
     std::optional<MediaBackup> m_backup;
     // Both owned, made on demand. They are children of the application, so
     // that neither outlives the event loop it works in when a connection is

@@ -82,6 +82,8 @@ void MetadataIndicationPoller::poll()
 void MetadataIndicationPoller::deliver(const MediaChanges& changes)
 {
     ++m_deliveryDepth;
+    if (m_deliveryNotice && m_handler && (changes.isMediaChanged || !changes.groups.isEmpty()))
+        m_deliveryNotice();
     if (changes.isMediaChanged)
         notify(METADATA_INDICATION_CONTENT_CHANGED, nullptr);
     for (const MediaGroupChange& change : changes.groups) {

@@ -28,18 +28,23 @@ QJsonObject itemOf(const MetadataGroupItem& item)
     };
 }
 
+void writeCall(const QString& call, const QJsonObject& args, bool isWritten)
+{
+    HostJournal::write(QJsonObject{{"kind", kMetadata}, {"call", call}, {"args", QJsonArray{args}}, {"written", isWritten}});
+}
+
 } // namespace
 
-void MetadataJournal::addItemsIntoGroup(const MetadataAddItemsRecord& record)
+void MetadataJournal::addItemsIntoGroup(const MetadataAddItemsRecord& record, bool isWritten)
 {
     QJsonArray items;
     for (uint32_t i = 0; i < record.count; ++i)
         items.append(itemOf(record.items[i]));
     const QJsonObject args{{"groupId", qint64(record.groupId)}, {"count", qint64(record.count)}, {"items", items}};
-    HostJournal::call(kMetadata, QStringLiteral("metadataAddItemsIntoGroup"), {args});
+    writeCall(QStringLiteral("metadataAddItemsIntoGroup"), args, isWritten);
 }
 
-void MetadataJournal::removeItemsFromGroup(const MetadataRemoveItemsRecord& record)
+void MetadataJournal::removeItemsFromGroup(const MetadataRemoveItemsRecord& record, bool isWritten)
 {
     QJsonArray positions;
     for (uint32_t i = 0; i < record.count; ++i)
@@ -49,10 +54,10 @@ void MetadataJournal::removeItemsFromGroup(const MetadataRemoveItemsRecord& reco
                            {"storageLocation", record.storageLocation},
                            {"count", qint64(record.count)},
                            {"positions", positions}};
-    HostJournal::call(kMetadata, QStringLiteral("metadataRemoveItemsFromGroup"), {args});
+    writeCall(QStringLiteral("metadataRemoveItemsFromGroup"), args, isWritten);
 }
 
-void MetadataJournal::saveLastPlayedList(const LastPlayedListRecord& record)
+void MetadataJournal::saveLastPlayedList(const LastPlayedListRecord& record, bool isWritten)
 {
     const MediaLastPlayedList list = LastPlayedStore::listOf(record);
     // The group id word reads -1 when the record was cleared: journaled as
@@ -65,7 +70,7 @@ void MetadataJournal::saveLastPlayedList(const LastPlayedListRecord& record)
                            {"groupObjectId", int32_t(list.groupId)},
                            {"storageLocation", list.storage},
                            {"firstIndex", list.firstIndex}};
-    HostJournal::call(kMetadata, QStringLiteral("saveLastPlayedList"), {args});
+    writeCall(QStringLiteral("saveLastPlayedList"), args, isWritten);
 }
 
 void MetadataJournal::fileDeleted(const QString& path)

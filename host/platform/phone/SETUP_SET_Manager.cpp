@@ -1,6 +1,7 @@
 #include "platform/SETUP_SET_Manager.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QJsonValue>
 #include <QLoggingCategory>
 #include <QSettings>
@@ -17,6 +18,18 @@ QString storePath(int appId)
     const QString dir = HostDataDir::file(QStringLiteral("settings"));
     QDir().mkpath(dir);
     return dir + QStringLiteral("/app-%1.ini").arg(appId);
+}
+
+bool isStoreWritable(const QString& fileName)
+{
+    // Refused before QSettings is asked: it would keep the value in memory and
+    // answer it to later reads as if it had been saved.
+    const QFileInfo store(fileName);
+    const bool isWritable = HostDataDir::isWritable(store.absolutePath())
+                            && (!store.exists() || HostDataDir::isWritable(store.absoluteFilePath()));
+    if (!isWritable)
+        HostDataDir::reportReadOnly(HostDataDir::path());
+    return isWritable;
 }
 
 QString settingsKey(const QString& group, const QString& key)
@@ -67,6 +80,10 @@ bool SETUP_SET_Manager::write(const QString& group, const QString& key, const QV
 {
     if (m_readOnly) {
         qCWarning(lcSettings) << "SETUP_SET_Manager: store" << m_appId << "opened read-only; not writing" << key;
+        return false;
+    }
+    if (!isStoreWritable(m_settings->fileName())) {
+        qCWarning(lcSettings) << "SETUP_SET_Manager: read-only data folder; not writing" << key;
         return false;
     }
     HostJournal::settings(m_appId, group, key, QJsonValue::fromVariant(value));

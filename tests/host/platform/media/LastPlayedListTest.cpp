@@ -1,10 +1,13 @@
 #include <gtest/gtest.h>
 
+#include <QJsonArray>
 #include <QJsonDocument>
+#include <QJsonObject>
 
 #include <cstring>
 
 #include "host/platform/media/MediaDatabase.h"
+#include "host/platform/media/SqliteTransaction.h"
 #include "platform/Metadata.h"
 #include "tests/support/TestEnvironment.h"
 
@@ -46,7 +49,7 @@ TEST_F(LastPlayedListTest, SaveGetFreeRoundTripWithNullAndUtf8Strings)
     EXPECT_EQ(QString::fromUtf8(QJsonDocument(journal().constLast()).toJson(QJsonDocument::Compact)),
               QString::fromUtf8("{\"args\":[{\"album\":null,\"artist\":\"Björk\",\"composer\":null,\"firstIndex\":3,"
                                 "\"genre\":\"Folk\",\"groupObjectId\":-1,\"listType\":6,\"storageLocation\":1}],"
-                                "\"call\":\"saveLastPlayedList\",\"kind\":\"metadata\"}"));
+                                "\"call\":\"saveLastPlayedList\",\"kind\":\"metadata\",\"written\":true}"));
 
     ASSERT_NE(getLastPlayedList(&read), 0);
     EXPECT_EQ(read.listType, 6);
@@ -89,4 +92,29 @@ TEST_F(LastPlayedListTest, ANewSaveReplacesTheOldAndOutlivesTheProcessConnection
     EXPECT_FALSE(stored->artist);
     EXPECT_EQ(stored->groupId, 12u);
     EXPECT_EQ(stored->firstIndex, 4);
+}
+
+TEST_F(LastPlayedListTest, DatabaseLockedByAnotherProgram_SaveFailsAndTheJournalSaysSo)
+{
+    LastPlayedListRecord record = cleared();
+    record.listType = 0;
+    ASSERT_EQ(saveLastPlayedList(&record), 1);
+    ASSERT_EQ(journalLines("metadata", "saveLastPlayedList").last().value("written"), true);
+
+    // As another program would: a connection holding the write lock.
+    std::unique_ptr<MediaDatabase> other = MediaDatabase::open(MediaDatabase::defaultFile());
+    ASSERT_TRUE(other);
+    {
+        const std::unique_ptr<SqliteTransaction> holding = other->beginTransaction();
+        ASSERT_TRUE(holding->isActive());
+        record.firstIndex = 9;
+        EXPECT_EQ(saveLastPlayedList(&record), 0) << "the lock is not waited out";
+    }
+    const QJsonObject line = journalLines("metadata", "saveLastPlayedList").last();
+    EXPECT_EQ(line.value("written"), false) << "journaled as refused, not as saved";
+    EXPECT_EQ(line.value("args").toArray().at(0).toObject().value("firstIndex"), 9);
+    LastPlayedListRecord read = cleared();
+    ASSERT_EQ(getLastPlayedList(&read), 1);
+    EXPECT_EQ(read.firstIndex, -1) << "the earlier list is still the stored one";
+    freeLastPlayedList(&read);
 }

@@ -7,11 +7,16 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <sqlite3.h>
+
 #include <taglib/id3v2tag.h>
 #include <taglib/tpropertymap.h>
 #include <taglib/wavfile.h>
 
+#include <filesystem>
+#include <fstream>
 #include <memory>
+#include <string>
 
 #include "host/platform/phone/HostStorage.h"
 #include "host/platform/media/MediaDatabase.h"
@@ -194,4 +199,51 @@ TEST_F(MediaScannerTest, SingleFilesAndTheMemoryCard)
     EXPECT_EQ(m_scanner->scanFile(path("Music/gone.wav")), MediaScanner::FileOutcome::Skipped);
     EXPECT_TRUE(m_scanner->removeFile(onCard));
     EXPECT_FALSE(m_scanner->removeFile(onCard));
+}
+
+TEST_F(MediaScannerTest, NamesThatAreNotUtf8AreReportedAsSkipped)
+{
+    const std::string root = QFile::encodeName(m_root).toStdString();
+    std::ofstream(root + "/Music/caf\xe9.wav") << "song";
+    std::ofstream(root + "/Music/\xff.txt") << "not media";
+    ASSERT_TRUE(QDir().mkpath(path("Music/x")));
+    ASSERT_EQ(::rename((root + "/Music/x").c_str(), (root + "/Music/Alb\xfcm").c_str()), 0);
+    std::ofstream(root + "/Music/Alb\xfcm/track.wav") << "song";
+
+    const MediaScanSummary summary = m_scanner->scanFolders({m_root});
+    EXPECT_EQ(summary.text(), "4 added, 0 updated, 0 removed, 0 unchanged, 3 skipped; play lists: 1 imported, 0 removed");
+    EXPECT_EQ(m_messages.filter("UTF-8").join('\n').toStdString(),
+              ("cannot read the folder " + m_root + "/Music/Alb\\xfcm: its name is not valid UTF-8; "
+               "skipped with all it holds\n"
+               "cannot read " + m_root + "/Music/caf\\xe9.wav: its name is not valid UTF-8; skipped").toStdString());
+    // Qt cannot see these names to remove them with the folder.
+    std::filesystem::remove_all(root + "/Music/Alb\xfcm");
+    std::filesystem::remove(root + "/Music/caf\xe9.wav");
+    std::filesystem::remove(root + "/Music/\xff.txt");
+}
+
+TEST_F(MediaScannerTest, AFailedCommitCountsNothingAsAdded)
+{
+    // A trap another program could have set: every new object breaks a deferred
+    // constraint, which only the commit checks.
+    sqlite3* other = nullptr;
+    ASSERT_EQ(sqlite3_open(QFile::encodeName(MediaDatabase::defaultFile()).constData(), &other), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(other,
+                           "CREATE TABLE trap_parent (id INTEGER PRIMARY KEY);"
+                           "CREATE TABLE trap (ref INTEGER REFERENCES trap_parent(id) DEFERRABLE INITIALLY DEFERRED);"
+                           "CREATE TRIGGER trap_media AFTER INSERT ON media BEGIN INSERT INTO trap VALUES (-1); END;",
+                           nullptr, nullptr, nullptr),
+              SQLITE_OK);
+    sqlite3_close(other);
+
+    const MediaScanSummary summary = m_scanner->scanFolders({m_root});
+    EXPECT_EQ(summary.text(), "0 added, 0 updated, 0 removed, 0 unchanged, 5 skipped; play lists: 0 imported, 0 removed");
+    EXPECT_EQ(m_messages.filter("did not take").join('\n').toStdString(),
+              "the database did not take the last changes (4 added, 0 updated, 0 removed, 0 play lists imported, "
+              "0 removed); none of them is stored\n"
+              // The play list's entries are read again for it, and fall into the trap too.
+              "the database did not take the last changes (0 added, 0 updated, 0 removed, 1 play lists imported, "
+              "0 removed); none of them is stored");
+    EXPECT_EQ(m_database->mediaCount(), 0);
+    EXPECT_FALSE(m_database->isInTransaction()) << "the failed batch is rolled back, not left open";
 }

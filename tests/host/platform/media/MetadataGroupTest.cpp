@@ -75,7 +75,7 @@ TEST_F(MetadataGroupTest, AddingInsertsAtItsPlaceAndMovesAnObjectAlreadyThere)
     EXPECT_EQ(lastJournalLine(),
               QStringLiteral("{\"args\":[{\"count\":1,\"groupId\":%1,\"items\":[{\"buyFlag\":0,\"createFlag\":-1,"
                              "\"mediaKind\":1,\"objectId\":%2,\"position\":1,\"storageLocation\":0,"
-                             "\"trackNumber\":0}]}],\"call\":\"metadataAddItemsIntoGroup\",\"kind\":\"metadata\"}")
+                             "\"trackNumber\":0}]}],\"call\":\"metadataAddItemsIntoGroup\",\"kind\":\"metadata\",\"written\":true}")
                   .arg(list)
                   .arg(m_songs[2]));
 
@@ -119,7 +119,7 @@ TEST_F(MetadataGroupTest, RemovesByPlaceWithinTheStorageSelectionAndKeepsTheFile
     EXPECT_TRUE(m_database->mediaById(m_songs[3]));
     EXPECT_EQ(lastJournalLine(), QStringLiteral("{\"args\":[{\"count\":1,\"groupId\":%1,\"groupType\":0,"
                                                 "\"positions\":[1],\"storageLocation\":1}],"
-                                                "\"call\":\"metadataRemoveItemsFromGroup\",\"kind\":\"metadata\"}")
+                                                "\"call\":\"metadataRemoveItemsFromGroup\",\"kind\":\"metadata\",\"written\":true}")
                                      .arg(list));
     // Location 2 (the profile's storage count) selects every storage: places 0 and 4.
     ASSERT_EQ(removeAt(list, METADATA_GROUP_USER, 2, {4, 0}), 0);

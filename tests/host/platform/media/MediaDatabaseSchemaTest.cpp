@@ -1,0 +1,106 @@
+#include "host/platform/media/MediaDatabaseSchema.h"
+
+#include <gtest/gtest.h>
+
+#include <sqlite3.h>
+
+#include <QFile>
+#include <QStringList>
+
+#include "host/platform/media/MediaDatabase.h"
+#include "tests/support/SongBuilder.h"
+#include "tests/support/TestEnvironment.h"
+
+namespace {
+
+QStringList g_warnings;
+
+void keepWarning(QtMsgType, const QMessageLogContext&, const QString& message)
+{
+    g_warnings.append(message);
+}
+
+class MediaDatabaseSchemaTest : public TestEnvironment {
+protected:
+    // Runs @p sql on the database file as another program would.
+    static void runOnFile(const QByteArray& sql)
+    {
+        sqlite3* db = nullptr;
+        ASSERT_EQ(sqlite3_open(QFile::encodeName(MediaDatabase::defaultFile()).constData(), &db), SQLITE_OK);
+        EXPECT_EQ(sqlite3_exec(db, sql.constData(), nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(db);
+        sqlite3_close(db);
+    }
+    // Opens the database file, returning the warnings the attempt gave.
+    static QStringList openWarnings(bool* isOpened)
+    {
+        g_warnings.clear();
+        const QtMessageHandler previous = qInstallMessageHandler(keepWarning);
+        *isOpened = MediaDatabase::open(MediaDatabase::defaultFile()) != nullptr;
+        qInstallMessageHandler(previous);
+        return g_warnings;
+    }
+    static int userVersion()
+    {
+        sqlite3* db = nullptr;
+        EXPECT_EQ(sqlite3_open(QFile::encodeName(MediaDatabase::defaultFile()).constData(), &db), SQLITE_OK);
+        const int version = MediaDatabaseSchema::versionOf(db);
+        sqlite3_close(db);
+        return version;
+    }
+};
+
+} // namespace
+
+TEST_F(MediaDatabaseSchemaTest, AnotherProgramsDatabaseIsRefusedAndLeftAsItIs)
+{
+    const QString prefix = "cannot use " + MediaDatabase::defaultFile() + " : ";
+    runOnFile("CREATE TABLE notes (id INTEGER PRIMARY KEY, text TEXT)");
+    bool isOpened = true;
+    EXPECT_EQ(openWarnings(&isOpened),
+              QStringList{prefix + "the file holds another program's tables (schema version 0), not a media database"});
+    EXPECT_FALSE(isOpened);
+    EXPECT_EQ(userVersion(), 0) << "no step was run on it";
+
+    // A file that claims a version of ours without that version's tables.
+    runOnFile("CREATE TABLE media (id INTEGER PRIMARY KEY); PRAGMA user_version = 2");
+    EXPECT_EQ(openWarnings(&isOpened),
+              QStringList{prefix + "schema version 2 without its table \"groups\": not a media database"});
+    EXPECT_FALSE(isOpened);
+
+    runOnFile("PRAGMA user_version = 9");
+    EXPECT_EQ(openWarnings(&isOpened), QStringList{prefix + "schema version 9 is newer than this program's 2"});
+    EXPECT_FALSE(isOpened);
+}
+
+TEST_F(MediaDatabaseSchemaTest, AFirstVersionDatabaseIsUpgradedWithItsRows)
+{
+    // data/metadata-v1.db was made with Python's sqlite3 module: page size 512,
+    // schema step 1 of MediaDatabaseSchema.cpp as it stands, two objects
+    // ("/m/rain.mp3" with its tags, "/m/clip.mp4"), the user group 4 "Evening"
+    // holding object 1, a last-played list of that group, and user_version 1.
+    const QString file = MediaDatabase::defaultFile();
+    ASSERT_TRUE(QFile::copy(MP_SOURCE_DIR "/tests/host/platform/media/data/metadata-v1.db", file));
+    ASSERT_TRUE(QFile::setPermissions(file, QFile::ReadOwner | QFile::WriteOwner));
+    ASSERT_EQ(userVersion(), 1);
+
+    std::unique_ptr<MediaDatabase> database = MediaDatabase::open(file);
+    ASSERT_TRUE(database);
+    EXPECT_EQ(userVersion(), MediaDatabaseSchema::currentVersion());
+    EXPECT_EQ(database->mediaCount(), 2);
+    const std::optional<MediaRecord> rain = database->mediaById(1);
+    ASSERT_TRUE(rain);
+    EXPECT_EQ(QStringList({rain->path, rain->title, rain->artist, rain->album, rain->date}),
+              QStringList({"/m/rain.mp3", "Rain", "Aurora Lane", QString::fromUtf8("Kvöldljóð"), "2003-03-14"}));
+    EXPECT_EQ(rain->track, 2);
+    EXPECT_EQ(rain->fileModified, 1600000000000);
+    EXPECT_EQ(database->mediaById(2)->kind, MediaKind::Video);
+    EXPECT_EQ(database->groupBySource("/m/Evening.m3u")->id, 4u);
+    EXPECT_EQ(database->groupMembers(4), QList<quint32>{1});
+    ASSERT_TRUE(database->lastPlayedList());
+    EXPECT_EQ(database->lastPlayedList()->groupId, 4u);
+
+    // The upgrade's change log starts at 0 and follows the writes after it.
+    EXPECT_EQ(database->latestChange(), 0);
+    ASSERT_NE(database->addMedia(song("/m/new.mp3")), 0u);
+    EXPECT_EQ(database->latestChange(), 1);
+}

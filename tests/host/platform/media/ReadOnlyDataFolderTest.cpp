@@ -1,0 +1,105 @@
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+
+#include <cstring>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "host/platform/HostDataDir.h"
+#include "host/platform/media/MediaDatabase.h"
+#include "platform/Metadata.h"
+#include "tests/lists/TraceCapture.h"
+#include "tests/support/SongBuilder.h"
+#include "tests/support/TestEnvironment.h"
+
+namespace {
+
+const char* const kNotice = " is read-only: playing what is stored, nothing will be saved "
+                            "(settings, play history, play lists, last-played list)\n";
+
+// A data folder with a stored song and a last-played list, then made read-only
+// either by its permissions or by the host's option.
+class ReadOnlyDataFolderTest : public TestEnvironment {
+protected:
+    void SetUp() override
+    {
+        TestEnvironment::SetUp();
+        std::unique_ptr<MediaDatabase> database = MediaDatabase::open(MediaDatabase::defaultFile());
+        ASSERT_TRUE(database);
+        ASSERT_NE(database->addMedia(song("/m/a.mp3").title("A").album("X")), 0u);
+        MediaLastPlayedList list;
+        list.firstIndex = 3;
+        ASSERT_TRUE(database->setLastPlayedList(list));
+    }
+    void TearDown() override
+    {
+        ::chmod(QFile::encodeName(HostDataDir::path()).constData(), 0700);
+        qunsetenv("MP_DATA_READ_ONLY");
+        TestEnvironment::TearDown();
+    }
+
+    static LastPlayedListRecord record(int firstIndex)
+    {
+        LastPlayedListRecord record;
+        std::memset(&record, 0, sizeof record);
+        record.groupObjectId = uint32_t(-1);
+        record.firstIndex = firstIndex;
+        return record;
+    }
+
+    // What the player does on a read-only folder: it opens and reads, its
+    // writes are refused and journaled as such, the folder stays untouched,
+    // and it says so once.
+    void expectPlaysReadOnly()
+    {
+        const QStringList filesBefore = QDir(HostDataDir::path()).entryList(QDir::Files);
+        TraceCapture trace;
+        testing::internal::CaptureStderr();
+
+        int status = -1;
+        const unsigned int handle = metadataCreateClient(&status);
+        ASSERT_EQ(status, 0) << "a read-only database still plays";
+        std::unique_ptr<MediaDatabase> database = MediaDatabase::open(MediaDatabase::defaultFile());
+        ASSERT_TRUE(database);
+        EXPECT_EQ(database->mediaCount(), 1);
+        EXPECT_EQ(database->addMedia(song("/m/b.mp3")), 0u);
+
+        LastPlayedListRecord changed = record(7);
+        EXPECT_EQ(saveLastPlayedList(&changed), 0);
+        ASSERT_EQ(journalLines("metadata", "saveLastPlayedList").size(), 1);
+        EXPECT_EQ(journalLines("metadata", "saveLastPlayedList").first().value("written"), false);
+        LastPlayedListRecord read = record(-1);
+        ASSERT_EQ(getLastPlayedList(&read), 1);
+        EXPECT_EQ(read.firstIndex, 3);
+        freeLastPlayedList(&read);
+        metadataDestroyClient(handle);
+        database.reset();
+
+        const QByteArray expected = "the data folder " + QFile::encodeName(HostDataDir::path()) + kNotice;
+        // The refused statements are traced after it, each on its own line.
+        const QByteArray errors = QByteArray::fromStdString(testing::internal::GetCapturedStderr());
+        EXPECT_TRUE(errors.startsWith("warning: " + expected)) << errors.constData();
+        EXPECT_EQ(errors.count(kNotice), 1) << "said once, however many connections open";
+        EXPECT_EQ(trace.text().toStdString(), ("[HostDataDir] " + expected).toStdString());
+        EXPECT_EQ(QDir(HostDataDir::path()).entryList(QDir::Files).join(' ').toStdString(), filesBefore.join(' ').toStdString()) << "no journal or index files made";
+    }
+};
+
+TEST_F(ReadOnlyDataFolderTest, FolderWithoutWritePermission_PlaysAndSavesNothing)
+{
+    ASSERT_EQ(::chmod(QFile::encodeName(HostDataDir::path()).constData(), 0555), 0);
+    if (HostDataDir::isWritable(HostDataDir::path()))
+        GTEST_SKIP() << "permissions do not stop this user (the superuser) writing; the option test covers the path";
+    expectPlaysReadOnly();
+}
+
+TEST_F(ReadOnlyDataFolderTest, ReadOnlyOption_PlaysAndSavesNothing)
+{
+    qputenv("MP_DATA_READ_ONLY", "1");
+    expectPlaysReadOnly();
+}
+
+} // namespace
