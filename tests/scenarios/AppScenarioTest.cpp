@@ -18,10 +18,7 @@ namespace {
 // The titles the engine reported, in order, as one readable line.
 QString titles(const ScenarioRun& scenario)
 {
-    QStringList result;
-    for (const QJsonArray& args : scenario.argsOf("report", "updateMetaInfo"))
-        result.append(args.at(0).toString());
-    return result.join(" | ");
+    return scenario.titlesPlayed().join(" | ");
 }
 
 QList<int> states(const ScenarioRun& scenario)

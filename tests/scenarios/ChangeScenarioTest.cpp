@@ -9,14 +9,6 @@
 
 namespace {
 
-QStringList titlesPlayed(const ScenarioRun& scenario)
-{
-    QStringList titles;
-    for (const QJsonArray& args : scenario.argsOf("report", "updateMetaInfo"))
-        titles.append(args.at(0).toString());
-    return titles;
-}
-
 TEST(ChangeScenarioTest, PlayingSongRemovedFromThePlayList_TheNextOnePlays)
 {
     ScenarioRun scenario;
@@ -29,7 +21,7 @@ TEST(ChangeScenarioTest, PlayingSongRemovedFromThePlayList_TheNextOnePlays)
     ASSERT_EQ(removals.size(), 1);
     EXPECT_EQ(removals.first().at(0).toObject().value("positions").toArray(), QJsonArray{0});
     EXPECT_EQ(scenario.calls().count("engine:notifyCurrentChanged"), 1);
-    EXPECT_EQ(titlesPlayed(scenario).mid(0, 2), (QStringList{"Harbour Wind", "Lanterns"}));
+    EXPECT_EQ(scenario.titlesPlayed().mid(0, 2), (QStringList{"Harbour Wind", "Lanterns"}));
 }
 
 TEST(ChangeScenarioTest, WholeSelectionLeavesTheDatabase_ThePlayerQuits)
@@ -40,7 +32,7 @@ TEST(ChangeScenarioTest, WholeSelectionLeavesTheDatabase_ThePlayerQuits)
                                  "Album=Paper Boats", "isAllGenre=1", "isAllComposer=1", "StorageLocation=2"};
     ASSERT_EQ(scenario.run(ScenarioRun::script("album_emptied.mps"), paperBoats), 0)
         << qPrintable(scenario.errorOutput());
-    EXPECT_EQ(titlesPlayed(scenario).first(), "Paper Boats");
+    EXPECT_EQ(scenario.titlesPlayed().first(), "Paper Boats");
     EXPECT_TRUE(scenario.calls().contains("engine:closePlayerWindow"));
     EXPECT_TRUE(scenario.errorOutput().contains("the player quit")) << qPrintable(scenario.errorOutput());
 }

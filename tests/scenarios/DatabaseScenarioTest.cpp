@@ -9,14 +9,6 @@
 
 namespace {
 
-QStringList titlesPlayed(const ScenarioRun& scenario)
-{
-    QStringList titles;
-    for (const QJsonArray& args : scenario.argsOf("report", "updateMetaInfo"))
-        titles.append(args.at(0).toString());
-    return titles;
-}
-
 const QStringList kWholeLibraryFromDriftwood{"--action", "PlayMusicListInMediaplayer", "isAllArtist=1", "isAllAlbum=1",
                                              "isAllGenre=1", "isAllComposer=1", "FirstIndex=5", "StorageLocation=2"};
 
@@ -27,7 +19,7 @@ TEST(DatabaseScenarioTest, SongsRemovedBeforeThePlayingOne_PreviousStillPlaysThe
     ASSERT_EQ(scenario.run(ScenarioRun::script("db_previous_after_removal.mps"), kWholeLibraryFromDriftwood), 0)
         << qPrintable(scenario.errorOutput());
     // Title order: ... Circuit Bloom (2), Coda (3), Demo (4), Driftwood (5), First Light (6).
-    EXPECT_EQ(titlesPlayed(scenario), (QStringList{"Driftwood", "Demo (rough mix)", "Driftwood"}));
+    EXPECT_EQ(scenario.titlesPlayed(), (QStringList{"Driftwood", "Demo (rough mix)", "Driftwood"}));
 }
 
 } // namespace

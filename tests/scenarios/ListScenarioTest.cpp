@@ -23,10 +23,7 @@ protected:
 
     std::string titlesPlayed() const
     {
-        QStringList titles;
-        for (const QJsonArray& args : scenario.argsOf("report", "updateMetaInfo"))
-            titles.append(args.at(0).toString());
-        return titles.join(" | ").toStdString();
+        return scenario.titlesPlayed().join(" | ").toStdString();
     }
 
     ScenarioRun scenario;

@@ -96,3 +96,11 @@ QList<QJsonArray> ScenarioRun::argsOf(const QString& kind, const QString& call) 
     }
     return args;
 }
+
+QStringList ScenarioRun::titlesPlayed() const
+{
+    QStringList titles;
+    for (const QJsonArray& args : argsOf(QStringLiteral("report"), QStringLiteral("updateMetaInfo")))
+        titles.append(args.at(0).toString());
+    return titles;
+}

@@ -35,6 +35,8 @@ public:
     QStringList calls() const;
     /** The args of the journal lines of one kind and call, in order. */
     QList<QJsonArray> argsOf(const QString& kind, const QString& call) const;
+    /** The titles the engine reported playing, in order. */
+    QStringList titlesPlayed() const;
     QString dataDir() const { return m_dataDir.path(); }
 
 private:
