@@ -96,6 +96,10 @@ public:
 Q_SIGNALS:
     /** The content type of the current media became known or changed. */
     void signalContentTypeChanged(MP_CONTENT_TYPE type);
+    /** The clear key was pressed on the player screen. */
+    void clearKeyClicked();
+    /** A setup key (shuffle, repeat, ...) was pressed or released on the player screen. */
+    void SetupKeyEvent(int key, bool pressed);
 
 protected:
     MP_CommonPlayer() = default;

@@ -33,8 +33,9 @@ private:
 /** Platform feature bits. */
 class SETUP_Utility {
 public:
-    /** Whether feature bit @p bit is set in the phone's profile. */
-    static bool getFlexBit(int bit);
+    /** Reads feature bit @p bit of the phone's profile into @p value; false
+     *  (and @p value untouched) when the profile cannot be read. */
+    static bool getFlexBit(unsigned short bit, bool& value);
 };
 
 /** Profile item @p key of @p section as text; an empty string when absent. */

@@ -98,9 +98,10 @@ bool SETUP_SET_Manager::write(const QString& group, const QString& key, const QV
     return true;
 }
 
-bool SETUP_Utility::getFlexBit(int bit)
+bool SETUP_Utility::getFlexBit(unsigned short bit, bool& value)
 {
-    return HostPhone::flexBit(bit);
+    value = HostPhone::flexBit(bit);
+    return true;
 }
 
 QString getProfileItem(const QString& section, const QString& key)
