@@ -6,7 +6,8 @@ set -euo pipefail
 # clang builds the fuzz targets; libclang-rt-14-dev holds libFuzzer and the
 # sanitizer runtimes it links (clang only recommends it).
 packages=(g++ cmake ninja-build pkg-config qt6-base-dev libsqlite3-dev libtag1-dev
-          libgtest-dev libgmock-dev libbenchmark-dev clang libclang-rt-14-dev)
+          qt6-l10n-tools qt6-tools-dev libgtest-dev libgmock-dev libbenchmark-dev
+          clang libclang-rt-14-dev)
 
 missing=()
 for package in "${packages[@]}"; do

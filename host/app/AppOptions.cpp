@@ -38,6 +38,9 @@ bool AppOptions::parse(const QStringList& arguments, QString* error)
         } else if (word == QLatin1String("--folder")) {
             if (!takeValue(arguments, i, &folder, error))
                 return false;
+        } else if (word == QLatin1String("--lang")) {
+            if (!takeValue(arguments, i, &language, error))
+                return false;
         } else if (word == QLatin1String("--quiet")) {
             quiet = true;
         } else if (word == QLatin1String("--help") || word == QLatin1String("-h")) {
@@ -84,6 +87,8 @@ QString AppOptions::usage()
         "  --folder PATH             play the media files of a folder in name order (PATH a folder:\n"
         "                            from its first audio or video file; PATH a file: from that file)\n"
         "  --script FILE|-           run a scenario script, then quit\n"
+        "  --lang LANG               the language of the texts (\"de\"; \"en\" is built in); without it\n"
+        "                            the language of $LANG, English when there is no translation\n"
         "  --quiet                   do not print what is playing\n"
         "  --help                    print this and end\n"
         "Without a display (none at all, or QT_QPA_PLATFORM=offscreen or minimal) the player ends\n"

@@ -1,7 +1,7 @@
 #pragma once
 // The command line of the host application:
 //   mediaplayer [--data-dir DIR] [--journal FILE] [--log FILE] [--quiet]
-//               [--action NAME key=value ...] [--folder PATH] [--script FILE|-] [FILE]
+//               [--action NAME key=value ...] [--folder PATH] [--lang LANG] [--script FILE|-] [FILE]
 
 #include <QString>
 #include <QStringList>
@@ -26,6 +26,7 @@ struct AppOptions {
     QString log;
     QString script;         ///< "-" reads standard input
     QString folder;         ///< --folder: a folder, or a file to start its folder from
+    QString language;       ///< --lang: null when not given (then $LANG decides)
     bool quiet = false;     ///< no "Playing:" lines on the terminal
     bool help = false;      ///< --help: print the usage and end
 

@@ -20,9 +20,11 @@
 #include "host/app/MainWindowLibrary.h"
 #include "host/app/PlayerSession.h"
 #include "host/app/ScriptRunner.h"
+#include "host/app/ScriptWords.h"
 #include "host/app/TerminationSignals.h"
 #include "host/engine/HostEngine.h"
 #include "host/platform/toolkit/HostDialogs.h"
+#include "host/platform/toolkit/HostTranslations.h"
 #include "host/platform/services/HostLaunchAction.h"
 #include "platform/MP_CommonPlayer.h"
 #include "platform/TraceLog.h"
@@ -111,6 +113,20 @@ int runPlayer(const MainWindowLibrary& library, const AppOptions& options, const
     return exitCode;
 }
 
+/** The language --lang names, else the one $LANG asks for; only a --lang
+ *  without a translation is an error (a locale without one is simply English). */
+bool chooseLanguage(const AppOptions& options)
+{
+    const bool named = !options.language.isNull();
+    const QString language = named ? options.language
+                                   : HostTranslations::languageOfLocale(qEnvironmentVariable("LANG"));
+    if (HostTranslations::use(language) || !named)
+        return true;
+    std::fprintf(stderr, "mediaplayer: --lang: no translation for %s (there are: en %s)\n",
+                 qPrintable(ScriptWords::excerpt(language)), qPrintable(HostTranslations::available().join(QLatin1Char(' '))));
+    return false;
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -152,6 +168,9 @@ int main(int argc, char** argv)
         }
         LOG_SetStream(log);
     }
+
+    if (!chooseLanguage(options))
+        return ExitBadUsage;
 
     MainWindowLibrary library;
     if (!library.load(libraryPath(), &error)) {

@@ -50,6 +50,19 @@ TEST(AppScenarioTest, WithoutADisplay_EndsWhenNothingWillPlayAndSaysWhy)
     EXPECT_EQ(scenario.errorOutput(), "mediaplayer: cannot play \"" + missing + "\": none cannot be played.\n");
 }
 
+TEST(AppScenarioTest, Language_TheLibrarysTextsComeInTheChosenOne)
+{
+    ScenarioRun scenario;
+
+    EXPECT_EQ(scenario.runWithoutScript({"--lang", "de", "--action", "PlayMediaInMediaPlayer", "Launcher=HomeScreen"}),
+              3);
+    EXPECT_EQ(scenario.errorOutput(),
+              "mediaplayer: nothing to play: the player said \"Weil die Dateien nicht vorhanden sind.\"\n");
+
+    EXPECT_EQ(scenario.runWithoutScript({"--lang", "xx"}), 64);
+    EXPECT_EQ(scenario.errorOutput(), "mediaplayer: --lang: no translation for \"xx\" (there are: en de)\n");
+}
+
 TEST(AppScenarioTest, WithoutADisplay_AHeadsetResumeThatNobodyStartsEnds)
 {
     ScenarioRun scenario;

@@ -1,0 +1,123 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de_DE">
+<context>
+    <name></name>
+    <message id="TXT_RID_SOFTKEY_OPTIONS">
+        <source>Options</source>
+        <translation>Optionen</translation>
+    </message>
+    <message id="TXT_RID_SOFTKEY_BACK">
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message id="TXT_RID_SOFTKEY_CANCEL">
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message id="TXT_RID_OPTION_HIDE">
+        <source>Hide</source>
+        <translation>Ausblenden</translation>
+    </message>
+    <message id="TXT_RID_OPTION_HIDE_DOWNLOAD">
+        <source>Hide Download</source>
+        <translation>Download ausblenden</translation>
+    </message>
+    <message id="TXT_RID_OPTION_MANAGE">
+        <source>Manage</source>
+        <translation>Verwalten</translation>
+    </message>
+    <message id="TXT_RID_OPTION_PROPERTIES">
+        <source>Properties</source>
+        <translation>Eigenschaften</translation>
+    </message>
+    <message id="TXT_RID_OPTION_DELETE">
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message id="TXT_RID_OPTION_REMOVE">
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message id="TXT_RID_OPTION_SEND_TO">
+        <source>Send to</source>
+        <translation>Senden an</translation>
+    </message>
+    <message id="TXT_RID_OPTION_MESSAGE">
+        <source>Message</source>
+        <translation>Nachricht</translation>
+    </message>
+    <message id="TXT_RID_OPTION_EMAIL">
+        <source>Email</source>
+        <translation>E-Mail</translation>
+    </message>
+    <message id="TXT_RID_OPTION_BLOG">
+        <source>Blog</source>
+        <translation>Blog</translation>
+    </message>
+    <message id="TXT_RID_OPTION_MEMORY_CARD">
+        <source>Memory Card</source>
+        <translation>Speicherkarte</translation>
+    </message>
+    <message id="TXT_RID_OPTION_BLUETOOTH">
+        <source>Bluetooth</source>
+        <translation>Bluetooth</translation>
+    </message>
+    <message id="TXT_RID_OPTION_APPLY_TO">
+        <source>Apply to</source>
+        <translation>Verwenden als</translation>
+    </message>
+    <message id="TXT_RID_OPTION_PLAYLIST">
+        <source>Playlist</source>
+        <translation>Wiedergabeliste</translation>
+    </message>
+    <message id="TXT_RID_OPTION_RINGTONE">
+        <source>Ringtone</source>
+        <translation>Klingelton</translation>
+    </message>
+    <message id="TXT_RID_OPTION_APPLY_TO_VIDEO_ALBUM">
+        <source>Video Album</source>
+        <translation>Videoalbum</translation>
+    </message>
+    <message id="TXT_RID_OPTION_BUY_MORE">
+        <source>Buy More</source>
+        <translation>Mehr kaufen</translation>
+    </message>
+    <message id="TXT_RID_OPTION_SETUP">
+        <source>Setup</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message id="TXT_RID_OPTION_ZOOM">
+        <source>Zoom</source>
+        <translation>Zoom</translation>
+    </message>
+    <message id="TXT_RID_OPTION_FIT_TO_SCREEN">
+        <source>Fit to screen</source>
+        <translation>An Bildschirm anpassen</translation>
+    </message>
+    <message id="TXT_RID_OPTION_100_PERCENT">
+        <source>100(%)</source>
+        <translation>100 (%)</translation>
+    </message>
+    <message id="TXT_RID_OPTION_SLIDESHOW">
+        <source>Slideshow</source>
+        <translation>Diashow</translation>
+    </message>
+    <message id="TXT_RID_OPTION_SAVE_BOOKMARK">
+        <source>Save Bookmark</source>
+        <translation>Lesezeichen speichern</translation>
+    </message>
+    <message id="TXT_RID_OPTION_EDIT_BOOKMARK">
+        <source>Edit Bookmark</source>
+        <translation>Lesezeichen bearbeiten</translation>
+    </message>
+    <message id="TXT_RID_HEADER_CANNOT_OPEN">
+        <source>Cannot Open</source>
+        <translation>Öffnen nicht möglich</translation>
+    </message>
+    <message id="TXT_RID_INSTRUCTIONALTXT_BECAUSE_THE_FILES_DO_NOT_EXIST">
+        <source>Because the files do not exist.</source>
+        <translation>Weil die Dateien nicht vorhanden sind.</translation>
+    </message>
+</context>
+</TS>
