@@ -13,6 +13,10 @@
 int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Channel messages of the tests stay in their process: tests running side
+    // by side on one session bus would otherwise hear each other. The tests of
+    // messages between processes start a bus of their own.
+    qputenv("MP_QCOP_LOCAL", "1");
     testing::InitGoogleTest(&argc, argv);
     QApplication app(argc, argv);
     FILE* log = std::fopen((QDir::tempPath() + QStringLiteral("/mp_tests-trace.log")).toLocal8Bit().constData(), "w");

@@ -50,6 +50,7 @@ int ScenarioRun::runApplication(const QStringList& arguments)
     environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
     // The scripts expect the English texts whatever the machine's language.
     environment.insert(QStringLiteral("LANG"), QStringLiteral("C.UTF-8"));
+    environment.insert(QStringLiteral("MP_QCOP_LOCAL"), QStringLiteral("1"));
     process.setProcessEnvironment(environment);
     process.start(QStringLiteral(MP_BIN_DIR "/mediaplayer"),
                   QStringList{QStringLiteral("--data-dir"), m_dataDir.filePath(QStringLiteral("data")),

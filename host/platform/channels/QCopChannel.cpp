@@ -7,6 +7,7 @@
 #include <QLoggingCategory>
 
 #include "host/platform/HostJournal.h"
+#include "host/platform/channels/QCopBus.h"
 
 Q_LOGGING_CATEGORY(lcQCop, "mp.host.qcop")
 
@@ -51,9 +52,11 @@ public:
     }
     bool has(const QCString& name) const { return m_listeners.contains(name); }
 
-    void post(const QCString& channel, const QCString& message, const QByteArray& data)
+    /** Delivers to this process's listeners and sends to the other processes. */
+    void send(const QCString& channel, const QCString& message, const QByteArray& data)
     {
-        QCoreApplication::postEvent(this, new DeliveryEvent(channel, message, data));
+        post(channel, message, data);
+        bus().publish(channel, message, data);
     }
 
 protected:
@@ -73,6 +76,20 @@ protected:
     }
 
 private:
+    QCopDispatcher() { bus(); }  // listens on the bus from the first channel on
+
+    QCopBus& bus()
+    {
+        return QCopBus::instance([this](const QCString& channel, const QCString& message, const QByteArray& data) {
+            post(channel, message, data);
+        });
+    }
+
+    void post(const QCString& channel, const QCString& message, const QByteArray& data)
+    {
+        QCoreApplication::postEvent(this, new DeliveryEvent(channel, message, data));
+    }
+
     QHash<QCString, QList<QCopChannel*>> m_listeners;
 };
 
@@ -103,6 +120,6 @@ bool QCopChannel::send(const QCString& channel, const QCString& message, const Q
         return false;
     }
     HostJournal::qcop(channel, message, data);
-    QCopDispatcher::instance().post(channel, message, data);
+    QCopDispatcher::instance().send(channel, message, data);
     return true;
 }

@@ -1,0 +1,80 @@
+#include "host/platform/channels/QCopBus.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+
+#include "platform/TraceLog.h"
+
+MP_DEFINE_TRACE(trace, "QCOP")
+
+const char* const QCopBus::kPath = "/org/mediaplayerhost/QCop";
+const char* const QCopBus::kInterface = "org.mediaplayerhost.QCop";
+const char* const QCopBus::kSignal = "Message";
+
+namespace {
+
+bool forcedLocal()
+{
+    return qEnvironmentVariableIntValue("MP_QCOP_LOCAL") == 1;
+}
+
+bool isByteArray(const QVariant& value)
+{
+    return value.metaType().id() == QMetaType::QByteArray;
+}
+
+} // namespace
+
+QCopBus& QCopBus::instance(Delivery delivery)
+{
+    static QCopBus bus(std::move(delivery));
+    return bus;
+}
+
+QCopBus::QCopBus(Delivery delivery) : m_delivery(std::move(delivery))
+{
+    if (forcedLocal()) {
+        trace(3, "QCopChannel: MP_QCOP_LOCAL=1, channel messages stay in this process\n");
+        return;
+    }
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected()) {
+        trace(3, "QCopChannel: no D-Bus session bus (%s), channel messages stay in this process\n",
+              qPrintable(bus.lastError().message()));
+        return;
+    }
+    m_connected = bus.connect(QString(), QLatin1String(kPath), QLatin1String(kInterface), QLatin1String(kSignal),
+                              this, SLOT(onSignal(QDBusMessage)));
+    if (!m_connected)
+        trace(3, "QCopChannel: cannot listen on the session bus, channel messages stay in this process\n");
+}
+
+void QCopBus::publish(const QCString& channel, const QCString& message, const QByteArray& data)
+{
+    if (!m_connected)
+        return;
+    QDBusMessage signal =
+        QDBusMessage::createSignal(QLatin1String(kPath), QLatin1String(kInterface), QLatin1String(kSignal));
+    signal << QByteArray(channel) << QByteArray(message) << data;
+    QDBusConnection::sessionBus().send(signal);
+}
+
+void QCopBus::onSignal(const QDBusMessage& signal)
+{
+    if (signal.service() == QDBusConnection::sessionBus().baseService())
+        return;  // our own message, delivered in this process when it was sent
+    const QList<QVariant> arguments = signal.arguments();
+    // Anything but three byte arrays with a channel and a message name is
+    // not ours to understand: another program speaking something else.
+    if (arguments.size() != 3 || !isByteArray(arguments.at(0)) || !isByteArray(arguments.at(1))
+        || !isByteArray(arguments.at(2))) {
+        trace(5, "QCopChannel: ignored a bus message of signature \"%s\" from %s\n",
+              qPrintable(signal.signature()), qPrintable(signal.service()));
+        return;
+    }
+    const QByteArray channel = arguments.at(0).toByteArray();
+    const QByteArray message = arguments.at(1).toByteArray();
+    if (channel.isEmpty() || message.isEmpty())
+        return;
+    m_delivery(channel, message, arguments.at(2).toByteArray());
+}

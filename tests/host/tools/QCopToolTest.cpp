@@ -1,0 +1,146 @@
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QProcess>
+
+#include <gtest/gtest.h>
+
+#include "host/tools/qcop/PayloadDecoder.h"
+#include "tests/support/PrivateBus.h"
+
+namespace {
+
+const QString kQcop = QStringLiteral(MP_BIN_DIR "/qcop");
+
+TEST(PayloadDecoderTest, DecodesByTheTypesTheNameGivesElseShowsTheBytes)
+{
+    const QByteArray keyPayload = QByteArray::fromHex("00000005ffffffff");
+    EXPECT_EQ(PayloadDecoder::describe("keyMsg(int,int)", keyPayload), (QStringList{"int:5", "int:-1"}));
+    EXPECT_EQ(PayloadDecoder::describe("keyMsg(int,int)", QByteArray::fromHex("000000050000")),
+              QStringList{"raw:000000050000"})
+        << "a short payload is not read past its end";
+    EXPECT_EQ(PayloadDecoder::describe("keyMsg(int,int)", keyPayload + '\x01'), QStringList{"raw:00000005ffffffff01"})
+        << "bytes left over";
+    EXPECT_EQ(PayloadDecoder::describe("f(QString,QString,Q_INT8)", QByteArray::fromHex("ffffffff00000000") + "\x07"),
+              (QStringList{"str:null", "str:\"\"", "i8:7"}));
+    EXPECT_EQ(PayloadDecoder::describe("f(QString)", QByteArray::fromHex("0000000600220061005c")),
+              QStringList{"str:\"\\\"a\\\\\""});
+    EXPECT_EQ(PayloadDecoder::describe("f(QString)", QByteArray::fromHex("7fffffff0041")), QStringList{"raw:7fffffff0041"})
+        << "a length beyond the payload";
+    EXPECT_EQ(PayloadDecoder::describe("f(QRect)", keyPayload), QStringList{"raw:00000005ffffffff"});
+    EXPECT_EQ(PayloadDecoder::describe("noTypes", keyPayload), QStringList{"raw:00000005ffffffff"});
+    EXPECT_EQ(PayloadDecoder::describe("applyStyle()", QByteArray()), QStringList());
+}
+
+class QCopToolTest : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        if (m_bus.address().isEmpty())
+            GTEST_SKIP() << m_bus.error().toStdString();
+    }
+
+    int runQcop(const QStringList& arguments, QString* errorOutput = nullptr)
+    {
+        QProcess process;
+        process.setProcessEnvironment(m_bus.environment());
+        process.start(kQcop, arguments);
+        process.waitForFinished(30000);
+        if (errorOutput)
+            *errorOutput = QString::fromUtf8(process.readAllStandardError());
+        return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+    }
+
+    /** Starts `qcop --listen CHANNELS` and returns once it listens. */
+    bool startListener(const QStringList& channels)
+    {
+        m_listener.setProcessEnvironment(m_bus.environment());
+        m_listener.start(kQcop, QStringList{"--listen"} + channels);
+        m_listener.setReadChannel(QProcess::StandardError);
+        while (!m_listener.canReadLine()) {
+            if (!m_listener.waitForReadyRead(10000))
+                return false;
+        }
+        return m_listener.readLine() == "qcop: listening on " + QByteArray::number(channels.size()) + " channel(s)\n";
+    }
+
+    /** The listener's lines up to and including the first that equals @p last, one text. */
+    QString linesUntil(const QString& last)
+    {
+        m_listener.setReadChannel(QProcess::StandardOutput);
+        QStringList lines;
+        while (lines.isEmpty() || lines.last() != last) {
+            if (!m_listener.canReadLine() && !m_listener.waitForReadyRead(10000))
+                break;
+            while (m_listener.canReadLine() && (lines.isEmpty() || lines.last() != last))
+                lines.append(QString::fromUtf8(m_listener.readLine()).chopped(1));
+        }
+        return lines.join(QLatin1Char('\n'));
+    }
+
+    void TearDown() override
+    {
+        m_listener.kill();
+        m_listener.waitForFinished(10000);
+    }
+
+    PrivateBus m_bus;
+    QProcess m_listener;
+};
+
+TEST_F(QCopToolTest, MessagesReachTheListenersOfOtherProcessesWithTheirBytes)
+{
+    ASSERT_TRUE(startListener({"VEMO/System", "/MP/Idle/Channel"}));
+
+    EXPECT_EQ(runQcop({"VEMO/System", "keyMsg(int,int)", "int:5", "int:-1"}), 0);
+    EXPECT_EQ(runQcop({"NOT/Listened", "x()"}), 0);
+    EXPECT_EQ(runQcop({"/MP/Idle/Channel", "/MP/Idle/Req/Seek", "raw:00001388"}), 0);
+    EXPECT_EQ(runQcop({"VEMO/System", "applyStyle()"}), 0);
+
+    EXPECT_EQ(linesUntil("VEMO/System applyStyle()"),
+              "VEMO/System keyMsg(int,int) int:5 int:-1\n"
+              "/MP/Idle/Channel /MP/Idle/Req/Seek raw:00001388\n"
+              "VEMO/System applyStyle()");
+}
+
+TEST_F(QCopToolTest, OneSendersMessagesArriveInOrderAndForeignSignalsAreIgnored)
+{
+    ASSERT_TRUE(startListener({"C"}));
+    QDBusConnection sender = QDBusConnection::connectToBus(m_bus.address(), QStringLiteral("qcop-test-sender"));
+    ASSERT_TRUE(sender.isConnected());
+    const auto signal = [](const QString& signature) {
+        return QDBusMessage::createSignal("/org/mediaplayerhost/QCop", "org.mediaplayerhost.QCop", signature);
+    };
+    // Another program on the bus that speaks the same name but not the layout.
+    sender.send(signal("Message") << QStringLiteral("C") << QStringLiteral("wrong types") << 1);
+    sender.send(signal("Message") << QByteArray("C") << QByteArray());
+    QStringList expected;
+    for (int i = 0; i < 50; ++i) {
+        sender.send(signal("Message") << QByteArray("C") << QByteArray("n(int)") << QByteArray::fromHex("000000")
+                                                                                         .append(char(i)));
+        expected.append(QStringLiteral("C n(int) int:%1").arg(i));
+    }
+    EXPECT_EQ(linesUntil("C n(int) int:49"), expected.join(QLatin1Char('\n')));
+    QDBusConnection::disconnectFromBus(QStringLiteral("qcop-test-sender"));
+}
+
+TEST_F(QCopToolTest, BadUsageAndNoBusAreToldApart)
+{
+    QString error;
+    EXPECT_EQ(runQcop({}, &error), 2);
+    EXPECT_TRUE(error.startsWith("qcop: no channel given\nusage: qcop CHANNEL MESSAGE")) << error.toStdString();
+    EXPECT_EQ(runQcop({"--listen"}, &error), 2);
+    EXPECT_EQ(runQcop({"C", "m(int)", "int:x"}, &error), 2);
+    EXPECT_TRUE(error.startsWith("qcop: bad argument")) << error.toStdString();
+
+    QProcess process;
+    QProcessEnvironment noBus = m_bus.environment();
+    noBus.insert("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent/bus");
+    process.setProcessEnvironment(noBus);
+    process.start(kQcop, {"C", "m()"});
+    process.waitForFinished(30000);
+    EXPECT_EQ(process.exitCode(), 1);
+    EXPECT_EQ(process.readAllStandardError(),
+              "qcop: no D-Bus session bus (DBUS_SESSION_BUS_ADDRESS): no other process can be reached\n");
+}
+
+} // namespace

@@ -1,0 +1,37 @@
+#include "tests/support/PrivateBus.h"
+
+#include <QStandardPaths>
+
+PrivateBus::PrivateBus()
+{
+    const QString daemon = QStandardPaths::findExecutable(QStringLiteral("dbus-daemon"));
+    if (daemon.isEmpty()) {
+        m_error = QStringLiteral("dbus-daemon is not installed (scripts/install-deps.sh installs it)");
+        return;
+    }
+    m_daemon.start(daemon, {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address=1")});
+    // The daemon prints its address once it accepts connections.
+    while (m_daemon.waitForReadyRead(10000)) {
+        if (m_daemon.canReadLine()) {
+            m_address = QString::fromUtf8(m_daemon.readLine()).trimmed();
+            return;
+        }
+    }
+    m_error = QStringLiteral("dbus-daemon did not start: ") + m_daemon.errorString();
+}
+
+PrivateBus::~PrivateBus()
+{
+    m_daemon.kill();
+    m_daemon.waitForFinished(10000);
+}
+
+QProcessEnvironment PrivateBus::environment() const
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), m_address);
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    environment.insert(QStringLiteral("LANG"), QStringLiteral("C.UTF-8"));
+    environment.remove(QStringLiteral("MP_QCOP_LOCAL"));
+    return environment;
+}

@@ -1,0 +1,26 @@
+#pragma once
+// A D-Bus session bus of a test's own: a dbus-daemon that lives as long as
+// the object, so that processes the test starts talk only to each other.
+
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <QString>
+
+class PrivateBus {
+public:
+    /** Starts the daemon; address() is empty when it could not be started (see error()). */
+    PrivateBus();
+    ~PrivateBus();
+    PrivateBus(const PrivateBus&) = delete;
+    PrivateBus& operator=(const PrivateBus&) = delete;
+
+    QString address() const { return m_address; }
+    QString error() const { return m_error; }
+    /** The environment for a process on this bus (offscreen, English, on the bus). */
+    QProcessEnvironment environment() const;
+
+private:
+    QProcess m_daemon;
+    QString m_address;
+    QString m_error;
+};
