@@ -6,6 +6,7 @@
 
 #include <cstring>
 
+#include "clients/MP_MediafinderClient.h"
 #include "lists/MP_AufContext.h"
 #include "lists/MP_AufList.h"
 #include "lists/MP_RecentList.h"
@@ -86,6 +87,7 @@ void MP_MainWindow::initCommonPlayer(bool playerFlag)
     m_commonPlayer = MP_CreateCommonPlayer(playerFlag, m_launchType);
     connect(m_commonPlayer, SIGNAL(signalContentTypeChanged(MP_CONTENT_TYPE)), this,
             SLOT(slotContentTypeChanged(MP_CONTENT_TYPE)));
+    m_mediafinderClient = std::make_unique<MP_MediafinderClient>(m_commonPlayer);
 }
 
 void MP_MainWindow::freeCommonPlayer()
@@ -93,6 +95,7 @@ void MP_MainWindow::freeCommonPlayer()
     if (!m_commonPlayer)
         return;
     MainWindowTrace(3, "freeCommonPlayer\n");
+    m_mediafinderClient.reset();
     // Released only through the engine library's factory, never deleted here.
     MP_DestroyCommonPlayer(m_commonPlayer);
     m_commonPlayer = nullptr;
@@ -102,6 +105,7 @@ void MP_MainWindow::setMediaFile(const QString& fileName)
 {
     MainWindowTrace(3, "setMediaFile: \"%s\"\n", qPrintable(fileName));
     initCommonPlayer(false);
+    m_mediafinderClient->setAufList(nullptr);
     m_commonPlayer->setShuffleRepeat(false, false);
     m_commonPlayer->setFile(fileName);
     playAutomatically(false);
@@ -145,6 +149,7 @@ void MP_MainWindow::setList(MP_AufList* list, bool userList, bool playFlag, bool
         connect(m_list.get(), SIGNAL(signalCurrentChanged()), this, SLOT(onCurrentItemChanged()));
         connect(m_list.get(), SIGNAL(signalListUpdate(int, bool)), this, SLOT(onShuffleRepeat(int, bool)));
     }
+    m_mediafinderClient->setAufList(m_list.get());
     m_commonPlayer->setPlayList(m_list.get());
     if (startPlayback)
         playAutomatically(playFlag);
@@ -230,6 +235,8 @@ void MP_MainWindow::onShuffleRepeat(int shuffleMode, bool repeat)
     if (!m_commonPlayer)
         return;
     m_commonPlayer->setShuffleRepeat(shuffleMode != 0, repeat);
+    if (m_mediafinderClient)
+        m_mediafinderClient->updateListInfo(m_list.get());
 }
 
 void MP_MainWindow::customEvent(QEvent* event)

@@ -7,7 +7,7 @@
 // points.
 //
 // Not built yet: the clients that mirror the player (screen, idle screen,
-// media browser, Bluetooth, external display), and the handlers of the
+// Bluetooth, external display), and the handlers of the
 // system and key channels, which are opened at start-up but not listened to.
 
 #include <QString>
@@ -22,6 +22,7 @@
 class AM_ActionData;
 class MP_AufList;
 class MP_CommonPlayer;
+class MP_MediafinderClient;
 class QCopChannel;
 
 class MP_MainWindow : public QWidget {
@@ -89,7 +90,7 @@ public Q_SLOTS:
     void onPassFile();
     /** The list's current entry changed: play it, or quit when the list is empty. */
     void onCurrentItemChanged();
-    /** The list's shuffle or repeat mode changed: tell the engine. */
+    /** The list's shuffle or repeat mode changed: tell the engine and the media browser. */
     void onShuffleRepeat(int shuffleMode, bool repeat);
     /** Releases the engine; the list stays. Nothing happens without an engine. */
     void freeCommonPlayer();
@@ -122,6 +123,8 @@ private:
     // (MP_DestroyCommonPlayer), never deleted here: a raw pointer, not a
     // unique_ptr, for that reason.
     MP_CommonPlayer* m_commonPlayer;
+    /** The media-browser client; exists exactly when the engine does. */
+    std::unique_ptr<MP_MediafinderClient> m_mediafinderClient;
     /** The current play list; the engine only borrows it, and is told to let
      *  go before it is deleted (except in setList, which hands it the next). */
     std::unique_ptr<MP_AufList> m_list;

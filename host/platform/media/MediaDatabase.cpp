@@ -604,3 +604,22 @@ bool MediaDatabase::setLastPlayedList(const MediaLastPlayedList& list)
     replace.bind(8, qint64(list.firstIndex));
     return replace.run();
 }
+
+std::optional<MediaLastPlayedSong> MediaDatabase::lastPlayedSong()
+{
+    SqliteStatement& query = statement("SELECT path, list_position FROM last_played_song WHERE slot = 1");
+    std::optional<MediaLastPlayedSong> found;
+    if (query.step() == SqliteStatement::Step::Row)
+        found = MediaLastPlayedSong{query.text(0), int(query.int64(1))};
+    query.reset();
+    return found;
+}
+
+bool MediaDatabase::setLastPlayedSong(const MediaLastPlayedSong& song)
+{
+    SqliteStatement& replace =
+        statement("INSERT OR REPLACE INTO last_played_song (slot, path, list_position) VALUES (1, ?1, ?2)");
+    replace.bind(1, song.path);
+    replace.bind(2, qint64(song.position));
+    return replace.run();
+}

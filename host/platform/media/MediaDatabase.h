@@ -115,6 +115,12 @@ public:
     /** Stores @p list in place of any earlier one. */
     bool setLastPlayedList(const MediaLastPlayedList& list);
 
+    // The last played song
+    /** The stored last played song; nothing when none is stored or the database failed. */
+    std::optional<MediaLastPlayedSong> lastPlayedSong();
+    /** Stores @p song in place of any earlier one. */
+    bool setLastPlayedSong(const MediaLastPlayedSong& song);
+
 private:
     MediaDatabase(sqlite3* db, const QString& fileName, bool isWriteAheadLog);
     /** A statement prepared once per connection and reset after each use. */

@@ -1,5 +1,6 @@
 #pragma once
-// The last-played list as the media database stores it: one at most.
+// The last-played list and the last played song as the media database
+// stores them: one of each at most.
 
 #include <QString>
 
@@ -14,4 +15,9 @@ struct MediaLastPlayedList {
     quint32 groupId = 0;            ///< the play-list group of a user list
     int storage = -1;               ///< the storage location the list was selected in
     int firstIndex = -1;            ///< the entry to start with
+};
+
+struct MediaLastPlayedSong {
+    QString path;       ///< the song's full path
+    int position = -1;  ///< its position in the list it was played from
 };

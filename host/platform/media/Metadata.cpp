@@ -323,3 +323,22 @@ void freeLastPlayedList(LastPlayedListRecord* record)
     if (record)
         LastPlayedStore::release(*record);
 }
+
+// ---------------------------------------------------------------------------
+// The last played song
+
+int saveLastPlayedSong(const char* latin1Path, int index)
+{
+    if (!latin1Path) {
+        qCWarning(lcMetadata) << "saveLastPlayedSong: no path";
+        return 0;
+    }
+    const MediaLastPlayedSong song{QString::fromLatin1(latin1Path), index};
+    MediaDatabase* database = MetadataClients::instance().ownDatabase();
+    const bool isWritten = database && database->setLastPlayedSong(song);
+    MetadataJournal::saveLastPlayedSong(song.path, song.position, isWritten);
+    // Not retried, as the last-played list: the next song saves itself.
+    if (!isWritten)
+        qCWarning(lcMetadata) << "saveLastPlayedSong: the database did not take the last played song; it is not saved";
+    return isWritten ? 1 : 0;
+}

@@ -28,9 +28,14 @@ QJsonObject itemOf(const MetadataGroupItem& item)
     };
 }
 
-void writeCall(const QString& call, const QJsonObject& args, bool isWritten)
+void writeCall(const QString& call, const QJsonArray& args, bool isWritten)
 {
-    HostJournal::write(QJsonObject{{"kind", kMetadata}, {"call", call}, {"args", QJsonArray{args}}, {"written", isWritten}});
+    HostJournal::write(QJsonObject{{"kind", kMetadata}, {"call", call}, {"args", args}, {"written", isWritten}});
+}
+
+void writeCall(const QString& call, const QJsonObject& record, bool isWritten)
+{
+    writeCall(call, QJsonArray{record}, isWritten);
 }
 
 } // namespace
@@ -71,6 +76,11 @@ void MetadataJournal::saveLastPlayedList(const LastPlayedListRecord& record, boo
                            {"storageLocation", list.storage},
                            {"firstIndex", list.firstIndex}};
     writeCall(QStringLiteral("saveLastPlayedList"), args, isWritten);
+}
+
+void MetadataJournal::saveLastPlayedSong(const QString& path, int position, bool isWritten)
+{
+    writeCall(QStringLiteral("saveLastPlayedSong"), QJsonArray{path, position}, isWritten);
 }
 
 void MetadataJournal::fileDeleted(const QString& path)

@@ -1,7 +1,13 @@
 #include <gtest/gtest.h>
 
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include "host/platform/phone/HostStorage.h"
 #include "platform/MP_PlayerTypes.h"
 #include "platform/MP_Utility.h"
+#include "tests/support/TestEnvironment.h"
 
 TEST(MP_UtilityTest, ConvertTime_MinutesBelowAnHourAndHoursFromOneHour)
 {
@@ -32,4 +38,23 @@ TEST(MP_UtilityTest, SuffixAndSchemeRemoval)
     EXPECT_EQ(MP_Utility::getCleanFileName("file:///mmc/mmca1/song.mp3.pd"), "/mmc/mmca1/song.mp3");
     EXPECT_EQ(MP_Utility::getCleanFileName("/mmc/mmca1/clip.3gp"), "/mmc/mmca1/clip.3gp");
     EXPECT_TRUE(MP_Utility::getCleanFileName(QString()).isEmpty());
+}
+
+class MP_UtilityCardTest : public TestEnvironment {};
+
+TEST_F(MP_UtilityCardTest, CleanFileName_HostCardFolderIsNamedAsThePhoneCard)
+{
+    const QString card = HostStorage::memoryCardPath();
+    EXPECT_EQ(MP_Utility::getCleanFileName(card + "/Music/a.mp3"), "/mmc/mmca1/Music/a.mp3");
+    EXPECT_EQ(MP_Utility::getCleanFileName("file://" + card + "/a.mp3.pd"), "/mmc/mmca1/a.mp3");
+    EXPECT_EQ(MP_Utility::getCleanFileName(card), "/mmc/mmca1");
+    // Beside the card, not on it.
+    EXPECT_EQ(MP_Utility::getCleanFileName(card + "x/a.mp3"), card + "x/a.mp3");
+    EXPECT_EQ(MP_Utility::getCleanFileName(dataPath("a.mp3")), dataPath("a.mp3"));
+
+    // A card folder that is a link: the place it leads to is the card too.
+    const QString target = dataPath("elsewhere");
+    ASSERT_TRUE(QDir().mkpath(target));
+    ASSERT_TRUE(QFile::link(target, card));
+    EXPECT_EQ(MP_Utility::getCleanFileName(QFileInfo(target).canonicalFilePath() + "/b.mp3"), "/mmc/mmca1/b.mp3");
 }

@@ -1,0 +1,257 @@
+// The media-browser client against the host engine and database: the bytes
+// of every message it sends, the requests it answers and the ones it
+// ignores, and when a song goes into the play history.
+
+#include "clients/MP_MediafinderClient.h"
+
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+
+#include <memory>
+#include <ostream>
+
+#include "host/engine/HostEngine.h"
+#include "host/engine/HostEngineClock.h"
+#include "host/platform/media/MediaDatabase.h"
+#include "lists/MP_AufList.h"
+#include "lists/MP_RecentList.h"
+#include "platform/QCopChannel.h"
+#include "tests/support/SongBuilder.h"
+#include "tests/support/TestEnvironment.h"
+
+// Failures print the texts, not their code units.
+static void PrintTo(const QString& text, std::ostream* out)
+{
+    *out << '"' << text.toStdString() << '"';
+}
+
+namespace {
+
+struct EngineRelease {
+    void operator()(MP_CommonPlayer* engine) const { MP_DestroyCommonPlayer(engine); }
+};
+using EnginePtr = std::unique_ptr<HostEngine, EngineRelease>;
+
+// "/a/x.mp3" as a stream string: byte count, then UTF-16BE.
+const char* const kPathX = "00000010002f0061002f0078002e006d00700033";
+const char* const kNull = "ffffffff";
+
+class MP_MediafinderClientTest : public TestEnvironment {
+protected:
+    void SetUp() override
+    {
+        TestEnvironment::SetUp();
+        database = MediaDatabase::open(MediaDatabase::defaultFile());
+        ASSERT_TRUE(database);
+        engine.reset(static_cast<HostEngine*>(MP_CreateCommonPlayer(false, MP_LAUNCH_LIST)));
+        client = std::make_unique<MP_MediafinderClient>(engine.get());
+    }
+    void TearDown() override
+    {
+        client.reset();
+        list.reset();
+        engine.reset();
+        MP_RecentList::getAudioList()->saveToDB();  // the process-wide collector starts the next test empty
+        database.reset();
+        TestEnvironment::TearDown();
+    }
+
+    // Hands @p newList to the client and the engine, as the main window does.
+    void play(MP_AufList* newList)
+    {
+        list.reset(newList);
+        client->setAufList(newList);
+        engine->setPlayList(newList);
+    }
+
+    // Songs that exist as files, so that the engine plays them for its default time.
+    quint32 addPlayable(const QString& title, MediaKind kind = MediaKind::Audio)
+    {
+        QDir().mkpath(dataPath("music"));
+        const QString path = dataPath("music/" + title + (kind == MediaKind::Video ? ".mp4" : ".mp3"));
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        return database->addMedia(song(path).title(title).artist("Band").kind(kind));
+    }
+
+    // "message data" of what went to the browser, optionally only one message's.
+    static QStringList sent(const QString& only = QString())
+    {
+        QStringList messages;
+        for (const QJsonObject& line : journal()) {
+            const QString message = line.value("message").toString();
+            if (line.value("kind") == "qcop" && line.value("channel") == "/vemo/apps/mediaplayer"
+                && (only.isEmpty() || message == only))
+                messages << message + ' ' + line.value("data").toString();
+        }
+        return messages;
+    }
+    static int count(const QString& kind, const QString& call) { return int(journalLines(kind, call).size()); }
+
+    // Sends a request and runs the loop until the channel delivered it: a
+    // marker sent after it arrives after it.
+    void request(const QCString& message, const QByteArray& data = QByteArray())
+    {
+        QCopChannel probe("MF_MSG_CHANNEL");
+        bool delivered = false;
+        QObject::connect(&probe, &QCopChannel::received,
+                         [&](const QCString& name, const QByteArray&) { delivered = delivered || name == "marker()"; });
+        QCopChannel::send("MF_MSG_CHANNEL", message, data);
+        QCopChannel::send("MF_MSG_CHANNEL", "marker()");
+        ASSERT_TRUE(waitUntil([&] { return delivered; }));
+    }
+
+    std::unique_ptr<MediaDatabase> database;
+    EnginePtr engine;
+    std::unique_ptr<MP_AufList> list;
+    std::unique_ptr<MP_MediafinderClient> client;
+};
+
+TEST_F(MP_MediafinderClientTest, AnnouncesStartAndExit_WithoutData)
+{
+    EXPECT_EQ(sent(), QStringList{"MediaplayerStarted() "});
+    client.reset();
+    EXPECT_EQ(sent(), (QStringList{"MediaplayerStarted() ", "MediaplayerExited() "}));
+    EXPECT_FALSE(QCopChannel::isRegistered("MF_MSG_CHANNEL")) << "no longer listening";
+}
+
+TEST_F(MP_MediafinderClientTest, LibrarySelection_PathPositionAndFiltersWithNullsThenTheSongIsStored)
+{
+    database->addMedia(song("/a/w.mp3").title("W").artist("Band"));
+    database->addMedia(song("/a/x.mp3").title("X").artist("Band"));
+    play(new MP_AufList("Band", QString(), QString(), QString(), -1, 1, QString()));
+
+    EXPECT_EQ(sent("NowPlayingSystemItem(QString, int, QString, QString, QString, QString)"),
+              QStringList{QString("NowPlayingSystemItem(QString, int, QString, QString, QString, QString) ") + kPathX
+                          + "00000001" + "0000000800420061006e0064" + kNull + kNull + kNull});
+    EXPECT_EQ(client->listKind(), MP_MediafinderClient::LibrarySelection);
+    // The files do not exist: the engine's error goes out unmapped.
+    EXPECT_EQ(sent("NowplayingState(int)"), QStringList{"NowplayingState(int) 00000007"});
+
+    ASSERT_EQ(count("metadata", "saveLastPlayedSong"), 1);
+    EXPECT_EQ(journalLines("metadata", "saveLastPlayedSong").first().value("args").toArray(),
+              (QJsonArray{"/a/x.mp3", 1}));
+    const std::optional<MediaLastPlayedSong> stored = database->lastPlayedSong();
+    ASSERT_TRUE(stored);
+    EXPECT_EQ(stored->path, "/a/x.mp3");
+    EXPECT_EQ(stored->position, 1);
+}
+
+TEST_F(MP_MediafinderClientTest, GroupList_PathPositionAndGroupId)
+{
+    const quint32 w = database->addMedia(song("/a/w.mp3").title("W"));
+    const quint32 x = database->addMedia(song("/a/x.mp3").title("X"));
+    const quint32 group = database->addGroup(METADATA_GROUP_USER, "Mine");
+    ASSERT_TRUE(database->setGroupMembers(group, {w, w, w, x}));
+    play(new MP_AufList(group, METADATA_GROUP_USER, -1, 3, QString()));
+
+    EXPECT_EQ(sent("NowplayingGroupItem(QString, int, int)"),
+              QStringList{QString("NowplayingGroupItem(QString, int, int) ") + kPathX + "00000003"
+                          + QString::number(group, 16).rightJustified(8, '0')});
+    EXPECT_EQ(journalLines("metadata", "saveLastPlayedSong").value(0).value("args").toArray(),
+              (QJsonArray{"/a/x.mp3", 3}));
+}
+
+TEST_F(MP_MediafinderClientTest, ListDescriptionThatDoesNotHoldItsKind_SendsAndStoresNothing)
+{
+    database->addMedia(song("/a/x.mp3").title("X"));
+    list = std::make_unique<MP_AufList>();
+    client->setAufList(list.get());
+    // Cut short at each field, and kinds the browser does not know.
+    for (const char* reserved : {"", "000000", "00000000", "00000000ffffffff0000000200", "00000001", "000000010000",
+                                 "00000002", "0000000500000007"}) {
+        *list->getReservedData() = QByteArray::fromHex(reserved);
+        client->sendNowPlayingItem();
+        EXPECT_TRUE(client->listKind() == MP_MediafinderClient::NoListKind || client->listKind() > 1) << reserved;
+    }
+    EXPECT_EQ(sent(), QStringList{"MediaplayerStarted() "});
+    EXPECT_EQ(count("metadata", "saveLastPlayedSong"), 0);
+
+    client->setAufList(nullptr);
+    client->sendNowPlayingItem();
+    client->updateListInfo(nullptr);
+    EXPECT_EQ(sent(), QStringList{"MediaplayerStarted() "});
+}
+
+TEST_F(MP_MediafinderClientTest, Requests_StatusBeforeAndAfterAnItem_UnhideAndEverythingElseIgnored)
+{
+    database->addMedia(song("/a/x.mp3").title("X"));
+    list = std::make_unique<MP_AufList>("Band", QString(), QString(), QString(), -1, 0, QString());
+    client->setAufList(list.get());
+    request("queryMPNowPlaying()");
+    EXPECT_EQ(sent().mid(1), QStringList{"NowplayingState(int) 00000000"}) << "no item described yet: the state only";
+
+    // Names that are not the two requests, and data that the requests do not carry.
+    for (const char* ignored : {"queryMPNowPlaying", "QUERYMPNOWPLAYING()", "unHideMediaPlayer(int)", "x"})
+        request(ignored, QByteArray::fromHex("ffffffff"));
+    EXPECT_EQ(sent().size(), 2);
+    EXPECT_EQ(count("engine", "showPlayer"), 0);
+
+    request("unHideMediaPlayer()", QByteArray::fromHex("00"));
+    EXPECT_EQ(count("engine", "showPlayer"), 1);
+}
+
+TEST_F(MP_MediafinderClientTest, StatusQuery_ResendsTheLastItemAsItWasThenTheState)
+{
+    addPlayable("One");
+    addPlayable("Two");
+    play(new MP_AufList());
+    const QStringList items = sent("NowPlayingSystemItem(QString, int, QString, QString, QString, QString)");
+    ASSERT_EQ(items.size(), 1);
+    list->skipSteps(1);  // moved without a report: the query still tells what was announced
+
+    request("queryMPNowPlaying()");
+    EXPECT_EQ(sent().mid(sent().size() - 2), (QStringList{items.first(), "NowplayingState(int) 00000005"}));
+    client->setAufList(nullptr);
+    request("queryMPNowPlaying()");
+    EXPECT_EQ(sent().last(), "NowplayingState(int) 00000005");
+    EXPECT_EQ(client->listKind(), MP_MediafinderClient::NoListKind);
+}
+
+TEST_F(MP_MediafinderClientTest, History_OneEntryPerSongHoweverManyTimeReports)
+{
+    const QList<quint32> ids{addPlayable("A"), addPlayable("B"), addPlayable("C")};
+    play(new MP_AufList());
+    engine->autoPlay(false);
+    for (int second = 0; engine->control().getState() != MP_STATE_FINISHED; ++second) {
+        ASSERT_LT(second, 60);
+        HostEngineClock::advance(1000);
+    }
+
+    EXPECT_GE(count("report", "updateTime"), 30) << "a report a second, ten seconds a song";
+    EXPECT_EQ(count("metadata", "metadataAddItemsIntoGroup"), 3);
+    EXPECT_EQ(count("metadata", "saveLastPlayedSong"), 3);
+    // Newest first, as the history list plays it.
+    EXPECT_EQ(database->groupMembers(2), (QList<quint32>{ids.at(2), ids.at(1), ids.at(0)}));
+    EXPECT_FALSE(client->isSavePending());
+}
+
+TEST_F(MP_MediafinderClientTest, History_WhileTheHistoryPlays_CollectedButNotWritten)
+{
+    const quint32 a = addPlayable("A");
+    ASSERT_TRUE(database->setGroupMembers(2, {a}));
+    play(new MP_AufList(2, METADATA_GROUP_PLAY_HISTORY, -1, 0, QString()));
+    ASSERT_TRUE(list->isHistoryList());
+    HostEngineClock::advance(3000);
+    EXPECT_EQ(MP_RecentList::getAudioList()->paths(), QStringList{dataPath("music/A.mp3")});
+    EXPECT_EQ(count("metadata", "metadataAddItemsIntoGroup"), 0);
+}
+
+TEST_F(MP_MediafinderClientTest, VideosAndSingleFiles_NeitherReportedNorCollected)
+{
+    addPlayable("Clip", MediaKind::Video);
+    play(new MP_AufList("All", QString(), -1, 0));
+    ASSERT_TRUE(list->isVideoList());
+    engine->autoPlay(false);
+    HostEngineClock::advance(3000);
+    play(nullptr);
+    engine->setFile(dataPath("music/Clip.mp4"));
+    HostEngineClock::advance(3000);
+
+    EXPECT_EQ(sent().filter("Item(").size(), 0);
+    EXPECT_TRUE(MP_RecentList::getAudioList()->paths().isEmpty());
+    EXPECT_EQ(count("metadata", "saveLastPlayedSong"), 0);
+}
+
+} // namespace
