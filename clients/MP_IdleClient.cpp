@@ -124,7 +124,11 @@ void MP_IdleClient::updateMetaInfo(const QString& title, const QString& artist, 
     QByteArray payload;
     QDataStream out(&payload, QIODevice::WriteOnly);
     MP_SetPayloadFormat(out);
-    out << text << data << Q_INT8(onCard ? 1 : 0);
+    out << text;
+    // The phone's stream knows no null byte array: a null one goes as length
+    // 0, like an empty one, where Qt's own stream would mark it 0xFFFFFFFF.
+    out.writeBytes(data.constData(), uint(data.size()));
+    out << Q_INT8(onCard ? 1 : 0);
     sendInfo("/MP/Idle/Info/MetaInfo", payload);
 }
 
