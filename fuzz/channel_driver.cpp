@@ -41,6 +41,7 @@ const QList<QCString>& channels()
         "VEMO/System",
         UTIL_GetKeyEventChannel().toLatin1(),
         "MF_MSG_CHANNEL",
+        "/MP/Idle/Channel",
     };
     return kChannels;
 }

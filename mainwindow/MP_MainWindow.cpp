@@ -1,12 +1,15 @@
 #include "mainwindow/MP_MainWindow.h"
 
 #include <QCoreApplication>
+#include <QDataStream>
 #include <QEvent>
 #include <QTimer>
 
 #include <cstring>
 
 #include "clients/MP_MediafinderClient.h"
+#include "clients/HSMessageAPI.h"
+#include "clients/MP_IdleClient.h"
 #include "lists/MP_AufContext.h"
 #include "lists/MP_AufList.h"
 #include "lists/MP_RecentList.h"
@@ -15,6 +18,7 @@
 #include "platform/PhoneServices.h"
 #include "platform/QCopChannel.h"
 #include "platform/SETUP_SET_Manager.h"
+#include "platform/StreamEncoding.h"
 #include "platform/TraceLog.h"
 
 MP_DEFINE_TRACE(MainWindowTrace, "MP_MainWindow")
@@ -23,6 +27,7 @@ namespace {
 
 const char* const kSystemChannel = "VEMO/System";
 const QString kSettingsGroup = QStringLiteral("MediaControlItem");
+const QString kIdlePluginName = QStringLiteral("IdleMusicPlayer");
 
 } // namespace
 
@@ -58,6 +63,8 @@ MP_MainWindow::MP_MainWindow(const QString& passedFile, QWidget* parent, const c
 
     connect(AM_ActionReceiver::instance(), SIGNAL(receiveAction(const AM_ActionData&)), this,
             SLOT(onReceiveAction(const AM_ActionData&)));
+    connect(m_systemChannel, SIGNAL(received(const QCString&, const QByteArray&)), this,
+            SLOT(slotSystemMessage(const QCString&, const QByteArray&)));
     MainWindowTrace(3, "MP_MainWindow: created, passed file \"%s\"\n", qPrintable(m_passedFile));
 }
 
@@ -88,6 +95,9 @@ void MP_MainWindow::initCommonPlayer(bool playerFlag)
     connect(m_commonPlayer, SIGNAL(signalContentTypeChanged(MP_CONTENT_TYPE)), this,
             SLOT(slotContentTypeChanged(MP_CONTENT_TYPE)));
     m_mediafinderClient = std::make_unique<MP_MediafinderClient>(m_commonPlayer);
+    m_idleClient = std::make_unique<MP_IdleClient>(m_commonPlayer);
+    connect(m_idleClient.get(), SIGNAL(sigQuitApp()), this, SLOT(onQuitApp()));
+    connect(m_idleClient.get(), SIGNAL(sigSetupKeyClicked(int, bool)), this, SLOT(onSetupKeyClicked(int, bool)));
 }
 
 void MP_MainWindow::freeCommonPlayer()
@@ -96,6 +106,8 @@ void MP_MainWindow::freeCommonPlayer()
         return;
     MainWindowTrace(3, "freeCommonPlayer\n");
     m_mediafinderClient.reset();
+    // Clients unregister from the engine as they go, so they go first.
+    m_idleClient.reset();
     // Released only through the engine library's factory, never deleted here.
     MP_DestroyCommonPlayer(m_commonPlayer);
     m_commonPlayer = nullptr;
@@ -204,6 +216,53 @@ void MP_MainWindow::onQuitApp()
     close();
     if (m_launchType == MP_LAUNCH_CAPTURED_VIDEO)
         Q_EMIT quitApp();
+}
+
+void MP_MainWindow::onHidePlayer()
+{
+    if (!m_commonPlayer)
+        return;
+    MainWindowTrace(3, "onHidePlayer\n");
+    m_idleClient->activePlugin();
+    SETUP_SET_Manager settings(AM_Global::MediaPlayer, false);
+    settings.setSettingInfo(kSettingsGroup, QStringLiteral("HidePlaying"), true);
+    m_commonPlayer->closePlayerWindow();
+}
+
+void MP_MainWindow::onSetupKeyClicked(int keyCode, bool pressed)
+{
+    // The shuffle, repeat and toggle keys are acted on by the events work;
+    // until then a key is at least visible in the trace.
+    MainWindowTrace(3, "onSetupKeyClicked: key 0x%x, pressed %d\n", unsigned(keyCode), pressed);
+}
+
+void MP_MainWindow::slotSystemMessage(const QCString& message, const QByteArray& data)
+{
+    if (message == "applyStyle()") {
+        // The plug-in draws with the style it started with: restart it so
+        // that it takes the new one.
+        if (m_idleClient) {
+            HSMessageAPI::HS_pluginDeactive(kIdlePluginName);
+            HSMessageAPI::HS_pluginActive(kIdlePluginName);
+        }
+    } else if (message == "cardHotplugEvent(int,int)") {
+        traceCardEvent(data);
+    }
+}
+
+void MP_MainWindow::traceCardEvent(const QByteArray& data) const
+{
+    // Quitting on a memory-card change belongs to the events work; the event
+    // is traced meanwhile so that it is not lost without a word.
+    QDataStream in(data);
+    MP_SetPayloadFormat(in);
+    qint32 card = 0;
+    qint32 flag = 0;
+    in >> card >> flag;
+    if (in.status() != QDataStream::Ok)
+        MainWindowTrace(3, "slotSystemMessage: card event without its two ints (%d bytes)\n", int(data.size()));
+    else
+        MainWindowTrace(3, "slotSystemMessage: card event %d, flag %d, not handled yet\n", card, flag);
 }
 
 void MP_MainWindow::slotContentTypeChanged(MP_CONTENT_TYPE type)

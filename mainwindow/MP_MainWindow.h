@@ -6,9 +6,9 @@
 // them. Created and destroyed only through the library's exported entry
 // points.
 //
-// Not built yet: the clients that mirror the player (screen, idle screen,
-// Bluetooth, external display), and the handlers of the
-// system and key channels, which are opened at start-up but not listened to.
+// Not built yet: the clients that mirror the player on the screen, in the
+// media browser, over Bluetooth and on the external display, and the handler
+// of the key channel, which is opened at start-up but not listened to.
 
 #include <QString>
 #include <QWidget>
@@ -23,6 +23,7 @@ class AM_ActionData;
 class MP_AufList;
 class MP_CommonPlayer;
 class MP_MediafinderClient;
+class MP_IdleClient;
 class QCopChannel;
 
 class MP_MainWindow : public QWidget {
@@ -74,6 +75,7 @@ public:
     // Read-only views of the window's state.
     MP_LAUNCH_TYPE launchType() const { return m_launchType; }
     MP_CommonPlayer* commonPlayer() const { return m_commonPlayer; }
+    MP_IdleClient* idleClient() const { return m_idleClient.get(); }
     MP_AufList* currentList() const { return m_list.get(); }
     const LastPlayedListRecord& lastPlayedList() const { return m_lastPlayedList; }
 
@@ -82,6 +84,12 @@ public Q_SLOTS:
     void onOpenDoc(const QString& fileName);
     /** Closes the player screen and the window; a captured-video launch also emits quitApp(). */
     void onQuitApp();
+    /** Hides the player to the idle screen: its plug-in takes over, "HidePlaying"
+     *  is stored true and the player screen closes; playback goes on. Nothing
+     *  happens without an engine. */
+    void onHidePlayer();
+    /** A setup key (shuffle, repeat, toggle) pressed or released on a client. */
+    void onSetupKeyClicked(int keyCode, bool pressed);
     /** An action record from another application (or the launch action). */
     void onReceiveAction(const AM_ActionData& action);
     /** "PlayMusicListInMediaplayer": a selection of the music library. */
@@ -94,6 +102,9 @@ public Q_SLOTS:
     void onShuffleRepeat(int shuffleMode, bool repeat);
     /** Releases the engine; the list stays. Nothing happens without an engine. */
     void freeCommonPlayer();
+    /** A message on the system channel: a style change restarts the idle
+     *  plug-in; a memory-card event is only traced for now. */
+    void slotSystemMessage(const QCString& message, const QByteArray& data);
     /** The engine reports the content type of its media. */
     void slotContentTypeChanged(MP_CONTENT_TYPE type);
 
@@ -112,6 +123,7 @@ private:
     void playForLauncher(const AM_ActionData& action);
 
     void clearLastPlayedRecord();
+    void traceCardEvent(const QByteArray& data) const;
     void releaseLastPlayedStrings();
     /** Deletes the current list without saving the history (the engine is told first). */
     void releaseListQuietly();
@@ -125,6 +137,8 @@ private:
     MP_CommonPlayer* m_commonPlayer;
     /** The media-browser client; exists exactly when the engine does. */
     std::unique_ptr<MP_MediafinderClient> m_mediafinderClient;
+    /** Exists exactly while the engine does; deleted before it. */
+    std::unique_ptr<MP_IdleClient> m_idleClient;
     /** The current play list; the engine only borrows it, and is told to let
      *  go before it is deleted (except in setList, which hands it the next). */
     std::unique_ptr<MP_AufList> m_list;
@@ -139,7 +153,7 @@ private:
     bool m_jumpKeyPending;
     MP_CONTENT_TYPE m_contentType;
     // Owned (children of the window, deleted first in the destructor).
-    // Opened at start-up; their messages are not handled yet.
+    // Opened at start-up; the key channel's messages are not handled yet.
     QCopChannel* m_systemChannel;
     QCopChannel* m_keyChannel;
     LastPlayedListRecord m_lastPlayedList;

@@ -98,6 +98,13 @@ void PlayerSession::playCapturedVideo()
         m_library.playCapturedVideo(m_window);
 }
 
+bool PlayerSession::hidePlayer()
+{
+    // The slot is reached by name: the application knows the window only as a widget.
+    return m_window
+           && QMetaObject::invokeMethod(MainWindowLibrary::asWidget(m_window), "onHidePlayer", Qt::DirectConnection);
+}
+
 bool PlayerSession::eventFilter(QObject* watched, QEvent* event)
 {
     if (m_window && watched == MainWindowLibrary::asWidget(m_window)) {

@@ -46,6 +46,9 @@ public:
     void openDocument(const QString& path);
     /** The exported captured-video entry point. */
     void playCapturedVideo();
+    /** Hides the player to the idle screen, as the player screen's hide command
+     *  does (the window's onHidePlayer slot). False when there is no window. */
+    bool hidePlayer();
 
 Q_SIGNALS:
     void openDoc(const QString& path);

@@ -86,6 +86,7 @@ ScriptRunner::ScriptRunner(PlayerSession& session) : m_session(session)
         {QStringLiteral("remove"), &ScriptRunner::commandRemove},
         {QStringLiteral("dialog"), &ScriptRunner::commandDialog},
         {QStringLiteral("db"), &ScriptRunner::commandDb},
+        {QStringLiteral("hide"), &ScriptRunner::commandHide},
     };
 }
 
@@ -232,6 +233,17 @@ bool ScriptRunner::commandQuit(const QStringList& arguments, QString* error)
         return false;
     m_session.finish();
     m_quit = true;
+    return true;
+}
+
+bool ScriptRunner::commandHide(const QStringList& arguments, QString* error)
+{
+    if (!noArguments(arguments, error))
+        return false;
+    if (!m_session.hidePlayer()) {
+        *error = QStringLiteral("no player window to hide");
+        return false;
+    }
     return true;
 }
 

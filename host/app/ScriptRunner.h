@@ -7,6 +7,7 @@
 //   advance MS                  move the manual clock
 //   open FILE                   the application opens a document
 //   capturedvideo               the library's playCapturedVideo entry point
+//   hide                        hide the player to the idle screen (the window's onHidePlayer)
 //   setting GROUP KEY int:N|bool:true|false   write the player's settings store (application 71)
 //   next | previous | playpause the playback control, as a headset or the screen would
 //   remove                      remove the playing entry through the list, without asking
@@ -48,6 +49,7 @@ private:
     bool commandOpen(const QStringList& arguments, QString* error);
     bool commandQuit(const QStringList& arguments, QString* error);
     bool commandCapturedVideo(const QStringList& arguments, QString* error);
+    bool commandHide(const QStringList& arguments, QString* error);
     bool commandSetting(const QStringList& arguments, QString* error);
     bool commandNext(const QStringList& arguments, QString* error);
     bool commandPrevious(const QStringList& arguments, QString* error);

@@ -84,10 +84,9 @@ TEST_F(MP_MainWindowTest, Startup_WithFile_PlaysItAfterTheTimerAndPostsNoEvent)
 
     ASSERT_TRUE(waitUntil([&] { return window->commonPlayer() != nullptr; }));
     EXPECT_EQ(counter.count, 0);
-    const QStringList engineCalls = journalCalls().filter(QRegularExpression("^engine:"));
-    // The media-browser client registers itself with the new engine.
-    EXPECT_EQ(engineCalls, (QStringList{"engine:MP_CreateCommonPlayer", "engine:addListListener",
-                                        "engine:addPlayerListener", "engine:setShuffleRepeat", "engine:setFile",
+    // The clients' listener registrations are their own tests' business.
+    const QStringList engineCalls = journalCalls().filter(QRegularExpression("^engine:(?!(add|remove)\\w+Listener)"));
+    EXPECT_EQ(engineCalls, (QStringList{"engine:MP_CreateCommonPlayer", "engine:setShuffleRepeat", "engine:setFile",
                                         "engine:autoPlay"}));
     EXPECT_EQ(journalLines("engine", "MP_CreateCommonPlayer").first().value("args").toArray(),
               (QJsonArray{false, 1}));
