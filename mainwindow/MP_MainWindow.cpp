@@ -6,6 +6,7 @@
 
 #include <cstring>
 
+#include "clients/MP_CLIClient.h"
 #include "lists/MP_AufContext.h"
 #include "lists/MP_AufList.h"
 #include "lists/MP_RecentList.h"
@@ -86,6 +87,7 @@ void MP_MainWindow::initCommonPlayer(bool playerFlag)
     m_commonPlayer = MP_CreateCommonPlayer(playerFlag, m_launchType);
     connect(m_commonPlayer, SIGNAL(signalContentTypeChanged(MP_CONTENT_TYPE)), this,
             SLOT(slotContentTypeChanged(MP_CONTENT_TYPE)));
+    updateCLIClient();
 }
 
 void MP_MainWindow::freeCommonPlayer()
@@ -93,6 +95,9 @@ void MP_MainWindow::freeCommonPlayer()
     if (!m_commonPlayer)
         return;
     MainWindowTrace(3, "freeCommonPlayer\n");
+    // Every client goes before the engine it is registered with; the
+    // external-display client is the last of them.
+    m_cliClient.reset();
     // Released only through the engine library's factory, never deleted here.
     MP_DestroyCommonPlayer(m_commonPlayer);
     m_commonPlayer = nullptr;
@@ -230,6 +235,31 @@ void MP_MainWindow::onShuffleRepeat(int shuffleMode, bool repeat)
     if (!m_commonPlayer)
         return;
     m_commonPlayer->setShuffleRepeat(shuffleMode != 0, repeat);
+}
+
+void MP_MainWindow::onFlipStatusChanged(int status)
+{
+    MainWindowTrace(3, "onFlipStatusChanged: status %d\n", status);
+    m_flipClosed = status == 1;
+    MP_PlayerControl* control = m_commonPlayer ? m_commonPlayer->getPlayerControl() : nullptr;
+    if (!control)
+        return;
+    // Stopped or finished, the display is left as it is until the next
+    // flip change or engine creation.
+    const MP_PLAYER_STATE state = control->getState();
+    if (state != MP_STATE_STOPPED && state != MP_STATE_FINISHED)
+        updateCLIClient();
+}
+
+void MP_MainWindow::updateCLIClient()
+{
+    if (m_flipClosed && !m_cliClient) {
+        m_cliClient = std::make_unique<MP_CLIClient>(m_commonPlayer);
+        connect(m_cliClient.get(), SIGNAL(quitApp()), this, SLOT(onQuitApp()));
+    } else if (!m_flipClosed && m_cliClient) {
+        disconnect(m_cliClient.get(), SIGNAL(quitApp()), this, SLOT(onQuitApp()));
+        m_cliClient.reset();
+    }
 }
 
 void MP_MainWindow::customEvent(QEvent* event)
