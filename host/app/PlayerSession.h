@@ -46,9 +46,13 @@ public:
     void openDocument(const QString& path);
     /** The exported captured-video entry point. */
     void playCapturedVideo();
+    /** The phone's flip opens (0) or closes (1): the phone's state changes,
+     *  then the window hears of it, as the phone's application tells it. */
+    void changeFlipStatus(int status);
 
 Q_SIGNALS:
     void openDoc(const QString& path);
+    void flipStatusChanged(int status);
     /** The window closed or emitted quitApp(). */
     void quitRequestedChanged();
     /** The window has handled its start-up event. */
