@@ -1,12 +1,14 @@
 // The host application's scenario-script reader: each line split into words
-// (ScriptWords), the words read as typed payload arguments (PayloadBuilder).
+// (ScriptWords), the words read as typed payload arguments (PayloadBuilder)
+// and, after the first word, as a display command (DisplayCommandParser).
 //
 // Input: UTF-8 text (bytes that are not UTF-8 read as U+FFFD), split at '\n'
 // into script lines.
 //
 // Besides not crashing, the readers must keep their contracts, checked here:
-// a failed call gives a reason, and words written back quoted (with \" and \\)
-// and split again are the same words.
+// a failed call gives a reason, words written back quoted (with \" and \\)
+// and split again are the same words, and a display command read is one the
+// display can send (a mute of 0 or 1, a volume of 0 to 255).
 
 #include <QStringList>
 
@@ -14,6 +16,7 @@
 #include <cstdint>
 #include <cstdlib>
 
+#include "host/app/DisplayCommandParser.h"
 #include "host/app/PayloadBuilder.h"
 #include "host/app/ScriptWords.h"
 
@@ -33,6 +36,20 @@ void check(bool holds)
 {
     if (!holds)
         std::abort();
+}
+
+void checkDisplayCommand(const QStringList& words)
+{
+    DisplayCommand command;
+    QString error;
+    const bool read = DisplayCommandParser::parse(words, &command, &error);
+    check(read == error.isEmpty());
+    if (!read)
+        return;
+    if (command.kind == DisplayCommand::Kind::Mute)
+        check(command.value == 0 || command.value == 1);
+    if (command.kind == DisplayCommand::Kind::Volume)
+        check(command.value >= 0 && command.value <= 255);
 }
 
 } // namespace
@@ -55,6 +72,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
         error.clear();
         const bool built = PayloadBuilder::build(words, &payload, &error);
         check(built == error.isEmpty());
+
+        checkDisplayCommand(words.mid(1));
     }
     return 0;
 }

@@ -10,6 +10,7 @@
 #include "clients/MP_MediafinderClient.h"
 #include "clients/HSMessageAPI.h"
 #include "clients/MP_IdleClient.h"
+#include "clients/MP_CLIClient.h"
 #include "lists/MP_AufContext.h"
 #include "lists/MP_AufList.h"
 #include "lists/MP_RecentList.h"
@@ -98,6 +99,7 @@ void MP_MainWindow::initCommonPlayer(bool playerFlag)
     m_idleClient = std::make_unique<MP_IdleClient>(m_commonPlayer);
     connect(m_idleClient.get(), SIGNAL(sigQuitApp()), this, SLOT(onQuitApp()));
     connect(m_idleClient.get(), SIGNAL(sigSetupKeyClicked(int, bool)), this, SLOT(onSetupKeyClicked(int, bool)));
+    updateCLIClient();
 }
 
 void MP_MainWindow::freeCommonPlayer()
@@ -105,9 +107,11 @@ void MP_MainWindow::freeCommonPlayer()
     if (!m_commonPlayer)
         return;
     MainWindowTrace(3, "freeCommonPlayer\n");
+    // Clients unregister from the engine as they go, so every client goes
+    // before the engine; the external-display client is the last of them.
     m_mediafinderClient.reset();
-    // Clients unregister from the engine as they go, so they go first.
     m_idleClient.reset();
+    m_cliClient.reset();
     // Released only through the engine library's factory, never deleted here.
     MP_DestroyCommonPlayer(m_commonPlayer);
     m_commonPlayer = nullptr;
@@ -296,6 +300,31 @@ void MP_MainWindow::onShuffleRepeat(int shuffleMode, bool repeat)
     m_commonPlayer->setShuffleRepeat(shuffleMode != 0, repeat);
     if (m_mediafinderClient)
         m_mediafinderClient->updateListInfo(m_list.get());
+}
+
+void MP_MainWindow::onFlipStatusChanged(int status)
+{
+    MainWindowTrace(3, "onFlipStatusChanged: status %d\n", status);
+    m_flipClosed = status == 1;
+    MP_PlayerControl* control = m_commonPlayer ? m_commonPlayer->getPlayerControl() : nullptr;
+    if (!control)
+        return;
+    // Stopped or finished, the display is left as it is until the next
+    // flip change or engine creation.
+    const MP_PLAYER_STATE state = control->getState();
+    if (state != MP_STATE_STOPPED && state != MP_STATE_FINISHED)
+        updateCLIClient();
+}
+
+void MP_MainWindow::updateCLIClient()
+{
+    if (m_flipClosed && !m_cliClient) {
+        m_cliClient = std::make_unique<MP_CLIClient>(m_commonPlayer);
+        connect(m_cliClient.get(), SIGNAL(quitApp()), this, SLOT(onQuitApp()));
+    } else if (!m_flipClosed && m_cliClient) {
+        disconnect(m_cliClient.get(), SIGNAL(quitApp()), this, SLOT(onQuitApp()));
+        m_cliClient.reset();
+    }
 }
 
 void MP_MainWindow::customEvent(QEvent* event)

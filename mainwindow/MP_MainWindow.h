@@ -21,6 +21,7 @@
 
 class AM_ActionData;
 class MP_AufList;
+class MP_CLIClient;
 class MP_CommonPlayer;
 class MP_MediafinderClient;
 class MP_IdleClient;
@@ -77,11 +78,16 @@ public:
     MP_CommonPlayer* commonPlayer() const { return m_commonPlayer; }
     MP_IdleClient* idleClient() const { return m_idleClient.get(); }
     MP_AufList* currentList() const { return m_list.get(); }
+    MP_CLIClient* cliClient() const { return m_cliClient.get(); }
     const LastPlayedListRecord& lastPlayedList() const { return m_lastPlayedList; }
 
 public Q_SLOTS:
     /** The application opens a document: play it as a single file. */
     void onOpenDoc(const QString& fileName);
+    /** The flip opened (0) or closed (1). The external display follows it
+     *  unless the player is stopped or finished; without an engine it is
+     *  left as it is. */
+    void onFlipStatusChanged(int status);
     /** Closes the player screen and the window; a captured-video launch also emits quitApp(). */
     void onQuitApp();
     /** Hides the player to the idle screen: its plug-in takes over, "HidePlaying"
@@ -122,6 +128,9 @@ private:
     void playUserList(const AM_ActionData& action);
     void playForLauncher(const AM_ActionData& action);
 
+    /** Makes the external-display client while the flip is closed and deletes
+     *  it when the flip is open. */
+    void updateCLIClient();
     void clearLastPlayedRecord();
     void traceCardEvent(const QByteArray& data) const;
     void releaseLastPlayedStrings();
@@ -139,13 +148,15 @@ private:
     std::unique_ptr<MP_MediafinderClient> m_mediafinderClient;
     /** Exists exactly while the engine does; deleted before it. */
     std::unique_ptr<MP_IdleClient> m_idleClient;
+    /** The external-display client: exists only while the flip was closed at
+     *  the last external-display update, and only with the engine. */
+    std::unique_ptr<MP_CLIClient> m_cliClient;
     /** The current play list; the engine only borrows it, and is told to let
      *  go before it is deleted (except in setList, which hands it the next). */
     std::unique_ptr<MP_AufList> m_list;
     QString m_passedFile;
     QString m_launcherId;
-    /** The flip was closed at creation. Read by nothing yet: the external
-     *  display that follows the flip is not built. */
+    /** The flip is closed, as last reported (read from the phone at creation). */
     bool m_flipClosed;
     bool m_contentTypeUnknown;
     /** Set by the jump key, whose handler is not built yet; the content-type

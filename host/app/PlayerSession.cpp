@@ -9,6 +9,7 @@
 
 #include "host/app/ScriptWords.h"
 #include "host/engine/HostEngine.h"
+#include "host/platform/phone/HostPhone.h"
 #include "lists/MP_FolderList.h"
 #include "platform/MP_CommonPlayer.h"
 #include "platform/UTIL_MimeType.h"
@@ -31,6 +32,7 @@ void PlayerSession::start(const QString& passedFile)
     QWidget* window = MainWindowLibrary::asWidget(m_window);
     // What the phone's application connects; everything else the library wires itself.
     connect(this, SIGNAL(openDoc(const QString&)), window, SLOT(onOpenDoc(const QString&)));
+    connect(this, SIGNAL(flipStatusChanged(int)), window, SLOT(onFlipStatusChanged(int)));
     connect(window, SIGNAL(quitApp()), this, SLOT(onQuitApp()));
     window->installEventFilter(this);
 }
@@ -103,6 +105,12 @@ bool PlayerSession::hidePlayer()
     // The slot is reached by name: the application knows the window only as a widget.
     return m_window
            && QMetaObject::invokeMethod(MainWindowLibrary::asWidget(m_window), "onHidePlayer", Qt::DirectConnection);
+}
+
+void PlayerSession::changeFlipStatus(int status)
+{
+    HostPhone::setFlipStatus(status);
+    Q_EMIT flipStatusChanged(status);
 }
 
 bool PlayerSession::eventFilter(QObject* watched, QEvent* event)

@@ -49,9 +49,13 @@ public:
     /** Hides the player to the idle screen, as the player screen's hide command
      *  does (the window's onHidePlayer slot). False when there is no window. */
     bool hidePlayer();
+    /** The phone's flip opens (0) or closes (1): the phone's state changes,
+     *  then the window hears of it, as the phone's application tells it. */
+    void changeFlipStatus(int status);
 
 Q_SIGNALS:
     void openDoc(const QString& path);
+    void flipStatusChanged(int status);
     /** The window closed or emitted quitApp(). */
     void quitRequestedChanged();
     /** The window has handled its start-up event. */

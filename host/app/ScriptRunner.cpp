@@ -11,11 +11,13 @@
 #include <memory>
 
 #include "host/app/AppOptions.h"
+#include "host/app/DisplayCommandParser.h"
 #include "host/app/PayloadBuilder.h"
 #include "host/app/PlayerSession.h"
 #include "host/app/ScriptWords.h"
 #include "host/engine/HostEngine.h"
 #include "host/engine/HostEngineClock.h"
+#include "host/platform/display/HostDisplay.h"
 #include "host/platform/toolkit/HostDialogs.h"
 #include "host/platform/media/MediaDatabase.h"
 #include "host/platform/media/MediaScanner.h"
@@ -87,6 +89,8 @@ ScriptRunner::ScriptRunner(PlayerSession& session) : m_session(session)
         {QStringLiteral("dialog"), &ScriptRunner::commandDialog},
         {QStringLiteral("db"), &ScriptRunner::commandDb},
         {QStringLiteral("hide"), &ScriptRunner::commandHide},
+        {QStringLiteral("flip"), &ScriptRunner::commandFlip},
+        {QStringLiteral("display"), &ScriptRunner::commandDisplay},
     };
 }
 
@@ -357,6 +361,29 @@ bool ScriptRunner::commandDb(const QStringList& arguments, QString* error)
     const MediaScanner::FileOutcome outcome = scanner.scanFile(path);
     if (outcome == MediaScanner::FileOutcome::Skipped || outcome == MediaScanner::FileOutcome::NotMedia) {
         *error = QStringLiteral("%1 is not a readable media file").arg(ScriptWords::excerpt(path));
+        return false;
+    }
+    return true;
+}
+
+bool ScriptRunner::commandFlip(const QStringList& arguments, QString* error)
+{
+    const QString position = arguments.value(0);
+    if (arguments.size() != 1 || (position != QLatin1String("open") && position != QLatin1String("closed"))) {
+        *error = QStringLiteral("expects open or closed");
+        return false;
+    }
+    m_session.changeFlipStatus(position == QLatin1String("closed") ? 1 : 0);
+    return true;
+}
+
+bool ScriptRunner::commandDisplay(const QStringList& arguments, QString* error)
+{
+    DisplayCommand command;
+    if (!DisplayCommandParser::parse(arguments, &command, error))
+        return false;
+    if (!HostDisplay::send(command)) {
+        *error = QStringLiteral("the external display shows no player (is the flip closed while playing?)");
         return false;
     }
     return true;

@@ -13,6 +13,8 @@
 //   remove                      remove the playing entry through the list, without asking
 //   dialog answer N             the next dialog answers N
 //   db add|remove|touch PATH    change the media database as the scanner does
+//   flip open|closed            the phone's flip moves; the application tells the window
+//   display COMMAND [ARG]       the user's command on the external display (DisplayCommandParser)
 //   quit                        delete the main window and end
 // After every command the event loop runs briefly, so that deferred work
 // (posted events, 1 ms timers, channel deliveries) has happened before the
@@ -57,6 +59,8 @@ private:
     bool commandRemove(const QStringList& arguments, QString* error);
     bool commandDialog(const QStringList& arguments, QString* error);
     bool commandDb(const QStringList& arguments, QString* error);
+    bool commandFlip(const QStringList& arguments, QString* error);
+    bool commandDisplay(const QStringList& arguments, QString* error);
 
     PlayerSession& m_session;
     QString m_name;

@@ -1,0 +1,217 @@
+#include "clients/MP_CLIClient.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QSignalSpy>
+
+#include <memory>
+
+#include "host/engine/HostEngine.h"
+#include "host/platform/display/HostDisplay.h"
+#include "lists/MP_ListInterface.h"
+#include "platform/AM_Action.h"
+#include "platform/SETUP_SET_Manager.h"
+#include "tests/support/TestEnvironment.h"
+
+namespace {
+
+// A list whose current entry is one fixed path.
+class OneEntryList : public MP_ListInterface {
+public:
+    explicit OneEntryList(QString path) : m_path(std::move(path)) {}
+    unsigned int count() override { return 1; }
+    bool hasNext() override { return false; }
+    bool hasPrevious() override { return false; }
+    QString getCurrent() override { return m_path; }
+    QString getItem(int) override { return m_path; }
+    int getCurrentIndex() override { return 0; }
+    void skipSteps(int) override {}
+    void moveTo(int) override {}
+    bool removeItem(int) override { return false; }
+    QByteArray* getReservedData() override { return nullptr; }
+
+private:
+    QString m_path;
+};
+
+struct EngineRelease {
+    void operator()(MP_CommonPlayer* engine) const { MP_DestroyCommonPlayer(engine); }
+};
+
+class MP_CLIClientTest : public TestEnvironment {
+protected:
+    void SetUp() override
+    {
+        TestEnvironment::SetUp();
+        engine.reset(static_cast<HostEngine*>(MP_CreateCommonPlayer(false, MP_LAUNCH_LIST)));
+    }
+    void TearDown() override
+    {
+        client.reset();
+        engine.reset();
+        TestEnvironment::TearDown();
+    }
+
+    void createClient()
+    {
+        client = std::make_unique<MP_CLIClient>(engine.get());
+    }
+
+    // "call args" of every journal line of @p kind since skipJournal(), e.g.
+    // "informPosition [1500,0]"; settings writes read "VolumeLevel=3".
+    QStringList take(const QString& kind)
+    {
+        QStringList lines;
+        const QList<QJsonObject> all = journal();
+        for (int i = m_seen; i < all.size(); ++i) {
+            const QJsonObject& line = all.at(i);
+            if (line["kind"].toString() != kind)
+                continue;
+            if (kind == "settings")
+                lines << line["key"].toString() + '=' + QString::number(line["value"].toInt());
+            else
+                lines << line["call"].toString() + ' '
+                             + QString::fromUtf8(QJsonDocument(line["args"].toArray()).toJson(QJsonDocument::Compact));
+        }
+        return lines;
+    }
+    // Forgets what the journal holds so far.
+    void skipJournal() { m_seen = int(journal().size()); }
+
+    static void storeVolume(int level)
+    {
+        SETUP_SET_Manager(AM_Global::MediaPlayer, false).setSettingInfo("MediaControlItem", "VolumeLevel", level);
+    }
+    static void send(DisplayCommand::Kind kind, int value = 0) { ASSERT_TRUE(HostDisplay::send({kind, value})); }
+
+    std::unique_ptr<HostEngine, EngineRelease> engine;
+    std::unique_ptr<MP_CLIClient> client;
+
+private:
+    int m_seen = 0;
+};
+
+TEST_F(MP_CLIClientTest, Session_ShowsTheStoredVolumeAndEndsWithTheClient)
+{
+    struct Case {
+        int stored; // -1: none stored
+        QStringList shown;
+    };
+    const Case cases[] = {
+        {-1, {"beginSession []", "informVolume [5]"}},
+        {0, {"beginSession []", "informMuteState [1]", "informVolume [0]"}},
+        {7, {"beginSession []", "informVolume [7]"}},
+    };
+    for (const Case& c : cases) {
+        if (c.stored >= 0)
+            storeVolume(c.stored);
+        skipJournal();
+        createClient();
+        // Without a list nothing else is shown, and no refresh is asked for.
+        EXPECT_EQ(take("display"), c.shown) << "stored " << c.stored;
+        EXPECT_NE(HostDisplay::mediaPlayerClient(), nullptr);
+        EXPECT_TRUE(take("control").isEmpty());
+
+        client.reset();
+        EXPECT_EQ(take("display").last(), "endSession []");
+        EXPECT_EQ(HostDisplay::mediaPlayerClient(), nullptr);
+        EXPECT_FALSE(HostDisplay::send({DisplayCommand::Kind::Play, 0}));
+    }
+}
+
+TEST_F(MP_CLIClientTest, Session_WithAListPlaying_ShowsItsEntryAndTheEngineReportsAtOnce)
+{
+    // A file that cannot be played: the refreshed state is the error, whose
+    // user text reaches the display.
+    OneEntryList missing(dataPath("gone.mp3"));
+    engine->setPlayList(&missing);
+    skipJournal();
+    createClient();
+    EXPECT_EQ(take("display"), (QStringList{"beginSession []", "informVolume [5]",
+                                            "informFileName [\"" + dataPath("gone.mp3") + "\"]",
+                                            "informMediaType [0]", "informMessage [\"gone cannot be played.\"]"}));
+    EXPECT_EQ(take("control"), QStringList{"requestUpdate [\"listener\"]"});
+    client.reset();
+
+    // A stream is another medium.
+    OneEntryList stream("http://radio.example/live");
+    engine->setPlayList(&stream);
+    createClient();
+    skipJournal();
+    client->updateListInfo(&stream);
+    EXPECT_EQ(take("display"), (QStringList{"informFileName [\"http://radio.example/live\"]", "informMediaType [1]"}));
+
+    // The engine reports no list when it drops one: the display keeps what it shows.
+    skipJournal();
+    client->updateListInfo(nullptr);
+    EXPECT_TRUE(take("display").isEmpty());
+    engine->setPlayList(nullptr);
+}
+
+TEST_F(MP_CLIClientTest, Reports_ReachTheDisplayInItsTerms)
+{
+    createClient();
+    skipJournal();
+    for (int state = MP_STATE_NONE; state <= MP_STATE_FINISHED + 1; ++state) {
+        if (state != MP_STATE_ERROR)
+            client->updateState(MP_PLAYER_STATE(state));
+    }
+    client->updateTime(1500, 6000);
+    client->updateBuffering(40);
+    client->updateDownloadProgress(70, 9);
+    client->updateDownloadComplete();
+    client->updateMetaInfo("Tide", "Shore", "Sea", QByteArray("\x01\xff", 2), true);
+    client->updateConnectionStatus(2);
+    client->updateConnectionStatus(3);
+    client->updateConnectionStatus(1);
+    EXPECT_EQ(take("display"),
+              (QStringList{"informState [2]", "informState [3]", "informState [1]", "informPosition [1500,0]",
+                           "informTotalDuration [6000]", "informBufferingPercentage [40]",
+                           "informDownloadProgress [70]",
+                           "informStaticStreamInfo [{\"album\":\"Sea\",\"artist\":\"Shore\",\"data\":\"01ff\","
+                           "\"title\":\"Tide\"}]",
+                           "informMessage [\"The connection to the server has failed\"]",
+                           "informMessage [\"Connecting to server\"]"}));
+}
+
+TEST_F(MP_CLIClientTest, DisplayCommands_DriveTheEngine)
+{
+    createClient();
+    QSignalSpy quit(client.get(), &MP_CLIClient::quitApp);
+    skipJournal();
+    send(DisplayCommand::Kind::Play);
+    send(DisplayCommand::Kind::Pause); // the engine only toggles: both keys do
+    send(DisplayCommand::Kind::Stop);
+    send(DisplayCommand::Kind::Next);
+    send(DisplayCommand::Kind::Previous);
+    send(DisplayCommand::Kind::Shift, -5000);
+    send(DisplayCommand::Kind::ShiftFinished);
+    EXPECT_EQ(take("control"), (QStringList{"playPause []", "playPause []", "stop []", "next []", "previous []",
+                                            "seek [-5000]", "seekFinished []"}));
+    EXPECT_EQ(quit.count(), 0);
+    send(DisplayCommand::Kind::Exit);
+    EXPECT_EQ(quit.count(), 1);
+}
+
+TEST_F(MP_CLIClientTest, VolumeAndMute_ReachEngineAndDisplay_AndUnmutingStoresTheLevelAgain)
+{
+    createClient();
+    skipJournal();
+    send(DisplayCommand::Kind::Volume, 3);
+    send(DisplayCommand::Kind::Mute, 1);
+    send(DisplayCommand::Kind::Mute, 0);
+    EXPECT_EQ(take("control"), (QStringList{"setVolume [3]", "setMute [true]", "setMute [false]"}));
+    EXPECT_EQ(take("display"), (QStringList{"informVolume [3]", "informMuteState [1]", "informMuteState [0]"}));
+    // Level 0 means muted to the next session: unmuting must not leave it.
+    EXPECT_EQ(take("settings"), (QStringList{"VolumeLevel=3", "VolumeLevel=0", "VolumeLevel=3"}));
+
+    // A session that starts muted has seen no level: unmuting stores the default.
+    client.reset();
+    storeVolume(0);
+    createClient();
+    skipJournal();
+    send(DisplayCommand::Kind::Mute, 0);
+    EXPECT_EQ(take("settings"), QStringList{"VolumeLevel=5"});
+}
+
+} // namespace

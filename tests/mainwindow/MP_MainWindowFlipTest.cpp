@@ -1,0 +1,52 @@
+#include "mainwindow/MP_MainWindow.h"
+
+#include <memory>
+
+#include "host/platform/display/HostDisplay.h"
+#include "host/platform/phone/HostPhone.h"
+#include "tests/support/TestEnvironment.h"
+
+extern "C" MP_MainWindow* MP_CreateMainWindow(const QString& passedFile);
+extern "C" void MP_DeleteMainWindow(MP_MainWindow* window);
+
+namespace {
+
+struct WindowDeleter {
+    void operator()(MP_MainWindow* window) const { MP_DeleteMainWindow(window); }
+};
+using WindowPtr = std::unique_ptr<MP_MainWindow, WindowDeleter>;
+
+class MP_MainWindowFlipTest : public TestEnvironment {};
+
+TEST_F(MP_MainWindowFlipTest, FlipClosedBeforeTheEngine_TheEngineComesWithTheDisplayClient)
+{
+    WindowPtr window(MP_CreateMainWindow(QString("/music/song.mp3")));
+    // No engine yet: the flip is noted, and nothing else can happen.
+    HostPhone::setFlipStatus(1);
+    window->onFlipStatusChanged(1);
+    EXPECT_EQ(window->cliClient(), nullptr);
+
+    ASSERT_TRUE(waitUntil([&] { return window->commonPlayer() != nullptr; }));
+    ASSERT_NE(window->cliClient(), nullptr);
+    const QStringList calls = journalCalls();
+    EXPECT_LT(calls.indexOf("engine:MP_CreateCommonPlayer"), calls.indexOf("display:beginSession"));
+
+    // The display client goes first when the engine is released.
+    window->freeCommonPlayer();
+    EXPECT_EQ(window->cliClient(), nullptr);
+    const QStringList after = journalCalls();
+    EXPECT_EQ(after.mid(after.indexOf("display:endSession")),
+              (QStringList{"display:endSession", "engine:removeListListener", "engine:removePlayerListener",
+                           "engine:MP_DestroyCommonPlayer"}));
+}
+
+TEST_F(MP_MainWindowFlipTest, DisplayExit_QuitsThePlayer)
+{
+    HostPhone::setFlipStatus(1);
+    WindowPtr window(MP_CreateMainWindow(QString("/music/song.mp3")));
+    ASSERT_TRUE(waitUntil([&] { return window->cliClient() != nullptr; }));
+    ASSERT_TRUE(HostDisplay::send({DisplayCommand::Kind::Exit, 0}));
+    EXPECT_TRUE(journalCalls().contains("engine:closePlayerWindow"));
+}
+
+} // namespace
