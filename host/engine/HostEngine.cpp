@@ -64,6 +64,7 @@ HostEngine::~HostEngine()
 void HostEngine::setFile(const QString& path)
 {
     journalCall("setFile", {path});
+    bringUpScreen();
     const bool keepPlaying = m_state == MP_STATE_PLAYING;
     if (m_list) {
         m_list = nullptr;
@@ -82,6 +83,8 @@ void HostEngine::setPlayList(MP_ListInterface* list)
     m_list = list;
     if (!list)
         forgetMedia();
+    else
+        bringUpScreen();
     announceListInfo();
     if (!list)
         setState(MP_STATE_STOPPED);
@@ -92,6 +95,15 @@ void HostEngine::setPlayList(MP_ListInterface* list)
 void HostEngine::showPlayer()
 {
     journalCall("showPlayer");
+    bringUpScreen();
+}
+
+// A phone's player screen comes up when it is given something to play: the
+// library asks for it only when the player is already running (a second list,
+// the launcher), so the first launch relies on this. Not journaled: it is the
+// engine's own doing, not a call of the library.
+void HostEngine::bringUpScreen()
+{
     m_mainWidget->show();
     m_mainWidget->raise();
     m_mainWidget->activateWindow();

@@ -43,10 +43,12 @@ public:
     HostEngine(bool playerFlag, MP_LAUNCH_TYPE launchType);
     ~HostEngine() override;
 
-    /** Loads @p path as a single file; keeps playing if it was. A list played until
-     *  then is dropped and reported as updateListInfo(null). */
+    /** Loads @p path as a single file and shows the player screen; keeps playing
+     *  if it was. A list played until then is dropped and reported as
+     *  updateListInfo(null). */
     void setFile(const QString& path) override;
-    /** Walks @p list (not owned) from its current item; null stops and forgets the list. */
+    /** Walks @p list (not owned) from its current item and shows the player
+     *  screen; null stops and forgets the list (the screen stays as it is). */
     void setPlayList(MP_ListInterface* list) override;
     void showPlayer() override;
     void closePlayerWindow() override;
@@ -127,6 +129,9 @@ private:
     void stepBack();
     void seekBy(int offset);
     void reportEverythingTo(MP_PlayerListener* listener);
+
+    /** Shows the player screen in front. */
+    void bringUpScreen();
 
     // Loading and stepping.
     bool loadMedia(const QString& path);
