@@ -12,6 +12,12 @@
 //   remove                      remove the playing entry through the list, without asking
 //   dialog answer N             the next dialog answers N
 //   db add|remove|touch PATH    change the media database as the scanner does
+//   softkey left|right          click a soft key of the player screen
+//   profile BIT on|off          set a feature bit of the phone (journaled)
+//   engine medium N             the playing item is of medium N (0..3); list info is reported again
+//   engine progress A B         the engine reports download progress (A, B)
+//   engine complete             the engine reports the download complete
+//   engine state N              the engine reports state N
 //   quit                        delete the main window and end
 // After every command the event loop runs briefly, so that deferred work
 // (posted events, 1 ms timers, channel deliveries) has happened before the
@@ -22,6 +28,7 @@
 #include <QString>
 #include <QStringList>
 
+class HostEngine;
 class PlayerSession;
 
 class ScriptRunner {
@@ -55,6 +62,13 @@ private:
     bool commandRemove(const QStringList& arguments, QString* error);
     bool commandDialog(const QStringList& arguments, QString* error);
     bool commandDb(const QStringList& arguments, QString* error);
+    bool commandSoftKey(const QStringList& arguments, QString* error);
+    bool commandProfile(const QStringList& arguments, QString* error);
+    bool commandEngine(const QStringList& arguments, QString* error);
+    bool engineMedium(HostEngine& engine, const QStringList& arguments, QString* error);
+    bool engineProgress(HostEngine& engine, const QStringList& arguments, QString* error);
+    bool engineComplete(HostEngine& engine, const QStringList& arguments, QString* error);
+    bool engineState(HostEngine& engine, const QStringList& arguments, QString* error);
 
     PlayerSession& m_session;
     QString m_name;

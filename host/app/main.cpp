@@ -22,6 +22,7 @@
 #include "host/app/ScriptRunner.h"
 #include "host/app/TerminationSignals.h"
 #include "host/engine/HostEngine.h"
+#include "host/platform/phone/HostPhone.h"
 #include "host/platform/toolkit/HostDialogs.h"
 #include "host/platform/services/HostLaunchAction.h"
 #include "platform/MP_CommonPlayer.h"
@@ -152,6 +153,8 @@ int main(int argc, char** argv)
         }
         LOG_SetStream(log);
     }
+
+    HostPhone::prepareDataFolder();
 
     MainWindowLibrary library;
     if (!library.load(libraryPath(), &error)) {

@@ -1,5 +1,6 @@
 #include "host/engine/HostEngine.h"
 
+#include <QGuiApplication>
 #include <QLoggingCategory>
 
 #include <algorithm>
@@ -105,6 +106,12 @@ void HostEngine::showPlayer()
 void HostEngine::bringUpScreen()
 {
     m_mainWidget->show();
+    // Without a screen there is nothing to be in front of, and the offscreen
+    // platform says so on standard error, which a headless run keeps for the
+    // person's messages.
+    const QString platform = QGuiApplication::platformName();
+    if (platform == QLatin1String("offscreen") || platform == QLatin1String("minimal"))
+        return;
     m_mainWidget->raise();
     m_mainWidget->activateWindow();
 }
@@ -235,6 +242,16 @@ void HostEngine::setMediumType(int type)
     journalCall("setMediumType", {type});
     m_mediumOverride = type >= 0 ? type : -1;
     m_medium = mediumOf(m_path);
+    // What plays changed kind: listeners that choose a screen by the medium
+    // (the player screen's menus, a transfer session) learn it as they would
+    // from a new item.
+    announceListInfo();
+}
+
+void HostEngine::reportState(MP_PLAYER_STATE state)
+{
+    m_state = state;
+    announceState();
 }
 
 void HostEngine::reportDownloadProgress(int progress, int value)

@@ -84,8 +84,12 @@ public:
     static bool consoleOutput();
 
     /** Forces the medium type (2 progressive download, 3 transfer session) of the current
-     *  and every later item; a negative value returns to taking it from the path. Journaled. */
+     *  and every later item; a negative value returns to taking it from the path. Journaled.
+     *  The list information is reported again to every list listener. */
     void setMediumType(int type);
+    /** The engine is now in @p state and reports it to every player listener, even
+     *  when it was in it already (a script's stand-in for what a real engine meets). */
+    void reportState(MP_PLAYER_STATE state);
     /** Reports download progress of the current item to the player listeners. */
     void reportDownloadProgress(int progress, int value);
     /** Reports that the download of the current item finished. */

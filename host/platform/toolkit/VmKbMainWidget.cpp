@@ -33,6 +33,10 @@ VmKbMainWidget::VmKbMainWidget(QWidget* parent) : QWidget(parent), m_content(new
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
+    // The window has the phone's size; a layout that set its minimum would
+    // make the window system (or the offscreen platform, on standard error)
+    // negotiate size hints at every showing.
+    layout->setSizeConstraint(QLayout::SetNoConstraint);
     layout->addWidget(m_content, 1);
     resize(HostScreen::kWidth, HostScreen::kHeight);
     setFocusPolicy(Qt::StrongFocus);
