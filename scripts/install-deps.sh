@@ -4,9 +4,10 @@
 set -euo pipefail
 
 # clang builds the fuzz targets; libclang-rt-14-dev holds libFuzzer and the
-# sanitizer runtimes it links (clang only recommends it).
+# sanitizer runtimes it links (clang only recommends it). xvfb and xauth give
+# the window test a virtual X display.
 packages=(g++ cmake ninja-build pkg-config qt6-base-dev libsqlite3-dev libtag1-dev
-          libgtest-dev libgmock-dev libbenchmark-dev clang libclang-rt-14-dev)
+          libgtest-dev libgmock-dev libbenchmark-dev clang libclang-rt-14-dev xvfb xauth)
 
 missing=()
 for package in "${packages[@]}"; do
