@@ -93,7 +93,12 @@ VmOptionsMenu::VmOptionsMenu(const QRect& rect, QWidget* parent, const char* nam
     hide();
 }
 
-VmOptionsMenu::~VmOptionsMenu() = default;
+VmOptionsMenu::~VmOptionsMenu()
+{
+    // Gone before the QWidget part: an open menu closes as it dies, and its
+    // aboutToHide must not be relayed through what is left of this object.
+    delete d->menu;
+}
 
 void VmOptionsMenu::setMenu(VmOptMenuParser* parser, QString name)
 {
