@@ -5,10 +5,11 @@ set -euo pipefail
 
 # dbus-daemon gives the tests of messages between processes a private bus.
 # clang builds the fuzz targets; libclang-rt-14-dev holds libFuzzer and the
-# sanitizer runtimes it links (clang only recommends it).
+# sanitizer runtimes it links (clang only recommends it). xvfb and xauth give
+# the window test a virtual X display.
 packages=(g++ cmake ninja-build pkg-config qt6-base-dev libsqlite3-dev libtag1-dev
           qt6-l10n-tools qt6-tools-dev libgtest-dev libgmock-dev libbenchmark-dev
-          dbus-daemon clang libclang-rt-14-dev)
+          dbus-daemon clang libclang-rt-14-dev xvfb xauth)
 
 missing=()
 for package in "${packages[@]}"; do

@@ -18,6 +18,7 @@
 #include "host/engine/HostEngine.h"
 #include "host/engine/HostEngineClock.h"
 #include "host/platform/display/HostDisplay.h"
+#include "host/platform/phone/HostPhone.h"
 #include "host/platform/toolkit/HostDialogs.h"
 #include "host/platform/media/MediaDatabase.h"
 #include "host/platform/media/MediaScanner.h"
@@ -26,6 +27,8 @@
 #include "platform/MP_CommonPlayer.h"
 #include "platform/QCopChannel.h"
 #include "platform/SETUP_SET_Manager.h"
+#include "platform/VmKbMainWidget.h"
+#include "platform/VmSoftKey.h"
 
 namespace {
 
@@ -68,6 +71,26 @@ bool toMilliseconds(const QStringList& arguments, int* milliseconds, QString* er
     return true;
 }
 
+// The running engine, or null with a reason.
+HostEngine* runningEngine(QString* error)
+{
+    HostEngine* engine = HostEngine::liveEngine();
+    if (!engine)
+        *error = QStringLiteral("no player is running");
+    return engine;
+}
+
+// @p count whole numbers; false with a reason naming @p usage otherwise.
+bool toNumbers(const QStringList& arguments, int count, QList<int>* numbers, const char* usage, QString* error)
+{
+    bool ok = arguments.size() == count;
+    for (int i = 0; ok && i < count; ++i)
+        numbers->append(arguments.at(i).toInt(&ok));
+    if (!ok)
+        *error = QStringLiteral("expects %1").arg(QLatin1String(usage));
+    return ok;
+}
+
 } // namespace
 
 ScriptRunner::ScriptRunner(PlayerSession& session) : m_session(session)
@@ -91,6 +114,9 @@ ScriptRunner::ScriptRunner(PlayerSession& session) : m_session(session)
         {QStringLiteral("hide"), &ScriptRunner::commandHide},
         {QStringLiteral("flip"), &ScriptRunner::commandFlip},
         {QStringLiteral("display"), &ScriptRunner::commandDisplay},
+        {QStringLiteral("softkey"), &ScriptRunner::commandSoftKey},
+        {QStringLiteral("profile"), &ScriptRunner::commandProfile},
+        {QStringLiteral("engine"), &ScriptRunner::commandEngine},
     };
 }
 
@@ -386,5 +412,92 @@ bool ScriptRunner::commandDisplay(const QStringList& arguments, QString* error)
         *error = QStringLiteral("the external display shows no player (is the flip closed while playing?)");
         return false;
     }
+    return true;
+}
+
+bool ScriptRunner::commandSoftKey(const QStringList& arguments, QString* error)
+{
+    const QStringList keys = {QStringLiteral("left"), QStringLiteral("right")};
+    const int key = arguments.size() == 1 ? int(keys.indexOf(arguments.first())) : -1;
+    if (key < 0) {
+        *error = QStringLiteral("expects left or right");
+        return false;
+    }
+    HostEngine* engine = runningEngine(error);
+    VmSoftKey* softKey = engine ? engine->getMainWidget()->getSoftKey(false) : nullptr;
+    if (engine && !softKey)
+        *error = QStringLiteral("the player screen has no soft keys");
+    if (softKey)
+        softKey->click(key);
+    return softKey != nullptr;
+}
+
+bool ScriptRunner::commandProfile(const QStringList& arguments, QString* error)
+{
+    bool ok = arguments.size() == 2;
+    const uint bit = ok ? arguments.at(0).toUInt(&ok) : 0;
+    const QString value = arguments.value(1);
+    if (!ok || bit > 0xFFFF || (value != QLatin1String("on") && value != QLatin1String("off"))) {
+        *error = QStringLiteral("expects a feature bit (0 to 65535) and on or off");
+        return false;
+    }
+    HostPhone::setFlexBit(int(bit), value == QLatin1String("on"));
+    return true;
+}
+
+bool ScriptRunner::commandEngine(const QStringList& arguments, QString* error)
+{
+    using Report = bool (ScriptRunner::*)(HostEngine&, const QStringList&, QString*);
+    static const QHash<QString, Report> reports = {
+        {QStringLiteral("medium"), &ScriptRunner::engineMedium},
+        {QStringLiteral("progress"), &ScriptRunner::engineProgress},
+        {QStringLiteral("complete"), &ScriptRunner::engineComplete},
+        {QStringLiteral("state"), &ScriptRunner::engineState},
+    };
+    const Report report = reports.value(arguments.value(0));
+    if (!report) {
+        *error = QStringLiteral("expects medium N, progress A B, complete or state N");
+        return false;
+    }
+    HostEngine* engine = runningEngine(error);
+    return engine && (this->*report)(*engine, arguments.mid(1), error);
+}
+
+bool ScriptRunner::engineMedium(HostEngine& engine, const QStringList& arguments, QString* error)
+{
+    QList<int> numbers;
+    if (!toNumbers(arguments, 1, &numbers, "medium N (0 local, 1 stream, 2 download, 3 transfer)", error))
+        return false;
+    if (numbers.first() < 0 || numbers.first() > 3) {
+        *error = QStringLiteral("medium %1 is none of 0 to 3").arg(numbers.first());
+        return false;
+    }
+    engine.setMediumType(numbers.first());
+    return true;
+}
+
+bool ScriptRunner::engineProgress(HostEngine& engine, const QStringList& arguments, QString* error)
+{
+    QList<int> numbers;
+    if (!toNumbers(arguments, 2, &numbers, "progress A B", error))
+        return false;
+    engine.reportDownloadProgress(numbers.at(0), numbers.at(1));
+    return true;
+}
+
+bool ScriptRunner::engineComplete(HostEngine& engine, const QStringList& arguments, QString* error)
+{
+    if (!noArguments(arguments, error))
+        return false;
+    engine.reportDownloadComplete();
+    return true;
+}
+
+bool ScriptRunner::engineState(HostEngine& engine, const QStringList& arguments, QString* error)
+{
+    QList<int> numbers;
+    if (!toNumbers(arguments, 1, &numbers, "state N", error))
+        return false;
+    engine.reportState(MP_PLAYER_STATE(numbers.first()));
     return true;
 }

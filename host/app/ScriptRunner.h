@@ -15,6 +15,12 @@
 //   db add|remove|touch PATH    change the media database as the scanner does
 //   flip open|closed            the phone's flip moves; the application tells the window
 //   display COMMAND [ARG]       the user's command on the external display (DisplayCommandParser)
+//   softkey left|right          click a soft key of the player screen
+//   profile BIT on|off          set a feature bit of the phone (journaled)
+//   engine medium N             the playing item is of medium N (0..3); list info is reported again
+//   engine progress A B         the engine reports download progress (A, B)
+//   engine complete             the engine reports the download complete
+//   engine state N              the engine reports state N
 //   quit                        delete the main window and end
 // After every command the event loop runs briefly, so that deferred work
 // (posted events, 1 ms timers, channel deliveries) has happened before the
@@ -25,6 +31,7 @@
 #include <QString>
 #include <QStringList>
 
+class HostEngine;
 class PlayerSession;
 
 class ScriptRunner {
@@ -61,6 +68,13 @@ private:
     bool commandDb(const QStringList& arguments, QString* error);
     bool commandFlip(const QStringList& arguments, QString* error);
     bool commandDisplay(const QStringList& arguments, QString* error);
+    bool commandSoftKey(const QStringList& arguments, QString* error);
+    bool commandProfile(const QStringList& arguments, QString* error);
+    bool commandEngine(const QStringList& arguments, QString* error);
+    bool engineMedium(HostEngine& engine, const QStringList& arguments, QString* error);
+    bool engineProgress(HostEngine& engine, const QStringList& arguments, QString* error);
+    bool engineComplete(HostEngine& engine, const QStringList& arguments, QString* error);
+    bool engineState(HostEngine& engine, const QStringList& arguments, QString* error);
 
     PlayerSession& m_session;
     QString m_name;

@@ -23,6 +23,7 @@
 #include "host/app/ScriptWords.h"
 #include "host/app/TerminationSignals.h"
 #include "host/engine/HostEngine.h"
+#include "host/platform/phone/HostPhone.h"
 #include "host/platform/toolkit/HostDialogs.h"
 #include "host/platform/toolkit/HostTranslations.h"
 #include "host/platform/services/HostLaunchAction.h"
@@ -171,6 +172,7 @@ int main(int argc, char** argv)
 
     if (!chooseLanguage(options))
         return ExitBadUsage;
+    HostPhone::prepareDataFolder();
 
     MainWindowLibrary library;
     if (!library.load(libraryPath(), &error)) {

@@ -1,5 +1,6 @@
 #include "host/engine/HostEngine.h"
 
+#include <QGuiApplication>
 #include <QLoggingCategory>
 
 #include <algorithm>
@@ -42,7 +43,7 @@ HostEngine::HostEngine(bool playerFlag, MP_LAUNCH_TYPE launchType)
     , m_launchType(launchType)
     , m_control(*this)
     , m_mainWidget(std::make_unique<VmKbMainWidget>())
-    , m_view(*m_mainWidget)
+    , m_view(*m_mainWidget->contentArea())
     , m_console(stderr, isatty(fileno(stderr)) != 0)
 {
     m_mainWidget->setWindowTitle(QStringLiteral("Media Player"));
@@ -64,6 +65,7 @@ HostEngine::~HostEngine()
 void HostEngine::setFile(const QString& path)
 {
     journalCall("setFile", {path});
+    bringUpScreen();
     const bool keepPlaying = m_state == MP_STATE_PLAYING;
     if (m_list) {
         m_list = nullptr;
@@ -82,6 +84,8 @@ void HostEngine::setPlayList(MP_ListInterface* list)
     m_list = list;
     if (!list)
         forgetMedia();
+    else
+        bringUpScreen();
     announceListInfo();
     if (!list)
         setState(MP_STATE_STOPPED);
@@ -92,7 +96,22 @@ void HostEngine::setPlayList(MP_ListInterface* list)
 void HostEngine::showPlayer()
 {
     journalCall("showPlayer");
+    bringUpScreen();
+}
+
+// A phone's player screen comes up when it is given something to play: the
+// library asks for it only when the player is already running (a second list,
+// the launcher), so the first launch relies on this. Not journaled: it is the
+// engine's own doing, not a call of the library.
+void HostEngine::bringUpScreen()
+{
     m_mainWidget->show();
+    // Without a screen there is nothing to be in front of, and the offscreen
+    // platform says so on standard error, which a headless run keeps for the
+    // person's messages.
+    const QString platform = QGuiApplication::platformName();
+    if (platform == QLatin1String("offscreen") || platform == QLatin1String("minimal"))
+        return;
     m_mainWidget->raise();
     m_mainWidget->activateWindow();
 }
@@ -223,6 +242,16 @@ void HostEngine::setMediumType(int type)
     journalCall("setMediumType", {type});
     m_mediumOverride = type >= 0 ? type : -1;
     m_medium = mediumOf(m_path);
+    // What plays changed kind: listeners that choose a screen by the medium
+    // (the player screen's menus, a transfer session) learn it as they would
+    // from a new item.
+    announceListInfo();
+}
+
+void HostEngine::reportState(MP_PLAYER_STATE state)
+{
+    m_state = state;
+    announceState();
 }
 
 void HostEngine::reportDownloadProgress(int progress, int value)

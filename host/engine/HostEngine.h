@@ -43,10 +43,12 @@ public:
     HostEngine(bool playerFlag, MP_LAUNCH_TYPE launchType);
     ~HostEngine() override;
 
-    /** Loads @p path as a single file; keeps playing if it was. A list played until
-     *  then is dropped and reported as updateListInfo(null). */
+    /** Loads @p path as a single file and shows the player screen; keeps playing
+     *  if it was. A list played until then is dropped and reported as
+     *  updateListInfo(null). */
     void setFile(const QString& path) override;
-    /** Walks @p list (not owned) from its current item; null stops and forgets the list. */
+    /** Walks @p list (not owned) from its current item and shows the player
+     *  screen; null stops and forgets the list (the screen stays as it is). */
     void setPlayList(MP_ListInterface* list) override;
     void showPlayer() override;
     void closePlayerWindow() override;
@@ -82,8 +84,12 @@ public:
     static bool consoleOutput();
 
     /** Forces the medium type (2 progressive download, 3 transfer session) of the current
-     *  and every later item; a negative value returns to taking it from the path. Journaled. */
+     *  and every later item; a negative value returns to taking it from the path. Journaled.
+     *  The list information is reported again to every list listener. */
     void setMediumType(int type);
+    /** The engine is now in @p state and reports it to every player listener, even
+     *  when it was in it already (a script's stand-in for what a real engine meets). */
+    void reportState(MP_PLAYER_STATE state);
     /** Reports download progress of the current item to the player listeners. */
     void reportDownloadProgress(int progress, int value);
     /** Reports that the download of the current item finished. */
@@ -127,6 +133,9 @@ private:
     void stepBack();
     void seekBy(int offset);
     void reportEverythingTo(MP_PlayerListener* listener);
+
+    /** Shows the player screen in front. */
+    void bringUpScreen();
 
     // Loading and stepping.
     bool loadMedia(const QString& path);

@@ -1,25 +1,47 @@
 #include "host/platform/phone/HostPhone.h"
 
+#include <QDir>
+#include <QFileInfo>
 #include <QHash>
-#include <QSet>
+#include <QLoggingCategory>
+#include <QSaveFile>
 
+#include "host/platform/HostDataDir.h"
 #include "host/platform/HostJournal.h"
+#include "host/platform/phone/HostProfileFile.h"
+#include "host/platform/phone/HostStorage.h"
+
+Q_LOGGING_CATEGORY(lcPhone, "mp.host.phone")
 
 namespace {
 
+HostProfileFile::Content defaultProfile()
+{
+    HostProfileFile::Content defaults;
+    // A phone with a blog service that checks ringtones, and with bookmarks.
+    defaults.flexBits = {{149, true}, {492, false}, {512, true}};
+    // Phone memory and a memory card.
+    defaults.items.insert(QStringLiteral("MF_FlexNumber/StorageNumber"), QStringLiteral("2"));
+    return defaults;
+}
+
 struct PhoneState {
     int flipStatus = 0;
-    QSet<int> flexBits;
+    QHash<int, bool> flexBits;
     QHash<QString, QString> profile;
 
     PhoneState() { setDefaults(); }
     void setDefaults()
     {
         flipStatus = 0;
-        flexBits.clear();
-        profile.clear();
-        // Phone memory and a memory card.
-        profile.insert(QStringLiteral("MF_FlexNumber/StorageNumber"), QStringLiteral("2"));
+        const HostProfileFile::Content defaults = defaultProfile();
+        flexBits = defaults.flexBits;
+        profile = defaults.items;
+        const HostProfileFile::Content file = HostProfileFile::read(HostPhone::profilePath());
+        for (const QString& warning : file.warnings)
+            qCWarning(lcPhone).noquote() << HostPhone::profilePath() + QLatin1Char(':') << warning << "(skipped)";
+        flexBits.insert(file.flexBits);
+        profile.insert(file.items);
     }
 };
 
@@ -49,16 +71,13 @@ int HostPhone::flipStatus()
 
 void HostPhone::setFlexBit(int bit, bool on)
 {
-    if (on)
-        phone().flexBits.insert(bit);
-    else
-        phone().flexBits.remove(bit);
+    phone().flexBits.insert(bit, on);
     HostJournal::call(QStringLiteral("phone"), QStringLiteral("setFlexBit"), {bit, on});
 }
 
 bool HostPhone::flexBit(int bit)
 {
-    return phone().flexBits.contains(bit);
+    return phone().flexBits.value(bit, false);
 }
 
 void HostPhone::setProfileItem(const QString& section, const QString& key, const QString& value)
@@ -75,4 +94,23 @@ QString HostPhone::profileItem(const QString& section, const QString& key)
 void HostPhone::reset()
 {
     phone().setDefaults();
+}
+
+QString HostPhone::profilePath()
+{
+    return HostDataDir::file(QStringLiteral("profile.ini"));
+}
+
+void HostPhone::prepareDataFolder()
+{
+    const QString path = profilePath();
+    if (QFileInfo::exists(path) || !HostDataDir::isWritable(HostDataDir::path()))
+        return;
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(HostProfileFile::defaultText(defaultProfile())) < 0
+        || !file.commit()) {
+        qCWarning(lcPhone) << "cannot write the default profile" << path;
+        return;
+    }
+    QDir().mkpath(HostStorage::memoryCardPath());
 }

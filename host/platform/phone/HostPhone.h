@@ -2,6 +2,8 @@
 // The state of the host phone that a person would change on a real one:
 // the flip, feature bits, profile items. Tests and scenario scripts set it;
 // every change is journaled as {"kind":"phone","call":...,"args":[...]}.
+// A new phone starts from the defaults below, then from what the data
+// folder's profile file (HostProfileFile) says.
 
 #include <QString>
 
@@ -11,6 +13,8 @@ public:
     static void setFlipStatus(int status);
     static int flipStatus();
 
+    /** Feature bits that are on unless the profile says otherwise: 149 (blog)
+     *  and 512 (ringtone check); every other bit, 492 included, is off. */
     static void setFlexBit(int bit, bool on);
     static bool flexBit(int bit);
 
@@ -18,6 +22,15 @@ public:
     static void setProfileItem(const QString& section, const QString& key, const QString& value);
     static QString profileItem(const QString& section, const QString& key);
 
-    /** Back to a new phone's state (tests). Not journaled. */
+    /** Back to a new phone's state: the defaults, then the profile file of the
+     *  current data folder (tests). Not journaled. */
     static void reset();
+
+    /** <data folder>/profile.ini */
+    static QString profilePath();
+    /** A data folder without a profile file is a new phone's: it gets the
+     *  default profile written out (so that a person sees what to edit) and a
+     *  memory card, as a phone usually has its card in. Nothing when the
+     *  folder is read-only or already has a profile. */
+    static void prepareDataFolder();
 };

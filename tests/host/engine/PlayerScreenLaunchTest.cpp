@@ -1,0 +1,54 @@
+// The player screen comes up when a launch gives the player something to
+// play, also on the first launch, where the library asks for no screen.
+
+#include <QFile>
+
+#include <memory>
+
+#include "host/engine/HostEngine.h"
+#include "host/platform/media/MediaDatabase.h"
+#include "mainwindow/MP_MainWindow.h"
+#include "tests/support/SongBuilder.h"
+#include "tests/support/TestEnvironment.h"
+
+extern "C" MP_MainWindow* MP_CreateMainWindow(const QString& passedFile);
+extern "C" void MP_DeleteMainWindow(MP_MainWindow* window);
+
+namespace {
+
+struct WindowDeleter {
+    void operator()(MP_MainWindow* window) const { MP_DeleteMainWindow(window); }
+};
+using WindowPtr = std::unique_ptr<MP_MainWindow, WindowDeleter>;
+
+using PlayerScreenLaunchTest = TestEnvironment;
+
+bool screenShown()
+{
+    HostEngine* engine = HostEngine::liveEngine();
+    return engine && engine->isPlayerShown();
+}
+
+TEST_F(PlayerScreenLaunchTest, PassedFileAndLibraryLaunch_ShowTheScreen)
+{
+    const QString path = dataPath("a.wav");
+    QFile(path).open(QIODevice::WriteOnly);
+    {
+        WindowPtr window(MP_CreateMainWindow(path));
+        EXPECT_TRUE(waitUntil(screenShown)) << "a passed file";
+        EXPECT_FALSE(journalCalls().contains("engine:showPlayer")) << "the library did not ask";
+    }
+    ASSERT_EQ(HostEngine::liveEngine(), nullptr);
+
+    {
+        auto database = MediaDatabase::open(MediaDatabase::defaultFile());
+        ASSERT_TRUE(database);
+        ASSERT_NE(database->addMedia(song(path).title("A")), 0u);
+    }
+    // Without a file or an action the start-up plays the whole library.
+    WindowPtr window(MP_CreateMainWindow(QString()));
+    EXPECT_TRUE(waitUntil(screenShown)) << "a list";
+    EXPECT_TRUE(journalCalls().contains("engine:setPlayList"));
+}
+
+} // namespace

@@ -1,0 +1,151 @@
+// Shows the player window under a real display, playing a sample song with
+// its options menu open, grabs the whole screen (so the pop-up menu is in the
+// picture) and checks that something was drawn: the window and the menu
+// stand out from the background, and the title is text, not one colour.
+//
+//   mp_window_shot OUTPUT.png
+//
+// Exit 0 when the picture holds what it must, 1 when not, 77 (skipped) when
+// there is no X display to show the window on.
+
+#include <QApplication>
+#include <QDir>
+#include <QDirIterator>
+#include <QImage>
+#include <QLabel>
+#include <QMenu>
+#include <QScreen>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <cstdio>
+#include <memory>
+
+#include "host/engine/HostEngine.h"
+#include "host/engine/HostEngineClock.h"
+#include "host/tools/samplegen/SampleLibraryWriter.h"
+#include "platform/VmKbMainWidget.h"
+#include "platform/VmOptionsMenu.h"
+#include "platform/VmSoftKey.h"
+#include "tests/support/SampleMenuParser.h"
+
+namespace {
+
+constexpr int kSkipped = 77;
+constexpr int kWaitMilliseconds = 5000;
+
+QString firstSong(const QString& library)
+{
+    QStringList songs;
+    QDirIterator it(library + QStringLiteral("/Music"), {QStringLiteral("*.wav")}, QDir::Files,
+                    QDirIterator::Subdirectories);
+    while (it.hasNext()) {
+        const QString path = it.next();
+        if (!path.contains(QLatin1String("/Unsorted/")))
+            songs.append(path);
+    }
+    songs.sort();
+    return songs.value(0);
+}
+
+bool fail(const char* why)
+{
+    std::fprintf(stderr, "mp_window_shot: %s\n", why);
+    return false;
+}
+
+// Whether the rectangle @p area of @p image holds more than one colour.
+bool hasDetail(const QImage& image, const QRect& area)
+{
+    const QRect inside = area.intersected(image.rect());
+    for (int y = inside.top(); y <= inside.bottom(); ++y) {
+        for (int x = inside.left(); x <= inside.right(); ++x) {
+            if (image.pixel(x, y) != image.pixel(inside.topLeft()))
+                return true;
+        }
+    }
+    return false;
+}
+
+bool check(const QImage& shot, const VmKbMainWidget& window, const QMenu& menu)
+{
+    if (shot.isNull())
+        return fail("the screen could not be grabbed");
+    // The window sits away from the screen's corner, which shows the background.
+    const QRgb background = shot.pixel(shot.width() - 1, shot.height() - 1);
+    const QRect windowArea(window.mapToGlobal(QPoint(0, 0)), window.size());
+    const QRect menuArea(menu.pos(), menu.size());
+    if (shot.pixel(windowArea.center() + QPoint(0, windowArea.height() / 4)) == background && !hasDetail(shot, windowArea))
+        return fail("the window is not in the picture");
+    if (!menu.isVisible() || shot.pixel(menuArea.center()) == background)
+        return fail("the options menu is not in the picture");
+    const auto* title = window.findChild<QLabel*>(QStringLiteral("title"));
+    if (!title || !hasDetail(shot, QRect(title->mapToGlobal(QPoint(0, 0)), title->size())))
+        return fail("the title area is one colour");
+    return true;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    if (argc != 2) {
+        std::fprintf(stderr, "usage: mp_window_shot OUTPUT.png\n");
+        return 2;
+    }
+    if (qEnvironmentVariableIsEmpty("DISPLAY")) {
+        std::printf("mp_window_shot: no X display (run it under xvfb-run): skipped\n");
+        return kSkipped;
+    }
+    qputenv("QT_QPA_PLATFORM", "xcb");
+    QTemporaryDir data;
+    qputenv("MP_DATA_DIR", data.path().toLocal8Bit());
+    QApplication app(argc, argv);
+
+    SampleLibraryWriter writer(data.filePath(QStringLiteral("library")));
+    const QString song = writer.write() ? firstSong(data.filePath(QStringLiteral("library"))) : QString();
+    if (song.isEmpty()) {
+        fail("no sample song");
+        return 1;
+    }
+
+    HostEngineClock::setManual(true);
+    auto engine = std::make_unique<HostEngine>(false, MP_LAUNCH_TYPE(1));
+    VmKbMainWidget* window = engine->getMainWidget();
+    window->move(40, 40);
+    VmSoftKey* keys = window->getSoftKey(true);
+    keys->setText(0, QStringLiteral("Options"));
+    keys->setText(1, QStringLiteral("Back"));
+    SampleMenuParser parser;
+    auto* menu = new VmOptionsMenu(QRect(0, 0, 240, 288), window);
+    menu->setMenu(&parser, QStringLiteral("sample"));
+    keys->setOptMenu(0, menu);
+
+    engine->setFile(song);
+    engine->autoPlay(false);
+    HostEngineClock::advance(1000);
+    if (!QTest::qWaitForWindowExposed(window, kWaitMilliseconds)) {
+        fail("the window did not appear");
+        return 1;
+    }
+    keys->click(0);
+    if (!QTest::qWaitForWindowExposed(menu->qmenu(), kWaitMilliseconds)) {
+        fail("the menu did not appear");
+        return 1;
+    }
+    // Paint both now rather than waiting for the window system's turn, so the
+    // picture does not depend on how long the exposure took.
+    window->repaint();
+    menu->qmenu()->repaint();
+    QCoreApplication::processEvents();
+
+    QScreen* screen = QGuiApplication::primaryScreen();
+    const QImage shot = screen->grabWindow(0).toImage();
+    if (!shot.save(QString::fromLocal8Bit(argv[1]), "PNG")) {
+        fail("cannot save the picture");
+        return 1;
+    }
+    const bool ok = check(shot, *window, *menu->qmenu());
+    menu->hideMenu();
+    return ok ? 0 : 1;
+}
