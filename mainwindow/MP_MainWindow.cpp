@@ -15,6 +15,7 @@
 #include "platform/QCopChannel.h"
 #include "platform/SETUP_SET_Manager.h"
 #include "platform/TraceLog.h"
+#include "screen/MP_WindowClient.h"
 
 MP_DEFINE_TRACE(MainWindowTrace, "MP_MainWindow")
 
@@ -86,6 +87,12 @@ void MP_MainWindow::initCommonPlayer(bool playerFlag)
     m_commonPlayer = MP_CreateCommonPlayer(playerFlag, m_launchType);
     connect(m_commonPlayer, SIGNAL(signalContentTypeChanged(MP_CONTENT_TYPE)), this,
             SLOT(slotContentTypeChanged(MP_CONTENT_TYPE)));
+    m_windowClient = std::make_unique<MP_WindowClient>(m_commonPlayer);
+    connect(m_windowClient.get(), SIGNAL(closePlayer()), this, SLOT(onClosePlayer()));
+    connect(m_windowClient.get(), SIGNAL(hidePlayer()), this, SLOT(onHidePlayer()));
+    connect(m_windowClient.get(), SIGNAL(quitApp()), this, SLOT(onQuitApp()));
+    connect(m_windowClient.get(), SIGNAL(signalSetupKeyClicked(int, bool)), this, SLOT(onSetupKeyClicked(int, bool)));
+    connect(m_windowClient.get(), SIGNAL(signalCurrentChanged()), this, SLOT(onCurrentItemChanged()));
 }
 
 void MP_MainWindow::freeCommonPlayer()
@@ -93,6 +100,7 @@ void MP_MainWindow::freeCommonPlayer()
     if (!m_commonPlayer)
         return;
     MainWindowTrace(3, "freeCommonPlayer\n");
+    m_windowClient.reset();
     // Released only through the engine library's factory, never deleted here.
     MP_DestroyCommonPlayer(m_commonPlayer);
     m_commonPlayer = nullptr;
@@ -102,6 +110,8 @@ void MP_MainWindow::setMediaFile(const QString& fileName)
 {
     MainWindowTrace(3, "setMediaFile: \"%s\"\n", qPrintable(fileName));
     initCommonPlayer(false);
+    m_windowClient->setUserList(false);
+    m_windowClient->setBackHide(false);
     m_commonPlayer->setShuffleRepeat(false, false);
     m_commonPlayer->setFile(fileName);
     playAutomatically(false);
@@ -145,6 +155,8 @@ void MP_MainWindow::setList(MP_AufList* list, bool userList, bool playFlag, bool
         connect(m_list.get(), SIGNAL(signalCurrentChanged()), this, SLOT(onCurrentItemChanged()));
         connect(m_list.get(), SIGNAL(signalListUpdate(int, bool)), this, SLOT(onShuffleRepeat(int, bool)));
     }
+    m_windowClient->setUserList(userList);
+    m_windowClient->setBackHide(true);
     m_commonPlayer->setPlayList(m_list.get());
     if (startPlayback)
         playAutomatically(playFlag);
@@ -184,6 +196,21 @@ void MP_MainWindow::releaseListQuietly()
     if (m_commonPlayer)
         m_commonPlayer->setPlayList(nullptr);
     m_list.reset();
+}
+
+void MP_MainWindow::onClosePlayer()
+{
+    MainWindowTrace(3, "onClosePlayer\n");
+}
+
+void MP_MainWindow::onHidePlayer()
+{
+    MainWindowTrace(3, "onHidePlayer\n");
+}
+
+void MP_MainWindow::onSetupKeyClicked(int key, bool pressed)
+{
+    MainWindowTrace(3, "onSetupKeyClicked: key %d, pressed %d\n", key, pressed);
 }
 
 void MP_MainWindow::onOpenDoc(const QString& fileName)

@@ -6,7 +6,7 @@
 // them. Created and destroyed only through the library's exported entry
 // points.
 //
-// Not built yet: the clients that mirror the player (screen, idle screen,
+// Not built yet: the clients that mirror the player (idle screen,
 // media browser, Bluetooth, external display), and the handlers of the
 // system and key channels, which are opened at start-up but not listened to.
 
@@ -22,6 +22,7 @@
 class AM_ActionData;
 class MP_AufList;
 class MP_CommonPlayer;
+class MP_WindowClient;
 class QCopChannel;
 
 class MP_MainWindow : public QWidget {
@@ -73,6 +74,7 @@ public:
     // Read-only views of the window's state.
     MP_LAUNCH_TYPE launchType() const { return m_launchType; }
     MP_CommonPlayer* commonPlayer() const { return m_commonPlayer; }
+    MP_WindowClient* windowClient() const { return m_windowClient.get(); }
     MP_AufList* currentList() const { return m_list.get(); }
     const LastPlayedListRecord& lastPlayedList() const { return m_lastPlayedList; }
 
@@ -81,6 +83,12 @@ public Q_SLOTS:
     void onOpenDoc(const QString& fileName);
     /** Closes the player screen and the window; a captured-video launch also emits quitApp(). */
     void onQuitApp();
+    /** The player screen asks to be closed. Not built yet: traces. */
+    void onClosePlayer();
+    /** The player screen asks to be hidden while playback goes on. Not built yet: traces. */
+    void onHidePlayer();
+    /** A setup key was pressed or released on the player screen. Not built yet: traces. */
+    void onSetupKeyClicked(int key, bool pressed);
     /** An action record from another application (or the launch action). */
     void onReceiveAction(const AM_ActionData& action);
     /** "PlayMusicListInMediaplayer": a selection of the music library. */
@@ -122,6 +130,8 @@ private:
     // (MP_DestroyCommonPlayer), never deleted here: a raw pointer, not a
     // unique_ptr, for that reason.
     MP_CommonPlayer* m_commonPlayer;
+    /** The player screen's client; exists exactly while the engine does. */
+    std::unique_ptr<MP_WindowClient> m_windowClient;
     /** The current play list; the engine only borrows it, and is told to let
      *  go before it is deleted (except in setList, which hands it the next). */
     std::unique_ptr<MP_AufList> m_list;
