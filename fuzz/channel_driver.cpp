@@ -40,6 +40,7 @@ const QList<QCString>& channels()
         "MEDIAPLAYER_MESSAGE_CHANNEL",
         "VEMO/System",
         UTIL_GetKeyEventChannel().toLatin1(),
+        "FILEMANAGER_MSG_CHANNEL",
     };
     return kChannels;
 }

@@ -12,6 +12,9 @@
 //   remove                      remove the playing entry through the list, without asking
 //   dialog answer N             the next dialog answers N
 //   db add|remove|touch PATH    change the media database as the scanner does
+//   menu open                   open the player's options menu and journal its items
+//   menu choose ID              choose an item of the options menu as a click would
+//   dlm cancel                  the download manager cancels the open transfer session
 //   quit                        delete the main window and end
 // After every command the event loop runs briefly, so that deferred work
 // (posted events, 1 ms timers, channel deliveries) has happened before the
@@ -55,6 +58,8 @@ private:
     bool commandRemove(const QStringList& arguments, QString* error);
     bool commandDialog(const QStringList& arguments, QString* error);
     bool commandDb(const QStringList& arguments, QString* error);
+    bool commandMenu(const QStringList& arguments, QString* error);
+    bool commandDlm(const QStringList& arguments, QString* error);
 
     PlayerSession& m_session;
     QString m_name;
