@@ -5,16 +5,23 @@
 
 class STUFF_Global {
 public:
+    /** The largest sound file (in bytes) that may become a ringtone: 1 MiB. */
+    static constexpr qint64 kMaxRingtoneBytes = 1024 * 1024;
+
     static STUFF_Global* instance();
     /** Whether a memory card is in; @p refresh asks the storage again rather than a cached answer. */
     static bool hasMMCSDCard(bool refresh);
-    /** Whether @p path may be set as a ringtone (a sound file small enough, not protected). */
+    /** Whether @p path may be set as a ringtone: a sound file of the media
+     *  database that exists and holds at most kMaxRingtoneBytes. */
     bool canAsRingTone(const QString& path) const;
 };
 
 /** The phone's fixed folders. */
 class MYSTUFF_FixedFolder {
 public:
-    /** Whether @p folder is a folder of preloaded content, which the user may not change. */
+    /** Whether @p folder is a folder of preloaded content, which the user may
+     *  not change: the preload folder itself or a folder below it. */
     static bool isPreloadFolder(const QString& folder);
+    /** Where preloaded content lies. */
+    static QString preloadPath();
 };

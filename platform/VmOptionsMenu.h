@@ -6,6 +6,8 @@
 #include <QRect>
 #include <QWidget>
 
+#include <memory>
+
 class QAction;
 class QMenu;
 class VmOptMenuParser;
@@ -60,5 +62,5 @@ Q_SIGNALS:
 
 private:
     struct Private;
-    Private* d;  // owned
+    std::unique_ptr<Private> d;
 };

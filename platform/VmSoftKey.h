@@ -5,6 +5,8 @@
 #include <QString>
 #include <QWidget>
 
+#include <memory>
+
 class VmOptionsMenu;
 
 class VmSoftKey : public QWidget {
@@ -33,5 +35,5 @@ Q_SIGNALS:
 
 private:
     struct Private;
-    Private* d;  // owned
+    std::unique_ptr<Private> d;
 };

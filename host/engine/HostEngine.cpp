@@ -42,7 +42,7 @@ HostEngine::HostEngine(bool playerFlag, MP_LAUNCH_TYPE launchType)
     , m_launchType(launchType)
     , m_control(*this)
     , m_mainWidget(std::make_unique<VmKbMainWidget>())
-    , m_view(*m_mainWidget)
+    , m_view(*m_mainWidget->contentArea())
     , m_console(stderr, isatty(fileno(stderr)) != 0)
 {
     m_mainWidget->setWindowTitle(QStringLiteral("Media Player"));

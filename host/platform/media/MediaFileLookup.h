@@ -1,0 +1,17 @@
+#pragma once
+// Finds the media object of a file in the process's own media database: what
+// the platform's media-file queries (isMediaFile, whether a sound may become
+// a ringtone) ask.
+
+#include <QString>
+
+#include <optional>
+
+#include "host/platform/media/MediaRecord.h"
+
+class MediaFileLookup {
+public:
+    /** The stored media object whose path is @p path; nothing when there is
+     *  none or the database cannot be opened. */
+    static std::optional<MediaRecord> find(const QString& path);
+};

@@ -1,0 +1,114 @@
+#include "platform/VmOptionsMenu.h"
+
+#include <QMenu>
+#include <QSignalSpy>
+#include <QSpinBox>
+
+#include "platform/VmKbMainWidget.h"
+#include "platform/VmSoftKey.h"
+#include "tests/support/SampleMenuParser.h"
+#include "tests/support/TestEnvironment.h"
+
+namespace {
+
+class VmOptionsMenuTest : public TestEnvironment {
+protected:
+    void SetUp() override
+    {
+        TestEnvironment::SetUp();
+        menu = new VmOptionsMenu(QRect(0, 0, 240, 288), &screen);
+        menu->setMenu(&parser, QStringLiteral("sample"));
+    }
+
+    VmKbMainWidget screen;
+    SampleMenuParser parser;
+    VmOptionsMenu* menu = nullptr; // owned by the screen
+    QSpinBox counter;             // stepUp() counts the commands run
+};
+
+TEST_F(VmOptionsMenuTest, SetMenu_BuildsTheTreeInMenuOrderAndDropsItemsWithoutAParent)
+{
+    EXPECT_EQ(menu->menuName(), "sample");
+    // A submenu's items follow its head, in the order the parser listed them.
+    EXPECT_EQ(menu->itemIds(), (QList<int>{10, 20, 21, 22, 30}));
+    EXPECT_EQ(menu->itemParent(22), 20);
+    EXPECT_EQ(menu->itemParent(30), 0);
+    EXPECT_EQ(menu->itemParent(40), -1);
+    EXPECT_EQ(menu->qmenu()->actions().size(), 3);
+
+    EXPECT_TRUE(menu->changeItem(22, "Card"));
+    EXPECT_EQ(menu->itemText(22), "Card");
+    EXPECT_FALSE(menu->changeItem(40, "Orphan"));
+
+    // A second menu replaces the first; an unknown name leaves it empty.
+    menu->setMenu(&parser, QStringLiteral("Sample"));
+    EXPECT_TRUE(menu->itemIds().isEmpty());
+    EXPECT_TRUE(menu->qmenu()->actions().isEmpty());
+    EXPECT_FALSE(menu->hasItem(10));
+}
+
+TEST_F(VmOptionsMenuTest, ChooseItem_RunsTheConnectedSlotOnlyForReachableCommands)
+{
+    ASSERT_TRUE(menu->connectItem(10, &counter, SLOT(stepUp())));
+    ASSERT_TRUE(menu->connectItem(21, &counter, SLOT(stepUp())));
+    ASSERT_TRUE(menu->connectItem(30, &counter, SLOT(stepUp())));
+    EXPECT_FALSE(menu->connectItem(99, &counter, SLOT(stepUp())));
+
+    EXPECT_TRUE(menu->chooseItem(10));
+    EXPECT_TRUE(menu->chooseItem(21));
+    EXPECT_EQ(counter.value(), 2);
+
+    // Connecting again replaces the command rather than adding a second one.
+    ASSERT_TRUE(menu->connectItem(10, &counter, SLOT(stepDown())));
+    EXPECT_TRUE(menu->chooseItem(10));
+    EXPECT_EQ(counter.value(), 1);
+
+    menu->setItemVisible(30, false);
+    menu->setItemEnabled(10, false);
+    EXPECT_FALSE(menu->chooseItem(30)) << "hidden";
+    EXPECT_FALSE(menu->chooseItem(10)) << "disabled";
+    EXPECT_FALSE(menu->chooseItem(20)) << "a submenu head only opens its submenu";
+    EXPECT_FALSE(menu->chooseItem(40)) << "unknown";
+    menu->setItemVisible(20, false);
+    EXPECT_FALSE(menu->chooseItem(21)) << "under a hidden head";
+    EXPECT_EQ(counter.value(), 1);
+}
+
+TEST_F(VmOptionsMenuTest, SoftKey_PopsTheAttachedMenuUpOrReportsTheClick)
+{
+    VmSoftKey* keys = screen.getSoftKey(true);
+    ASSERT_EQ(screen.getSoftKey(false), keys);
+    keys->setOptMenu(0, menu);
+    QSignalSpy shown(menu, &VmOptionsMenu::aboutToShow);
+    QSignalSpy hidden(menu, &VmOptionsMenu::aboutToHide);
+    QSignalSpy clicked(keys, &VmSoftKey::clicked);
+    QSignalSpy right(keys, &VmSoftKey::rightClicked);
+
+    keys->click(0);
+    EXPECT_EQ(shown.count(), 1) << "the owner hears of the opening once";
+    EXPECT_TRUE(menu->qmenu()->isVisible());
+    ASSERT_TRUE(menu->connectItem(30, &counter, SLOT(stepUp())));
+    EXPECT_TRUE(menu->chooseItem(30));
+    EXPECT_EQ(hidden.count(), 1) << "choosing closes the menu";
+    EXPECT_FALSE(menu->qmenu()->isVisible());
+
+    keys->click(1);
+    EXPECT_EQ(clicked.count(), 1);
+    EXPECT_EQ(clicked.at(0).at(0).toInt(), 1);
+    EXPECT_EQ(right.count(), 1);
+    EXPECT_EQ(shown.count(), 1);
+}
+
+TEST_F(VmOptionsMenuTest, SoftKeyText_KeepsAHigherPriorityTextUntilCleared)
+{
+    VmSoftKey* keys = screen.getSoftKey(true);
+    keys->setText(1, "Cancel", 2);
+    keys->setText(1, "Back", 0);
+    EXPECT_EQ(keys->text(1), "Cancel");
+    keys->setText(1, QString(), 0);
+    keys->setText(1, "Back", 0);
+    EXPECT_EQ(keys->text(1), "Back");
+    EXPECT_EQ(keys->text(2), QString());
+}
+
+} // namespace
