@@ -84,7 +84,9 @@ TEST_F(MP_MainWindowTest, Startup_WithFile_PlaysItAfterTheTimerAndPostsNoEvent)
 
     ASSERT_TRUE(waitUntil([&] { return window->commonPlayer() != nullptr; }));
     EXPECT_EQ(counter.count, 0);
-    const QStringList engineCalls = journalCalls().filter(QRegularExpression("^engine:"));
+    // The clients' registrations with the engine are left out: which clients exist grows.
+    const QStringList engineCalls =
+        journalCalls().filter(QRegularExpression("^engine:(?!add.*Listener|remove.*Listener)"));
     EXPECT_EQ(engineCalls, (QStringList{"engine:MP_CreateCommonPlayer", "engine:setShuffleRepeat", "engine:setFile",
                                         "engine:autoPlay"}));
     EXPECT_EQ(journalLines("engine", "MP_CreateCommonPlayer").first().value("args").toArray(),

@@ -2,6 +2,7 @@
 // what the journal records of it.
 
 #include <QJsonArray>
+#include <QJsonDocument>
 #include <QJsonObject>
 
 #include <gtest/gtest.h>
@@ -12,9 +13,11 @@ namespace {
 
 const QString kSong = QStringLiteral("Music/Aurora Lane/Northern Lights/01 First Light.wav");
 
+// None of these items is disabled; the toolkit reports a hidden item as not
+// enabled as well, since it cannot be chosen.
 QJsonObject item(int id, int parentId, const char* text, bool visible)
 {
-    return {{"id", id}, {"parentId", parentId}, {"text", text}, {"visible", visible}, {"enabled", true}};
+    return {{"id", id}, {"parentId", parentId}, {"text", text}, {"visible", visible}, {"enabled", visible}};
 }
 
 TEST(ScreenScenarioTest, MenuOpen_JournalsEveryItemOfTheSoundMenu)
@@ -40,7 +43,8 @@ TEST(ScreenScenarioTest, MenuOpen_JournalsEveryItemOfTheSoundMenu)
                               item(1014, 1013, "Playlist", false),   item(1015, 1013, "Ringtone", true),
                               item(1016, 0, "Use Bluetooth", false), item(1017, 0, "Use Handset", false),
                               item(1019, 0, "Buy More", false),      item(1018, 0, "Setup", true)};
-    EXPECT_EQ(menus.first().value("items").toArray(), expected);
+    const auto compact = [](const QJsonArray& items) { return QJsonDocument(items).toJson(QJsonDocument::Compact); };
+    EXPECT_EQ(compact(menus.first().value("items").toArray()).toStdString(), compact(expected).toStdString());
 }
 
 TEST(ScreenScenarioTest, ChoosingAHiddenItemOrCancellingWithoutSession_StopsTheScript)

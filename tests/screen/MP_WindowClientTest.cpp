@@ -12,7 +12,8 @@
 #include "host/platform/phone/HostPhone.h"
 #include "host/platform/phone/HostStorage.h"
 #include "host/platform/services/HostDownloadManager.h"
-#include "lists/TraceCapture.h"
+#include "tests/lists/TraceCapture.h"
+#include "platform/STUFF_Global.h"
 #include "platform/VmKbMainWidget.h"
 #include "platform/VmOptionsMenu.h"
 #include "platform/VmSoftKey.h"
@@ -135,16 +136,17 @@ TEST_F(MP_WindowClientTest, DeleteAndRemoveFollowTheListAndTheFolder)
     EXPECT_FALSE(menu.isItemVisible(1006));
 
     // The rules apply when the menu is built: a switch of screens rebuilds it.
-    QFile::setPermissions(writable, QFileDevice::ReadOwner | QFileDevice::ExeOwner);
+    const QString preload = MYSTUFF_FixedFolder::preloadPath() + "/tones";
+    QDir().mkpath(preload);
+    engine.path = preload + "/a.mp3";
     open(MP_CONTENT_VIDEO, MP_MEDIUM_LOCAL);
-    EXPECT_FALSE(menu.isItemVisible(2005)) << "a read-only folder";
+    EXPECT_FALSE(menu.isItemVisible(2005)) << "a preloaded folder";
     EXPECT_FALSE(menu.isItemVisible(2006));
 
     screen.setUserList(true);
     open(MP_CONTENT_SOUND, MP_MEDIUM_LOCAL);
     EXPECT_FALSE(menu.isItemVisible(1005));
     EXPECT_TRUE(menu.isItemVisible(1006)) << "a user list offers Remove wherever the file lies";
-    QFile::setPermissions(writable, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
 }
 
 TEST_F(MP_WindowClientTest, FeatureBitsAndTheFileDecideTheLocalItems)
