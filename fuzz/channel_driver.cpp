@@ -42,6 +42,7 @@ const QList<QCString>& channels()
         UTIL_GetKeyEventChannel().toLatin1(),
         "MF_MSG_CHANNEL",
         "/MP/Idle/Channel",
+        "FILEMANAGER_MSG_CHANNEL",
     };
     return kChannels;
 }

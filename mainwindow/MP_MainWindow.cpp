@@ -21,6 +21,7 @@
 #include "platform/SETUP_SET_Manager.h"
 #include "platform/StreamEncoding.h"
 #include "platform/TraceLog.h"
+#include "screen/MP_WindowClient.h"
 
 MP_DEFINE_TRACE(MainWindowTrace, "MP_MainWindow")
 
@@ -96,6 +97,12 @@ void MP_MainWindow::initCommonPlayer(bool playerFlag)
     connect(m_commonPlayer, SIGNAL(signalContentTypeChanged(MP_CONTENT_TYPE)), this,
             SLOT(slotContentTypeChanged(MP_CONTENT_TYPE)));
     m_mediafinderClient = std::make_unique<MP_MediafinderClient>(m_commonPlayer);
+    m_windowClient = std::make_unique<MP_WindowClient>(m_commonPlayer);
+    connect(m_windowClient.get(), SIGNAL(closePlayer()), this, SLOT(onClosePlayer()));
+    connect(m_windowClient.get(), SIGNAL(hidePlayer()), this, SLOT(onHidePlayer()));
+    connect(m_windowClient.get(), SIGNAL(quitApp()), this, SLOT(onQuitApp()));
+    connect(m_windowClient.get(), SIGNAL(signalSetupKeyClicked(int, bool)), this, SLOT(onSetupKeyClicked(int, bool)));
+    connect(m_windowClient.get(), SIGNAL(signalCurrentChanged()), this, SLOT(onCurrentItemChanged()));
     m_idleClient = std::make_unique<MP_IdleClient>(m_commonPlayer);
     connect(m_idleClient.get(), SIGNAL(sigQuitApp()), this, SLOT(onQuitApp()));
     connect(m_idleClient.get(), SIGNAL(sigSetupKeyClicked(int, bool)), this, SLOT(onSetupKeyClicked(int, bool)));
@@ -111,6 +118,7 @@ void MP_MainWindow::freeCommonPlayer()
     // before the engine; the external-display client is the last of them.
     m_mediafinderClient.reset();
     m_idleClient.reset();
+    m_windowClient.reset();
     m_cliClient.reset();
     // Released only through the engine library's factory, never deleted here.
     MP_DestroyCommonPlayer(m_commonPlayer);
@@ -121,6 +129,8 @@ void MP_MainWindow::setMediaFile(const QString& fileName)
 {
     MainWindowTrace(3, "setMediaFile: \"%s\"\n", qPrintable(fileName));
     initCommonPlayer(false);
+    m_windowClient->setUserList(false);
+    m_windowClient->setBackHide(false);
     m_mediafinderClient->setAufList(nullptr);
     m_commonPlayer->setShuffleRepeat(false, false);
     m_commonPlayer->setFile(fileName);
@@ -165,6 +175,8 @@ void MP_MainWindow::setList(MP_AufList* list, bool userList, bool playFlag, bool
         connect(m_list.get(), SIGNAL(signalCurrentChanged()), this, SLOT(onCurrentItemChanged()));
         connect(m_list.get(), SIGNAL(signalListUpdate(int, bool)), this, SLOT(onShuffleRepeat(int, bool)));
     }
+    m_windowClient->setUserList(userList);
+    m_windowClient->setBackHide(true);
     m_mediafinderClient->setAufList(m_list.get());
     m_commonPlayer->setPlayList(m_list.get());
     if (startPlayback)
@@ -205,6 +217,11 @@ void MP_MainWindow::releaseListQuietly()
     if (m_commonPlayer)
         m_commonPlayer->setPlayList(nullptr);
     m_list.reset();
+}
+
+void MP_MainWindow::onClosePlayer()
+{
+    MainWindowTrace(3, "onClosePlayer\n");
 }
 
 void MP_MainWindow::onOpenDoc(const QString& fileName)

@@ -25,6 +25,7 @@ class MP_CLIClient;
 class MP_CommonPlayer;
 class MP_MediafinderClient;
 class MP_IdleClient;
+class MP_WindowClient;
 class QCopChannel;
 
 class MP_MainWindow : public QWidget {
@@ -77,6 +78,7 @@ public:
     MP_LAUNCH_TYPE launchType() const { return m_launchType; }
     MP_CommonPlayer* commonPlayer() const { return m_commonPlayer; }
     MP_IdleClient* idleClient() const { return m_idleClient.get(); }
+    MP_WindowClient* windowClient() const { return m_windowClient.get(); }
     MP_AufList* currentList() const { return m_list.get(); }
     MP_CLIClient* cliClient() const { return m_cliClient.get(); }
     const LastPlayedListRecord& lastPlayedList() const { return m_lastPlayedList; }
@@ -90,6 +92,8 @@ public Q_SLOTS:
     void onFlipStatusChanged(int status);
     /** Closes the player screen and the window; a captured-video launch also emits quitApp(). */
     void onQuitApp();
+    /** The player screen asks to be closed. Not built yet: traces. */
+    void onClosePlayer();
     /** Hides the player to the idle screen: its plug-in takes over, "HidePlaying"
      *  is stored true and the player screen closes; playback goes on. Nothing
      *  happens without an engine. */
@@ -151,6 +155,8 @@ private:
     /** The external-display client: exists only while the flip was closed at
      *  the last external-display update, and only with the engine. */
     std::unique_ptr<MP_CLIClient> m_cliClient;
+    /** The player screen's client; exists exactly while the engine does. */
+    std::unique_ptr<MP_WindowClient> m_windowClient;
     /** The current play list; the engine only borrows it, and is told to let
      *  go before it is deleted (except in setList, which hands it the next). */
     std::unique_ptr<MP_AufList> m_list;

@@ -17,8 +17,10 @@
 #include "host/app/ScriptWords.h"
 #include "host/engine/HostEngine.h"
 #include "host/engine/HostEngineClock.h"
+#include "host/platform/HostJournal.h"
 #include "host/platform/display/HostDisplay.h"
 #include "host/platform/phone/HostPhone.h"
+#include "host/platform/services/HostDownloadManager.h"
 #include "host/platform/toolkit/HostDialogs.h"
 #include "host/platform/media/MediaDatabase.h"
 #include "host/platform/media/MediaScanner.h"
@@ -28,6 +30,7 @@
 #include "platform/QCopChannel.h"
 #include "platform/SETUP_SET_Manager.h"
 #include "platform/VmKbMainWidget.h"
+#include "platform/VmOptionsMenu.h"
 #include "platform/VmSoftKey.h"
 
 namespace {
@@ -91,6 +94,50 @@ bool toNumbers(const QStringList& arguments, int count, QList<int>* numbers, con
     return ok;
 }
 
+// The options menu behind the player's left soft key, or null with a reason.
+VmOptionsMenu* optionsMenu(QString* error)
+{
+    HostEngine* engine = HostEngine::liveEngine();
+    VmKbMainWidget* widget = engine ? engine->getMainWidget() : nullptr;
+    VmSoftKey* keys = widget ? widget->getSoftKey(false) : nullptr;
+    VmOptionsMenu* menu = keys ? keys->optMenu(0) : nullptr;
+    if (!menu)
+        *error = QStringLiteral("the player has no options menu");
+    return menu;
+}
+
+// {"kind":"menu","menu":NAME,"items":[...]} with every item in menu order,
+// hidden ones included.
+void journalMenu(const VmOptionsMenu& menu)
+{
+    QJsonArray items;
+    for (int id : menu.itemIds()) {
+        items.append(QJsonObject{{"id", id},
+                                 {"parentId", menu.itemParent(id)},
+                                 {"text", menu.itemText(id)},
+                                 {"visible", menu.isItemVisible(id)},
+                                 {"enabled", menu.isItemEnabled(id)}});
+    }
+    HostJournal::write({{"kind", "menu"}, {"menu", menu.menuName()}, {"items", items}});
+}
+
+bool chooseMenuItem(VmOptionsMenu* menu, const QString& word, QString* error)
+{
+    bool ok = false;
+    const int id = word.toInt(&ok);
+    if (!ok || !menu->hasItem(id))
+        *error = QStringLiteral("no item %1 in the menu").arg(ScriptWords::excerpt(word));
+    else if (!menu->isItemVisible(id))
+        *error = QStringLiteral("item %1 is hidden").arg(id);
+    else if (!menu->isItemEnabled(id))
+        *error = QStringLiteral("item %1 is disabled").arg(id);
+    else if (!menu->chooseItem(id))
+        *error = QStringLiteral("item %1 opens a submenu").arg(id);
+    else
+        return true;
+    return false;
+}
+
 } // namespace
 
 ScriptRunner::ScriptRunner(PlayerSession& session) : m_session(session)
@@ -117,6 +164,8 @@ ScriptRunner::ScriptRunner(PlayerSession& session) : m_session(session)
         {QStringLiteral("softkey"), &ScriptRunner::commandSoftKey},
         {QStringLiteral("profile"), &ScriptRunner::commandProfile},
         {QStringLiteral("engine"), &ScriptRunner::commandEngine},
+        {QStringLiteral("menu"), &ScriptRunner::commandMenu},
+        {QStringLiteral("dlm"), &ScriptRunner::commandDlm},
     };
 }
 
@@ -499,5 +548,37 @@ bool ScriptRunner::engineState(HostEngine& engine, const QStringList& arguments,
     if (!toNumbers(arguments, 1, &numbers, "state N", error))
         return false;
     engine.reportState(MP_PLAYER_STATE(numbers.first()));
+    return true;
+}
+
+bool ScriptRunner::commandMenu(const QStringList& arguments, QString* error)
+{
+    const QString verb = arguments.value(0);
+    const bool open = verb == QLatin1String("open") && arguments.size() == 1;
+    const bool choose = verb == QLatin1String("choose") && arguments.size() == 2;
+    if (!open && !choose) {
+        *error = QStringLiteral("expects open or choose ID");
+        return false;
+    }
+    VmOptionsMenu* menu = optionsMenu(error);
+    if (!menu)
+        return false;
+    if (choose)
+        return chooseMenuItem(menu, arguments.at(1), error);
+    menu->popup();
+    journalMenu(*menu);
+    return true;
+}
+
+bool ScriptRunner::commandDlm(const QStringList& arguments, QString* error)
+{
+    if (arguments.size() != 1 || arguments.first() != QLatin1String("cancel")) {
+        *error = QStringLiteral("expects cancel");
+        return false;
+    }
+    if (!HostDownloadManager::cancelNewest()) {
+        *error = QStringLiteral("no transfer session is open");
+        return false;
+    }
     return true;
 }

@@ -21,6 +21,9 @@
 //   engine progress A B         the engine reports download progress (A, B)
 //   engine complete             the engine reports the download complete
 //   engine state N              the engine reports state N
+//   menu open                   open the player's options menu and journal its items
+//   menu choose ID              choose an item of the options menu as a click would
+//   dlm cancel                  the download manager cancels the open transfer session
 //   quit                        delete the main window and end
 // After every command the event loop runs briefly, so that deferred work
 // (posted events, 1 ms timers, channel deliveries) has happened before the
@@ -75,6 +78,8 @@ private:
     bool engineProgress(HostEngine& engine, const QStringList& arguments, QString* error);
     bool engineComplete(HostEngine& engine, const QStringList& arguments, QString* error);
     bool engineState(HostEngine& engine, const QStringList& arguments, QString* error);
+    bool commandMenu(const QStringList& arguments, QString* error);
+    bool commandDlm(const QStringList& arguments, QString* error);
 
     PlayerSession& m_session;
     QString m_name;

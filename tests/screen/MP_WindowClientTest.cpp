@@ -1,0 +1,265 @@
+// The player screen's client: which menu each screen shows, the hide and
+// enable rules at building and at opening, the soft keys, the download state
+// and the transfer session.
+
+#include <QDir>
+#include <QFile>
+#include <QSignalSpy>
+
+#include <memory>
+
+#include "host/platform/media/MediaDatabase.h"
+#include "host/platform/phone/HostPhone.h"
+#include "host/platform/phone/HostStorage.h"
+#include "host/platform/services/HostDownloadManager.h"
+#include "tests/lists/TraceCapture.h"
+#include "platform/STUFF_Global.h"
+#include "platform/VmKbMainWidget.h"
+#include "platform/VmOptionsMenu.h"
+#include "platform/VmSoftKey.h"
+#include "screen/MP_SlotAction.h"
+#include "screen/MP_WindowClient.h"
+#include "tests/support/FakeEngine.h"
+#include "tests/support/SongBuilder.h"
+#include "tests/support/TestEnvironment.h"
+
+namespace {
+
+class ScreenEngine : public FakeEngine {
+public:
+    VmKbMainWidget widget;
+    int content = MP_CONTENT_SOUND;
+    int medium = MP_MEDIUM_LOCAL;
+    QString path;
+
+    VmKbMainWidget* getMainWidget() override { return &widget; }
+    MP_CONTENT_TYPE getContentType() override { return MP_CONTENT_TYPE(content); }
+    int getMediumType() override { return medium; }
+    QString getCurrentPath() override { return path; }
+};
+
+class HidingAction : public MP_SlotAction {
+public:
+    HidingAction(int index, const QString& text, bool hide) : MP_SlotAction(index, text), m_hide(hide) {}
+    void onUpdate() override { setHided(m_hide); }
+    void onExecute() override {}
+
+private:
+    bool m_hide;
+};
+
+class MP_WindowClientTest : public TestEnvironment {
+protected:
+    void SetUp() override
+    {
+        TestEnvironment::SetUp();
+        writable = dataPath("music");
+        QDir().mkpath(writable);
+        engine.path = writable + "/a.mp3";
+        QFile(engine.path).open(QIODevice::WriteOnly);
+    }
+
+    MP_WindowClient& makeClient()
+    {
+        client = std::make_unique<MP_WindowClient>(&engine);
+        client->updateMetaInfo("A", "B", "C", QByteArray(), true);
+        return *client;
+    }
+
+    /** Opens the menu as the left key does, on the screen the engine plays. */
+    VmOptionsMenu& open(int content, int medium)
+    {
+        engine.content = content;
+        engine.medium = medium;
+        VmOptionsMenu* menu = client->getMenu();
+        emit menu->aboutToShow();
+        return *menu;
+    }
+
+    QString rightKey() { return engine.widget.getSoftKey(false)->text(1); }
+
+    ScreenEngine engine;
+    QString writable;
+    std::unique_ptr<MP_WindowClient> client;
+    TraceCapture traces;
+};
+
+} // namespace
+
+TEST_F(MP_WindowClientTest, ScreenLookupAndNames)
+{
+    MP_WindowClient& screen = makeClient();
+    const int expected[2][4] = {{0, 4, 2, 6}, {1, 5, 3, 7}};
+    for (int content = 1; content <= 2; ++content) {
+        for (int medium = 0; medium <= 3; ++medium) {
+            engine.content = content;
+            engine.medium = medium;
+            EXPECT_EQ(screen.getCurrentScreenIndex(), expected[content - 1][medium]) << content << "/" << medium;
+        }
+    }
+    engine.content = MP_CONTENT_UNKNOWN;
+    EXPECT_EQ(screen.getCurrentScreenIndex(), -1);
+    EXPECT_EQ(screen.getScreenName(6), QStringLiteral("pd_sound"));
+    EXPECT_EQ(screen.getScreenName(7), QStringLiteral("pd_video"));
+    EXPECT_TRUE(screen.getScreenName(8).isNull());
+    EXPECT_TRUE(screen.getScreenName(-1).isNull());
+}
+
+TEST_F(MP_WindowClientTest, MenuIsMadeOnceAndBuiltPerScreen)
+{
+    MP_WindowClient& screen = makeClient();
+    VmOptionsMenu* menu = screen.getMenu();
+    ASSERT_NE(menu, nullptr);
+    screen.updateMetaInfo("A", "B", "C", QByteArray(), true);
+    EXPECT_EQ(screen.getMenu(), menu) << "a second report makes no second menu";
+    EXPECT_EQ(engine.widget.getSoftKey(false)->text(0), QStringLiteral("Options"));
+    EXPECT_EQ(engine.widget.getSoftKey(false)->optMenu(0), menu);
+    EXPECT_EQ(rightKey(), QStringLiteral("Back"));
+
+    open(MP_CONTENT_SOUND, MP_MEDIUM_LOCAL);
+    EXPECT_EQ(menu->menuName(), QStringLiteral("sound_control"));
+    EXPECT_EQ(menu->itemText(1011), QStringLiteral("Memory Card")) << "the table's text, not the parser's";
+    open(MP_CONTENT_VIDEO, MP_MEDIUM_LOCAL);
+    EXPECT_EQ(menu->menuName(), QStringLiteral("video_control"));
+    EXPECT_EQ(menu->itemText(2009), QStringLiteral("100(%)"));
+    open(MP_CONTENT_SOUND, MP_MEDIUM_TRANSFER_SESSION);
+    EXPECT_EQ(menu->menuName(), QStringLiteral("pd_sound"));
+    open(MP_CONTENT_UNKNOWN, MP_MEDIUM_LOCAL);
+    EXPECT_TRUE(menu->itemIds().isEmpty()) << "no screen, no items";
+}
+
+TEST_F(MP_WindowClientTest, DeleteAndRemoveFollowTheListAndTheFolder)
+{
+    MP_WindowClient& screen = makeClient();
+    VmOptionsMenu& menu = open(MP_CONTENT_SOUND, MP_MEDIUM_LOCAL);
+    EXPECT_TRUE(menu.isItemVisible(1005)) << "a writable folder of a library list";
+    EXPECT_FALSE(menu.isItemVisible(1006));
+
+    // The rules apply when the menu is built: a switch of screens rebuilds it.
+    const QString preload = MYSTUFF_FixedFolder::preloadPath() + "/tones";
+    QDir().mkpath(preload);
+    engine.path = preload + "/a.mp3";
+    open(MP_CONTENT_VIDEO, MP_MEDIUM_LOCAL);
+    EXPECT_FALSE(menu.isItemVisible(2005)) << "a preloaded folder";
+    EXPECT_FALSE(menu.isItemVisible(2006));
+
+    screen.setUserList(true);
+    open(MP_CONTENT_SOUND, MP_MEDIUM_LOCAL);
+    EXPECT_FALSE(menu.isItemVisible(1005));
+    EXPECT_TRUE(menu.isItemVisible(1006)) << "a user list offers Remove wherever the file lies";
+}
+
+TEST_F(MP_WindowClientTest, FeatureBitsAndTheFileDecideTheLocalItems)
+{
+    HostPhone::setFlexBit(149, true);
+    HostPhone::setFlexBit(512, true);
+    makeClient();
+    VmOptionsMenu& menu = open(MP_CONTENT_SOUND, MP_MEDIUM_LOCAL);
+    EXPECT_TRUE(menu.isItemVisible(1010)) << "blog bit set";
+    EXPECT_FALSE(menu.isItemVisible(1019)) << "not a file of the media library";
+    EXPECT_FALSE(menu.isItemVisible(1014));
+    EXPECT_FALSE(menu.isItemVisible(1011)) << "no memory card";
+
+    auto database = MediaDatabase::open(MediaDatabase::defaultFile());
+    database->addMedia(song(engine.path).title("A"));
+    QDir().mkpath(HostStorage::memoryCardPath());
+    engine.path = dataPath("missing.mp3");
+    open(MP_CONTENT_SOUND, MP_MEDIUM_LOCAL);
+    EXPECT_FALSE(menu.isItemVisible(1015)) << "a missing file cannot ring";
+    EXPECT_TRUE(menu.isItemVisible(1011)) << "the card is checked at every opening";
+
+    HostPhone::setFlexBit(149, false);
+    HostPhone::setFlexBit(512, false);
+    engine.path = writable + "/a.mp3";
+    makeClient();
+    VmOptionsMenu& plain = open(MP_CONTENT_SOUND, MP_MEDIUM_LOCAL);
+    EXPECT_FALSE(plain.isItemVisible(1010));
+    EXPECT_TRUE(plain.isItemVisible(1019));
+    EXPECT_TRUE(plain.isItemVisible(1014));
+    EXPECT_TRUE(plain.isItemVisible(1015)) << "without the check Ringtone stays";
+}
+
+TEST_F(MP_WindowClientTest, BookmarkBitHidesBothBookmarkItems)
+{
+    makeClient();
+    VmOptionsMenu& menu = open(MP_CONTENT_SOUND, MP_MEDIUM_STREAM);
+    EXPECT_TRUE(menu.isItemVisible(6003));
+    EXPECT_FALSE(menu.isItemVisible(6002)) << "nothing saved to edit";
+    HostPhone::setFlexBit(492, true);
+    open(MP_CONTENT_VIDEO, MP_MEDIUM_STREAM);
+    EXPECT_FALSE(menu.isItemVisible(7002)) << "the bit is read at every build";
+    EXPECT_FALSE(menu.isItemVisible(7001));
+}
+
+TEST_F(MP_WindowClientTest, DynamicItemsTakeTheRegisteredActions)
+{
+    MP_WindowClient& screen = makeClient();
+    HidingAction bluetooth(1016, "Via headset", false);
+    HidingAction handset(1017, "Via phone", true);
+    screen.addDynamicMenuItem(&bluetooth);
+    screen.addDynamicMenuItem(nullptr);
+    VmOptionsMenu& menu = open(MP_CONTENT_SOUND, MP_MEDIUM_STREAM);
+    EXPECT_EQ(menu.itemText(1016), QStringLiteral("Via headset"));
+    EXPECT_TRUE(menu.isItemVisible(1016));
+    EXPECT_EQ(menu.itemText(1017), QStringLiteral("Use Handset")) << "no action: the parser's text";
+    EXPECT_FALSE(menu.isItemVisible(1017)) << "no action: hidden";
+
+    screen.addDynamicMenuItem(&handset);
+    open(MP_CONTENT_SOUND, MP_MEDIUM_STREAM);
+    EXPECT_FALSE(menu.isItemVisible(1017)) << "the action hides itself";
+    screen.removeDynamicMenuItem(&handset);
+}
+
+TEST_F(MP_WindowClientTest, DownloadStateDrivesKeysAndItemsOnce)
+{
+    MP_WindowClient& screen = makeClient();
+    VmOptionsMenu& menu = open(MP_CONTENT_SOUND, MP_MEDIUM_PROGRESSIVE_DOWNLOAD);
+    EXPECT_FALSE(menu.isItemVisible(4001));
+    EXPECT_TRUE(menu.isItemEnabled(4004));
+
+    screen.updateListInfo(nullptr);
+    EXPECT_TRUE(screen.isDownloading());
+    EXPECT_TRUE(menu.isItemVisible(4001));
+    EXPECT_FALSE(menu.isItemEnabled(4004));
+    EXPECT_EQ(rightKey(), QStringLiteral("Cancel"));
+
+    // A second report of the same state leaves what was changed meanwhile.
+    menu.setItemVisible(4001, false);
+    screen.setDownloading(true);
+    EXPECT_FALSE(menu.isItemVisible(4001));
+
+    QSignalSpy quit(&screen, &MP_WindowClient::quitApp);
+    screen.updateState(MP_STATE_STOPPED);
+    EXPECT_EQ(quit.count(), 1) << "a stopped progressive download cannot go on";
+    screen.updateDownloadComplete();
+    EXPECT_EQ(rightKey(), QStringLiteral("Back"));
+    screen.updateState(MP_STATE_STOPPED);
+    EXPECT_EQ(quit.count(), 1);
+}
+
+TEST_F(MP_WindowClientTest, TransferSessionStartsAtTheFirstProgressAndCancels)
+{
+    engine.medium = MP_MEDIUM_TRANSFER_SESSION;
+    MP_WindowClient& screen = makeClient();
+    screen.updateDownloadProgress(30, 500);
+    screen.updateDownloadProgress(60, 900);
+    QStringList calls;
+    for (const QJsonObject& line : journal()) {
+        if (line.value("kind").toString() == QLatin1String("service"))
+            calls << line.value("call").toString() + ' ' + QString::number(line.value("args")[0].toInt());
+    }
+    EXPECT_EQ(calls, QStringList({"DLM_TransSession::DLM_TransSession 0", "DLM_TransSession::registerTransObjs 0",
+                                  "DLM_TransSession::startSession 0", "DLM_TransSession::transObjProgress 500",
+                                  "DLM_TransSession::transObjProgress 900"}))
+        << "started once; the second value goes first";
+    EXPECT_EQ(journalLines("service", "DLM_TransSession::transObjProgress").at(1).value("args")[1].toInt(), 60);
+
+    ASSERT_TRUE(HostDownloadManager::cancelNewest());
+    EXPECT_TRUE(traces.text().contains("MP_WindowClient::onFTSignalCancelFromDLM\n"));
+
+    screen.updateListInfo(nullptr);
+    engine.medium = MP_MEDIUM_LOCAL;
+    screen.updateListInfo(nullptr);
+    EXPECT_FALSE(HostDownloadManager::cancelNewest()) << "a local file closes the session";
+    EXPECT_FALSE(screen.isDownloading());
+}
