@@ -51,8 +51,9 @@ protected:
 
 TEST_F(MP_MainWindowIdleTest, WithoutEngine_HideAndStyleChangeDoNothing)
 {
+    // Called directly: the event loop must not turn, or the passed file plays.
     window->onHidePlayer();
-    systemMessage("applyStyle()");
+    window->slotSystemMessage("applyStyle()", QByteArray());
     EXPECT_EQ(window->idleClient(), nullptr);
     EXPECT_EQ(channelMessages("VEMO/HSFRAMEWORK"), MessageLines());
     EXPECT_FALSE(hidePlaying());
