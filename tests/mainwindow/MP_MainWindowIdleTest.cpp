@@ -88,8 +88,11 @@ TEST_F(MP_MainWindowIdleTest, IdleClient_GoesBeforeTheEngine_AndItsQuitRequestQu
     window->freeCommonPlayer();
     EXPECT_EQ(window->idleClient(), nullptr);
     EXPECT_EQ(channelMessages("VEMO/HSFRAMEWORK"), MessageLines{kDeactive});
-    EXPECT_EQ(journalCalls(), (QStringList{"engine:removeListListener", "engine:removePlayerListener",
-                                           "engine:MP_DestroyCommonPlayer"}));
+    // Every client (the media browser, idle, screen ones) unregisters, then the engine goes.
+    QStringList clientRemovals;
+    for (int client = 0; client < 3; ++client)
+        clientRemovals << "engine:removeListListener" << "engine:removePlayerListener";
+    EXPECT_EQ(journalCalls(), clientRemovals + QStringList{"engine:MP_DestroyCommonPlayer"});
 }
 
 } // namespace
