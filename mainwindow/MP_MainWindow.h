@@ -6,9 +6,11 @@
 // them. Created and destroyed only through the library's exported entry
 // points.
 //
-// Not built yet: the clients that mirror the player on the screen, in the
-// media browser, over Bluetooth and on the external display, and the handler
-// of the key channel, which is opened at start-up but not listened to.
+// Its clients mirror the player in the media browser, on the player screen,
+// on the idle screen and (while the flip is closed) on the external display.
+// Not built yet: the Bluetooth client, the handler of the key channel (opened
+// at start-up but not listened to), the memory-card message (only traced),
+// and the close, setup-key and end-key handlers (they trace).
 
 #include <QString>
 #include <QWidget>
