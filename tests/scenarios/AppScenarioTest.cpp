@@ -79,16 +79,9 @@ TEST(AppScenarioTest, WithoutADisplay_AHeadsetResumeThatNobodyStartsEnds)
 
 TEST(AppScenarioTest, BadLines_StopTheScriptWithABoundedMessage)
 {
-    QTemporaryDir folder;
-    const QString script = folder.filePath("bad.mps");
     ScenarioRun scenario;
-    const auto runLine = [&](const QByteArray& line) {
-        QFile file(script);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        file.write(line + "\nquit\n");
-        file.close();
-        return scenario.run(script);
-    };
+    const QString script = scenario.textScriptPath();
+    const auto runLine = [&](const QByteArray& line) { return scenario.runText(line + "\nquit\n"); };
 
     EXPECT_EQ(runLine(QByteArray(10 * 1024 * 1024, 'x')), 2);
     EXPECT_EQ(scenario.errorOutput(),

@@ -36,6 +36,15 @@ int ScenarioRun::run(const QString& scriptPath, const QStringList& extraArgument
     return runApplication(QStringList{QStringLiteral("--script"), scriptPath} + extraArguments);
 }
 
+int ScenarioRun::runText(const QByteArray& lines, const QStringList& extraArguments)
+{
+    QFile file(textScriptPath());
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(lines) != lines.size())
+        return -1;
+    file.close();
+    return run(textScriptPath(), extraArguments);
+}
+
 int ScenarioRun::runWithoutScript(const QStringList& arguments)
 {
     return runApplication(arguments);

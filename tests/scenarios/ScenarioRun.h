@@ -25,6 +25,11 @@ public:
      *  returns its exit code (-1 when it did not finish within a minute). */
     int run(const QString& scriptPath, const QStringList& extraArguments = {});
 
+    /** Writes @p lines to textScriptPath() and runs it as run() does. */
+    int runText(const QByteArray& lines, const QStringList& extraArguments = {});
+    /** Where runText() writes its script (error messages name it). */
+    QString textScriptPath() const { return m_scriptDir.filePath(QStringLiteral("text.mps")); }
+
     /** Runs `mediaplayer --data-dir D --journal J --quiet ARGS...` without a script,
      *  as a person would without a display; same result as run(). */
     int runWithoutScript(const QStringList& arguments);
@@ -43,6 +48,7 @@ private:
     int runApplication(const QStringList& arguments);
 
     QTemporaryDir m_dataDir;
+    QTemporaryDir m_scriptDir;
     QString m_journalPath;
     QString m_errorOutput;
 };

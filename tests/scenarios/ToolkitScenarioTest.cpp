@@ -36,15 +36,9 @@ TEST(ToolkitScenarioTest, ProfileAndEngineCommands_ReachThePhoneAndEveryListener
 
 TEST(ToolkitScenarioTest, BadWords_StopTheScriptNamingWhatIsExpected)
 {
-    QTemporaryDir folder;
-    const QString script = folder.filePath("bad.mps");
     ScenarioRun scenario;
     const auto runLine = [&](const QByteArray& line) {
-        QFile file(script);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        file.write("wait 20\n" + line + "\nquit\n");
-        file.close();
-        EXPECT_EQ(scenario.run(script, {kSong}), 2) << line.constData();
+        EXPECT_EQ(scenario.runText("wait 20\n" + line + "\nquit\n", {kSong}), 2) << line.constData();
         return scenario.errorOutput().section(": ", 1).trimmed();
     };
     EXPECT_EQ(runLine("softkey middle"), "softkey: expects left or right");
