@@ -1,9 +1,7 @@
 // The script commands that stand in for the phone's feature bits, its soft
 // keys and the engine's medium and download reports.
 
-#include <QFile>
 #include <QJsonArray>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
