@@ -14,13 +14,13 @@
 #include "host/app/DisplayCommandParser.h"
 #include "host/app/PayloadBuilder.h"
 #include "host/app/PlayerSession.h"
+#include "host/app/ScriptArguments.h"
 #include "host/app/ScriptWords.h"
 #include "host/engine/HostEngine.h"
 #include "host/engine/HostEngineClock.h"
 #include "host/platform/HostJournal.h"
 #include "host/platform/display/HostDisplay.h"
 #include "host/platform/phone/HostPhone.h"
-#include "host/platform/services/HostDownloadManager.h"
 #include "host/platform/toolkit/HostDialogs.h"
 #include "host/platform/media/MediaDatabase.h"
 #include "host/platform/media/MediaScanner.h"
@@ -29,9 +29,6 @@
 #include "platform/MP_CommonPlayer.h"
 #include "platform/QCopChannel.h"
 #include "platform/SETUP_SET_Manager.h"
-#include "platform/VmKbMainWidget.h"
-#include "platform/VmOptionsMenu.h"
-#include "platform/VmSoftKey.h"
 
 namespace {
 
@@ -45,128 +42,36 @@ void runEventLoopFor(int milliseconds)
     loop.exec();
 }
 
-bool noArguments(const QStringList& arguments, QString* error)
-{
-    if (arguments.isEmpty())
-        return true;
-    *error = QStringLiteral("takes no arguments");
-    return false;
-}
-
-// The control of the running engine, or null with a reason.
-MP_PlayerControl* playerControl(QString* error)
-{
-    HostEngine* engine = HostEngine::liveEngine();
-    MP_PlayerControl* control = engine ? engine->getPlayerControl() : nullptr;
-    if (!control)
-        *error = QStringLiteral("no player is running");
-    return control;
-}
-
-bool toMilliseconds(const QStringList& arguments, int* milliseconds, QString* error)
-{
-    bool ok = arguments.size() == 1;
-    *milliseconds = ok ? arguments.first().toInt(&ok) : 0;
-    if (!ok || *milliseconds < 0) {
-        *error = QStringLiteral("expects one number of milliseconds");
-        return false;
-    }
-    return true;
-}
-
-// The running engine, or null with a reason.
-HostEngine* runningEngine(QString* error)
-{
-    HostEngine* engine = HostEngine::liveEngine();
-    if (!engine)
-        *error = QStringLiteral("no player is running");
-    return engine;
-}
-
-// @p count whole numbers; false with a reason naming @p usage otherwise.
-bool toNumbers(const QStringList& arguments, int count, QList<int>* numbers, const char* usage, QString* error)
-{
-    bool ok = arguments.size() == count;
-    for (int i = 0; ok && i < count; ++i)
-        numbers->append(arguments.at(i).toInt(&ok));
-    if (!ok)
-        *error = QStringLiteral("expects %1").arg(QLatin1String(usage));
-    return ok;
-}
-
-// The options menu behind the player's left soft key, or null with a reason.
-VmOptionsMenu* optionsMenu(QString* error)
-{
-    HostEngine* engine = HostEngine::liveEngine();
-    VmKbMainWidget* widget = engine ? engine->getMainWidget() : nullptr;
-    VmSoftKey* keys = widget ? widget->getSoftKey(false) : nullptr;
-    VmOptionsMenu* menu = keys ? keys->optMenu(0) : nullptr;
-    if (!menu)
-        *error = QStringLiteral("the player has no options menu");
-    return menu;
-}
-
-// {"kind":"menu","menu":NAME,"items":[...]} with every item in menu order,
-// hidden ones included.
-void journalMenu(const VmOptionsMenu& menu)
-{
-    QJsonArray items;
-    for (int id : menu.itemIds()) {
-        items.append(QJsonObject{{"id", id},
-                                 {"parentId", menu.itemParent(id)},
-                                 {"text", menu.itemText(id)},
-                                 {"visible", menu.isItemVisible(id)},
-                                 {"enabled", menu.isItemEnabled(id)}});
-    }
-    HostJournal::write({{"kind", "menu"}, {"menu", menu.menuName()}, {"items", items}});
-}
-
-bool chooseMenuItem(VmOptionsMenu* menu, const QString& word, QString* error)
-{
-    bool ok = false;
-    const int id = word.toInt(&ok);
-    if (!ok || !menu->hasItem(id))
-        *error = QStringLiteral("no item %1 in the menu").arg(ScriptWords::excerpt(word));
-    else if (!menu->isItemVisible(id))
-        *error = QStringLiteral("item %1 is hidden").arg(id);
-    else if (!menu->isItemEnabled(id))
-        *error = QStringLiteral("item %1 is disabled").arg(id);
-    else if (!menu->chooseItem(id))
-        *error = QStringLiteral("item %1 opens a submenu").arg(id);
-    else
-        return true;
-    return false;
-}
-
 } // namespace
 
 ScriptRunner::ScriptRunner(PlayerSession& session) : m_session(session)
 {
-    m_commands = {
-        {QStringLiteral("action"), &ScriptRunner::commandAction},
-        {QStringLiteral("qcop"), &ScriptRunner::commandQcop},
-        {QStringLiteral("wait"), &ScriptRunner::commandWait},
-        {QStringLiteral("clock"), &ScriptRunner::commandClock},
-        {QStringLiteral("advance"), &ScriptRunner::commandAdvance},
-        {QStringLiteral("open"), &ScriptRunner::commandOpen},
-        {QStringLiteral("quit"), &ScriptRunner::commandQuit},
-        {QStringLiteral("capturedvideo"), &ScriptRunner::commandCapturedVideo},
-        {QStringLiteral("setting"), &ScriptRunner::commandSetting},
-        {QStringLiteral("next"), &ScriptRunner::commandNext},
-        {QStringLiteral("previous"), &ScriptRunner::commandPrevious},
-        {QStringLiteral("playpause"), &ScriptRunner::commandPlayPause},
-        {QStringLiteral("remove"), &ScriptRunner::commandRemove},
-        {QStringLiteral("dialog"), &ScriptRunner::commandDialog},
-        {QStringLiteral("db"), &ScriptRunner::commandDb},
-        {QStringLiteral("hide"), &ScriptRunner::commandHide},
-        {QStringLiteral("flip"), &ScriptRunner::commandFlip},
-        {QStringLiteral("display"), &ScriptRunner::commandDisplay},
-        {QStringLiteral("softkey"), &ScriptRunner::commandSoftKey},
-        {QStringLiteral("profile"), &ScriptRunner::commandProfile},
-        {QStringLiteral("engine"), &ScriptRunner::commandEngine},
-        {QStringLiteral("menu"), &ScriptRunner::commandMenu},
-        {QStringLiteral("dlm"), &ScriptRunner::commandDlm},
+    const std::pair<const char*, Command> own[] = {
+        {"action", &ScriptRunner::commandAction},
+        {"qcop", &ScriptRunner::commandQcop},
+        {"wait", &ScriptRunner::commandWait},
+        {"clock", &ScriptRunner::commandClock},
+        {"advance", &ScriptRunner::commandAdvance},
+        {"open", &ScriptRunner::commandOpen},
+        {"quit", &ScriptRunner::commandQuit},
+        {"capturedvideo", &ScriptRunner::commandCapturedVideo},
+        {"setting", &ScriptRunner::commandSetting},
+        {"next", &ScriptRunner::commandNext},
+        {"previous", &ScriptRunner::commandPrevious},
+        {"playpause", &ScriptRunner::commandPlayPause},
+        {"remove", &ScriptRunner::commandRemove},
+        {"dialog", &ScriptRunner::commandDialog},
+        {"db", &ScriptRunner::commandDb},
+        {"hide", &ScriptRunner::commandHide},
+        {"flip", &ScriptRunner::commandFlip},
+        {"display", &ScriptRunner::commandDisplay},
+        {"profile", &ScriptRunner::commandProfile},
     };
+    for (const auto& [name, command] : own)
+        m_commands.insert(QLatin1String(name), [this, command = command](const QStringList& arguments, QString* error) {
+            return (this->*command)(arguments, error);
+        });
+    m_screenCommands.addTo(m_commands);
 }
 
 bool ScriptRunner::load(const QString& path, QString* error)
@@ -213,12 +118,12 @@ bool ScriptRunner::runLine(const QString& line, QString* error)
     if (words.isEmpty())
         return true;
     const QString name = words.takeFirst();
-    const Command command = m_commands.value(name);
+    const ScriptCommand command = m_commands.value(name);
     if (!command) {
         *error = QStringLiteral("unknown command %1").arg(ScriptWords::excerpt(name));
         return false;
     }
-    if (!(this->*command)(words, error)) {
+    if (!command(words, error)) {
         *error = name + QStringLiteral(": ") + *error;
         return false;
     }
@@ -266,7 +171,7 @@ bool ScriptRunner::commandQcop(const QStringList& arguments, QString* error)
 bool ScriptRunner::commandWait(const QStringList& arguments, QString* error)
 {
     int milliseconds = 0;
-    if (!toMilliseconds(arguments, &milliseconds, error))
+    if (!ScriptArguments::milliseconds(arguments, &milliseconds, error))
         return false;
     runEventLoopFor(milliseconds);
     return true;
@@ -286,7 +191,7 @@ bool ScriptRunner::commandClock(const QStringList& arguments, QString* error)
 bool ScriptRunner::commandAdvance(const QStringList& arguments, QString* error)
 {
     int milliseconds = 0;
-    if (!toMilliseconds(arguments, &milliseconds, error))
+    if (!ScriptArguments::milliseconds(arguments, &milliseconds, error))
         return false;
     if (!HostEngineClock::isManual()) {
         *error = QStringLiteral("the clock is not manual (say \"clock manual\" first)");
@@ -308,7 +213,7 @@ bool ScriptRunner::commandOpen(const QStringList& arguments, QString* error)
 
 bool ScriptRunner::commandQuit(const QStringList& arguments, QString* error)
 {
-    if (!noArguments(arguments, error))
+    if (!ScriptArguments::none(arguments, error))
         return false;
     m_session.finish();
     m_quit = true;
@@ -317,7 +222,7 @@ bool ScriptRunner::commandQuit(const QStringList& arguments, QString* error)
 
 bool ScriptRunner::commandHide(const QStringList& arguments, QString* error)
 {
-    if (!noArguments(arguments, error))
+    if (!ScriptArguments::none(arguments, error))
         return false;
     if (!m_session.hidePlayer()) {
         *error = QStringLiteral("no player window to hide");
@@ -328,7 +233,7 @@ bool ScriptRunner::commandHide(const QStringList& arguments, QString* error)
 
 bool ScriptRunner::commandCapturedVideo(const QStringList& arguments, QString* error)
 {
-    if (!noArguments(arguments, error))
+    if (!ScriptArguments::none(arguments, error))
         return false;
     m_session.playCapturedVideo();
     return true;
@@ -354,7 +259,7 @@ bool ScriptRunner::commandSetting(const QStringList& arguments, QString* error)
 
 bool ScriptRunner::commandNext(const QStringList& arguments, QString* error)
 {
-    MP_PlayerControl* control = noArguments(arguments, error) ? playerControl(error) : nullptr;
+    MP_PlayerControl* control = ScriptArguments::none(arguments, error) ? ScriptArguments::playerControl(error) : nullptr;
     if (control)
         control->next();
     return control != nullptr;
@@ -362,7 +267,7 @@ bool ScriptRunner::commandNext(const QStringList& arguments, QString* error)
 
 bool ScriptRunner::commandPrevious(const QStringList& arguments, QString* error)
 {
-    MP_PlayerControl* control = noArguments(arguments, error) ? playerControl(error) : nullptr;
+    MP_PlayerControl* control = ScriptArguments::none(arguments, error) ? ScriptArguments::playerControl(error) : nullptr;
     if (control)
         control->previous();
     return control != nullptr;
@@ -370,7 +275,7 @@ bool ScriptRunner::commandPrevious(const QStringList& arguments, QString* error)
 
 bool ScriptRunner::commandPlayPause(const QStringList& arguments, QString* error)
 {
-    MP_PlayerControl* control = noArguments(arguments, error) ? playerControl(error) : nullptr;
+    MP_PlayerControl* control = ScriptArguments::none(arguments, error) ? ScriptArguments::playerControl(error) : nullptr;
     if (control)
         control->playPause();
     return control != nullptr;
@@ -378,7 +283,7 @@ bool ScriptRunner::commandPlayPause(const QStringList& arguments, QString* error
 
 bool ScriptRunner::commandRemove(const QStringList& arguments, QString* error)
 {
-    if (!noArguments(arguments, error))
+    if (!ScriptArguments::none(arguments, error))
         return false;
     HostEngine* engine = HostEngine::liveEngine();
     MP_ListInterface* list = engine ? engine->getCurrentList() : nullptr;
@@ -464,23 +369,6 @@ bool ScriptRunner::commandDisplay(const QStringList& arguments, QString* error)
     return true;
 }
 
-bool ScriptRunner::commandSoftKey(const QStringList& arguments, QString* error)
-{
-    const QStringList keys = {QStringLiteral("left"), QStringLiteral("right")};
-    const int key = arguments.size() == 1 ? int(keys.indexOf(arguments.first())) : -1;
-    if (key < 0) {
-        *error = QStringLiteral("expects left or right");
-        return false;
-    }
-    HostEngine* engine = runningEngine(error);
-    VmSoftKey* softKey = engine ? engine->getMainWidget()->getSoftKey(false) : nullptr;
-    if (engine && !softKey)
-        *error = QStringLiteral("the player screen has no soft keys");
-    if (softKey)
-        softKey->click(key);
-    return softKey != nullptr;
-}
-
 bool ScriptRunner::commandProfile(const QStringList& arguments, QString* error)
 {
     bool ok = arguments.size() == 2;
@@ -491,94 +379,5 @@ bool ScriptRunner::commandProfile(const QStringList& arguments, QString* error)
         return false;
     }
     HostPhone::setFlexBit(int(bit), value == QLatin1String("on"));
-    return true;
-}
-
-bool ScriptRunner::commandEngine(const QStringList& arguments, QString* error)
-{
-    using Report = bool (ScriptRunner::*)(HostEngine&, const QStringList&, QString*);
-    static const QHash<QString, Report> reports = {
-        {QStringLiteral("medium"), &ScriptRunner::engineMedium},
-        {QStringLiteral("progress"), &ScriptRunner::engineProgress},
-        {QStringLiteral("complete"), &ScriptRunner::engineComplete},
-        {QStringLiteral("state"), &ScriptRunner::engineState},
-    };
-    const Report report = reports.value(arguments.value(0));
-    if (!report) {
-        *error = QStringLiteral("expects medium N, progress A B, complete or state N");
-        return false;
-    }
-    HostEngine* engine = runningEngine(error);
-    return engine && (this->*report)(*engine, arguments.mid(1), error);
-}
-
-bool ScriptRunner::engineMedium(HostEngine& engine, const QStringList& arguments, QString* error)
-{
-    QList<int> numbers;
-    if (!toNumbers(arguments, 1, &numbers, "medium N (0 local, 1 stream, 2 download, 3 transfer)", error))
-        return false;
-    if (numbers.first() < 0 || numbers.first() > 3) {
-        *error = QStringLiteral("medium %1 is none of 0 to 3").arg(numbers.first());
-        return false;
-    }
-    engine.setMediumType(numbers.first());
-    return true;
-}
-
-bool ScriptRunner::engineProgress(HostEngine& engine, const QStringList& arguments, QString* error)
-{
-    QList<int> numbers;
-    if (!toNumbers(arguments, 2, &numbers, "progress A B", error))
-        return false;
-    engine.reportDownloadProgress(numbers.at(0), numbers.at(1));
-    return true;
-}
-
-bool ScriptRunner::engineComplete(HostEngine& engine, const QStringList& arguments, QString* error)
-{
-    if (!noArguments(arguments, error))
-        return false;
-    engine.reportDownloadComplete();
-    return true;
-}
-
-bool ScriptRunner::engineState(HostEngine& engine, const QStringList& arguments, QString* error)
-{
-    QList<int> numbers;
-    if (!toNumbers(arguments, 1, &numbers, "state N", error))
-        return false;
-    engine.reportState(MP_PLAYER_STATE(numbers.first()));
-    return true;
-}
-
-bool ScriptRunner::commandMenu(const QStringList& arguments, QString* error)
-{
-    const QString verb = arguments.value(0);
-    const bool open = verb == QLatin1String("open") && arguments.size() == 1;
-    const bool choose = verb == QLatin1String("choose") && arguments.size() == 2;
-    if (!open && !choose) {
-        *error = QStringLiteral("expects open or choose ID");
-        return false;
-    }
-    VmOptionsMenu* menu = optionsMenu(error);
-    if (!menu)
-        return false;
-    if (choose)
-        return chooseMenuItem(menu, arguments.at(1), error);
-    menu->popup();
-    journalMenu(*menu);
-    return true;
-}
-
-bool ScriptRunner::commandDlm(const QStringList& arguments, QString* error)
-{
-    if (arguments.size() != 1 || arguments.first() != QLatin1String("cancel")) {
-        *error = QStringLiteral("expects cancel");
-        return false;
-    }
-    if (!HostDownloadManager::cancelNewest()) {
-        *error = QStringLiteral("no transfer session is open");
-        return false;
-    }
     return true;
 }

@@ -15,24 +15,18 @@
 //   db add|remove|touch PATH    change the media database as the scanner does
 //   flip open|closed            the phone's flip moves; the application tells the window
 //   display COMMAND [ARG]       the user's command on the external display (DisplayCommandParser)
-//   softkey left|right          click a soft key of the player screen
-//   profile BIT on|off          set a feature bit of the phone (journaled)
-//   engine medium N             the playing item is of medium N (0..3); list info is reported again
-//   engine progress A B         the engine reports download progress (A, B)
-//   engine complete             the engine reports the download complete
-//   engine state N              the engine reports state N
-//   menu open                   open the player's options menu and journal its items
-//   menu choose ID              choose an item of the options menu as a click would
-//   dlm cancel                  the download manager cancels the open transfer session
+//   (the player screen's commands: see ScreenScriptCommands.h)
 //   quit                        delete the main window and end
 // After every command the event loop runs briefly, so that deferred work
 // (posted events, 1 ms timers, channel deliveries) has happened before the
 // next line. An unknown command or bad arguments stop the script with a
 // message naming the line.
 
-#include <QHash>
 #include <QString>
 #include <QStringList>
+
+#include "host/app/ScreenScriptCommands.h"
+#include "host/app/ScriptCommandTable.h"
 
 class HostEngine;
 class PlayerSession;
@@ -71,19 +65,12 @@ private:
     bool commandDb(const QStringList& arguments, QString* error);
     bool commandFlip(const QStringList& arguments, QString* error);
     bool commandDisplay(const QStringList& arguments, QString* error);
-    bool commandSoftKey(const QStringList& arguments, QString* error);
     bool commandProfile(const QStringList& arguments, QString* error);
-    bool commandEngine(const QStringList& arguments, QString* error);
-    bool engineMedium(HostEngine& engine, const QStringList& arguments, QString* error);
-    bool engineProgress(HostEngine& engine, const QStringList& arguments, QString* error);
-    bool engineComplete(HostEngine& engine, const QStringList& arguments, QString* error);
-    bool engineState(HostEngine& engine, const QStringList& arguments, QString* error);
-    bool commandMenu(const QStringList& arguments, QString* error);
-    bool commandDlm(const QStringList& arguments, QString* error);
 
     PlayerSession& m_session;
     QString m_name;
     QStringList m_lines;
-    QHash<QString, Command> m_commands;
+    ScriptCommandTable m_commands;
+    ScreenScriptCommands m_screenCommands;
     bool m_quit = false;
 };
