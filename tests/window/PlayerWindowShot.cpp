@@ -1,7 +1,9 @@
-// Shows the player window under a real display, playing a sample song with
-// its options menu open, grabs the whole screen (so the pop-up menu is in the
-// picture) and checks that something was drawn: the window and the menu
-// stand out from the background, and the title is text, not one colour.
+// Shows the player window under a real display as the application makes it:
+// the main window plays a sample song, the player screen builds its options
+// menu, and the left soft key opens it. Grabs the whole screen (so the pop-up
+// menu is in the picture) and checks what a person would see: the window and
+// the menu stand out from the background, the title is text, not one colour,
+// and the menu is the one for a local sound file, "Hide" first.
 //
 //   mp_window_shot OUTPUT.png
 //
@@ -23,11 +25,12 @@
 
 #include "host/engine/HostEngine.h"
 #include "host/engine/HostEngineClock.h"
+#include "host/platform/phone/HostPhone.h"
 #include "host/tools/samplegen/SampleLibraryWriter.h"
+#include "mainwindow/MP_MainWindow.h"
 #include "platform/VmKbMainWidget.h"
 #include "platform/VmOptionsMenu.h"
 #include "platform/VmSoftKey.h"
-#include "tests/support/SampleMenuParser.h"
 
 namespace {
 
@@ -67,8 +70,21 @@ bool hasDetail(const QImage& image, const QRect& area)
     return false;
 }
 
-bool check(const QImage& shot, const VmKbMainWidget& window, const QMenu& menu)
+// The first item of @p menu that a person sees.
+QString firstVisibleItem(const VmOptionsMenu& menu)
 {
+    for (int id : menu.itemIds()) {
+        if (menu.isItemVisible(id))
+            return menu.itemText(id);
+    }
+    return QString();
+}
+
+bool check(const QImage& shot, const VmKbMainWidget& window, const VmOptionsMenu& options)
+{
+    const QMenu& menu = *options.qmenu();
+    if (options.menuName() != QLatin1String("sound_control") || firstVisibleItem(options) != QLatin1String("Hide"))
+        return fail("the options menu is not the one for a local sound file");
     if (shot.isNull())
         return fail("the screen could not be grabbed");
     // The window sits away from the screen's corner, which shows the background.
@@ -100,6 +116,8 @@ int main(int argc, char** argv)
     qputenv("QT_QPA_PLATFORM", "xcb");
     QTemporaryDir data;
     qputenv("MP_DATA_DIR", data.path().toLocal8Bit());
+    // The picture needs no other process: the channels stay in this one.
+    qputenv("MP_QCOP_LOCAL", "1");
     QApplication app(argc, argv);
 
     SampleLibraryWriter writer(data.filePath(QStringLiteral("library")));
@@ -109,21 +127,23 @@ int main(int argc, char** argv)
         return 1;
     }
 
+    HostPhone::prepareDataFolder();
     HostEngineClock::setManual(true);
-    auto engine = std::make_unique<HostEngine>(false, MP_LAUNCH_TYPE(1));
-    VmKbMainWidget* window = engine->getMainWidget();
+    auto player = std::make_unique<MP_MainWindow>(song, nullptr, nullptr, 0);
+    if (!QTest::qWaitFor([] { return HostEngine::liveEngine() != nullptr; }, kWaitMilliseconds)) {
+        fail("the player made no engine");
+        return 1;
+    }
+    VmKbMainWidget* window = HostEngine::liveEngine()->getMainWidget();
     window->move(40, 40);
-    VmSoftKey* keys = window->getSoftKey(true);
-    keys->setText(0, QStringLiteral("Options"));
-    keys->setText(1, QStringLiteral("Back"));
-    SampleMenuParser parser;
-    auto* menu = new VmOptionsMenu(QRect(0, 0, 240, 288), window);
-    menu->setMenu(&parser, QStringLiteral("sample"));
-    keys->setOptMenu(0, menu);
-
-    engine->setFile(song);
-    engine->autoPlay(false);
+    // The player screen builds its menu when the first meta information comes.
     HostEngineClock::advance(1000);
+    VmSoftKey* keys = window->getSoftKey(false);
+    if (!keys || !QTest::qWaitFor([keys] { return keys->optMenu(0) != nullptr; }, kWaitMilliseconds)) {
+        fail("the player screen built no options menu");
+        return 1;
+    }
+    VmOptionsMenu* menu = keys->optMenu(0);
     if (!QTest::qWaitForWindowExposed(window, kWaitMilliseconds)) {
         fail("the window did not appear");
         return 1;
@@ -145,7 +165,8 @@ int main(int argc, char** argv)
         fail("cannot save the picture");
         return 1;
     }
-    const bool ok = check(shot, *window, *menu->qmenu());
+    const bool ok = check(shot, *window, *menu);
     menu->hideMenu();
+    player.reset();
     return ok ? 0 : 1;
 }
