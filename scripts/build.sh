@@ -6,5 +6,6 @@ root="$(cd "$(dirname "$0")/.." && pwd)"
 build="${1:-$root/build}"
 shift || true
 "$root/scripts/install-deps.sh"
-cmake -S "$root" -B "$build" -G Ninja "$@" >/dev/null
+. "$root/scripts/compiler-cache.sh"
+cmake -S "$root" -B "$build" -G Ninja "${compiler_cache_options[@]}" "$@" >/dev/null
 cmake --build "$build"

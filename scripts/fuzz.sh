@@ -15,7 +15,8 @@ export ASAN_OPTIONS="${ASAN_OPTIONS:-detect_leaks=1}"
 export UBSAN_OPTIONS="${UBSAN_OPTIONS:-print_stacktrace=1:halt_on_error=1}"
 
 "$root/scripts/install-deps.sh"
-cmake -S "$root" -B "$build" -G Ninja -DCMAKE_C_COMPILER=clang -DCMAKE_CXX_COMPILER=clang++ \
+. "$root/scripts/compiler-cache.sh"
+cmake -S "$root" -B "$build" -G Ninja "${compiler_cache_options[@]}" -DCMAKE_C_COMPILER=clang -DCMAKE_CXX_COMPILER=clang++ \
       -DMP_BUILD_FUZZERS=ON -DMP_SANITIZE=ON -DMP_BUILD_TESTS=OFF >/dev/null
 # Only the targets and what they link, not the application, tools or tests.
 cmake --build "$build" --target mp_fuzzers
