@@ -9,6 +9,9 @@
 #include <QDeadlineTimer>
 #include <QFile>
 #include <QProcess>
+#include <QCoreApplication>
+
+#include <functional>
 
 #include <gtest/gtest.h>
 
@@ -137,6 +140,86 @@ TEST_F(PlayerProcessTest, QcopHearsThePlayersIdleMessagesAndMovesItOn)
     EXPECT_EQ(m_run.argsOf("control", "seek").size(), 0);
     EXPECT_EQ(m_run.argsOf("control", "next").size(), 1);
     EXPECT_EQ(m_run.titlesPlayed().mid(0, 3).join(" | ").toStdString(), "Afterglow | First Light | Harbour Wind");
+}
+
+/** One property of the bridge, as a desktop reads it. */
+QVariant bridgeProperty(const QString& interface, const QString& name)
+{
+    QDBusMessage get = QDBusMessage::createMethodCall("org.mpris.MediaPlayer2.mediaplayer", "/org/mpris/MediaPlayer2",
+                                                      "org.freedesktop.DBus.Properties", "Get");
+    get << interface << name;
+    const QDBusMessage reply = QDBusConnection(QStringLiteral("player-process-test")).call(get);
+    if (reply.type() != QDBusMessage::ReplyMessage)
+        return {};
+    return reply.arguments().value(0).value<QDBusVariant>().variant();
+}
+
+QVariantMap bridgeMetadata()
+{
+    return qdbus_cast<QVariantMap>(bridgeProperty("org.mpris.MediaPlayer2.Player", "Metadata").value<QDBusArgument>());
+}
+
+QString playbackStatus()
+{
+    return bridgeProperty("org.mpris.MediaPlayer2.Player", "PlaybackStatus").toString();
+}
+
+bool callBridge(const QString& method)
+{
+    QDBusMessage call = QDBusMessage::createMethodCall("org.mpris.MediaPlayer2.mediaplayer", "/org/mpris/MediaPlayer2",
+                                                       "org.mpris.MediaPlayer2.Player", method);
+    return QDBusConnection(QStringLiteral("player-process-test")).call(call).type() == QDBusMessage::ReplyMessage;
+}
+
+/** Runs the event loop until @p condition holds, at most kWaitMs. */
+bool waitFor(const std::function<bool()>& condition)
+{
+    const QDeadlineTimer deadline(kWaitMs);
+    while (!condition()) {
+        if (deadline.hasExpired())
+            return false;
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+    }
+    return true;
+}
+
+TEST_F(PlayerProcessTest, TheBridgeFollowsThePlayerAndDrivesIt)
+{
+    ASSERT_TRUE(QDBusConnection::connectToBus(m_bus.address(), QStringLiteral("player-process-test")).isConnected());
+    start(m_tool, "mp-mpris", {"--data-dir", m_run.dataDir() + "/data"});
+    const QString offering = "mp-mpris: offering org.mpris.MediaPlayer2.mediaplayer";
+    ASSERT_EQ(readUntil(m_tool, QProcess::StandardError, offering), offering);
+    EXPECT_EQ(playbackStatus(), "Stopped");
+    EXPECT_EQ(bridgeMetadata(), QVariantMap());
+    EXPECT_EQ(bridgeProperty("org.mpris.MediaPlayer2.Player", "CanPlay"), QVariant(false));
+    EXPECT_EQ(bridgeProperty("org.mpris.MediaPlayer2", "Identity"), QVariant("Media Player"));
+    EXPECT_EQ(bridgeProperty("org.mpris.MediaPlayer2", "HasTrackList"), QVariant(false));
+
+    ASSERT_TRUE(startPlayer());
+    ASSERT_TRUE(waitFor([] { return bridgeMetadata().value("xesam:title") == "First Light"; }))
+        << bridgeMetadata().value("xesam:title").toString().toStdString();
+    QVariantMap metadata = bridgeMetadata();
+    EXPECT_EQ(metadata.value("xesam:album"), "Northern Lights");
+    EXPECT_EQ(metadata.value("xesam:artist"), QStringList{"Aurora Lane"});
+    EXPECT_EQ(metadata.value("mpris:length").metaType().id(), QMetaType::LongLong);
+    EXPECT_EQ(metadata.value("mpris:length").toLongLong() % 1000000, 0) << "whole seconds, in microseconds";
+    EXPECT_TRUE(metadata.value("mpris:trackid").value<QDBusObjectPath>().path().startsWith("/org/mediaplayerhost/Track/"));
+    EXPECT_TRUE(metadata.value("xesam:url").toString().startsWith("file:///"));
+    EXPECT_EQ(playbackStatus(), "Playing");
+    EXPECT_EQ(bridgeProperty("org.mpris.MediaPlayer2.Player", "CanGoNext"), QVariant(true));
+
+    ASSERT_TRUE(callBridge("Next"));
+    EXPECT_TRUE(waitFor([] { return bridgeMetadata().value("xesam:title") == "Harbour Wind"; }));
+    ASSERT_TRUE(callBridge("Pause"));
+    EXPECT_TRUE(waitFor([] { return playbackStatus() == "Paused"; }));
+
+    // The player goes and comes back; the bridge follows.
+    ASSERT_EQ(endPlayer(), 0) << m_player.readAllStandardError().toStdString();
+    EXPECT_TRUE(waitFor([] { return playbackStatus() == "Stopped" && bridgeMetadata().isEmpty(); }));
+    EXPECT_EQ(bridgeProperty("org.mpris.MediaPlayer2.Player", "CanPlay"), QVariant(false));
+    ASSERT_TRUE(startPlayer());
+    EXPECT_TRUE(waitFor([] { return playbackStatus() == "Playing"; }));
+    ASSERT_EQ(endPlayer(), 0);
 }
 
 } // namespace
