@@ -43,6 +43,8 @@ bool AppOptions::parse(const QStringList& arguments, QString* error)
                 return false;
         } else if (word == QLatin1String("--quiet")) {
             quiet = true;
+        } else if (word == QLatin1String("--mpris")) {
+            mpris = true;
         } else if (word == QLatin1String("--help") || word == QLatin1String("-h")) {
             help = true;
         } else if (word == QLatin1String("--action")) {
@@ -90,6 +92,8 @@ QString AppOptions::usage()
         "  --lang LANG               the language of the texts (\"de\"; \"en\" is built in); without it\n"
         "                            the language of $LANG, English when there is no translation\n"
         "  --quiet                   do not print what is playing\n"
+        "  --mpris                   offer the player to the desktop's media controls (MPRIS) through\n"
+        "                            mp-mpris beside this program, while the player runs\n"
         "  --help                    print this and end\n"
         "Without a display (none at all, or QT_QPA_PLATFORM=offscreen or minimal) the player ends\n"
         "when nothing more will play, and says why on standard error.\n"

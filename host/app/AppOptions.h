@@ -1,6 +1,6 @@
 #pragma once
 // The command line of the host application:
-//   mediaplayer [--data-dir DIR] [--journal FILE] [--log FILE] [--quiet]
+//   mediaplayer [--data-dir DIR] [--journal FILE] [--log FILE] [--quiet] [--mpris]
 //               [--action NAME key=value ...] [--folder PATH] [--lang LANG] [--script FILE|-] [FILE]
 
 #include <QString>
@@ -28,6 +28,7 @@ struct AppOptions {
     QString folder;         ///< --folder: a folder, or a file to start its folder from
     QString language;       ///< --lang: null when not given (then $LANG decides)
     bool quiet = false;     ///< no "Playing:" lines on the terminal
+    bool mpris = false;     ///< --mpris: run the media-controls bridge beside the player
     bool help = false;      ///< --help: print the usage and end
 
     /** Parses @p arguments (without the program name). On a bad command line

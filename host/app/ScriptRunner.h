@@ -25,6 +25,7 @@
 #include <QString>
 #include <QStringList>
 
+#include "host/app/ChannelScriptCommands.h"
 #include "host/app/ScreenScriptCommands.h"
 #include "host/app/ScriptCommandTable.h"
 
@@ -72,5 +73,6 @@ private:
     QStringList m_lines;
     ScriptCommandTable m_commands;
     ScreenScriptCommands m_screenCommands;
+    ChannelScriptCommands m_channelCommands;
     bool m_quit = false;
 };

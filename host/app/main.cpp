@@ -18,6 +18,7 @@
 #include "host/app/AppOptions.h"
 #include "host/app/HeadlessWatch.h"
 #include "host/app/MainWindowLibrary.h"
+#include "host/app/MprisBridgeProcess.h"
 #include "host/app/PlayerSession.h"
 #include "host/app/ScriptRunner.h"
 #include "host/app/ScriptWords.h"
@@ -186,6 +187,9 @@ int main(int argc, char** argv)
     // the queued answers or the safe defaults.
     HostDialogs::setInteractive(!headless && options.script.isEmpty());
 
+    MprisBridgeProcess bridge;
+    if (options.mpris)
+        bridge.start(options.dataDir);
     const int exitCode = runPlayer(library, options, folderStart, headless);
     LOG_SetStream(nullptr);
     if (log)

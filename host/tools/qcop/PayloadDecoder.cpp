@@ -7,10 +7,26 @@
 
 namespace {
 
-// The player's messages whose names say nothing of what they carry.
+// The player's messages whose names say nothing of what they carry (the
+// idle-screen plug-in's information and seek requests, the plug-in
+// activation, the setup changes), or say less than they carry: the
+// home-screen framework's "activePlugIn()" comes with the plug-in's name.
 const QHash<QByteArray, QStringList>& knownMessages()
 {
-    static const QHash<QByteArray, QStringList> messages;
+    static const QHash<QByteArray, QStringList> messages{
+        {"/MP/Idle/Info/State", {"int"}},
+        {"/MP/Idle/Info/ElapsedTime", {"QString"}},
+        {"/MP/Idle/Info/TotalTime", {"QString"}},
+        {"/MP/Idle/Info/MetaInfo", {"QString", "QByteArray", "Q_INT8"}},
+        {"/MP/Idle/Req/Seek/Forth", {"int"}},
+        {"/MP/Idle/Req/Seek/BACK", {"int"}},
+        {"activePlugIn()", {"QString"}},
+        {"deactivePlugIn()", {"QString"}},
+        {"MP_MSG_SETUP_CHANGE_SHUFFLE_MUSIC", {"int"}},
+        {"MP_MSG_SETUP_CHANGE_REPEAT_MUSIC", {"int"}},
+        {"MP_MSG_SETUP_CHANGE_SHUFFLE_VIDEO", {"int"}},
+        {"MP_MSG_SETUP_CHANGE_REPEAT_VIDEO", {"int"}},
+    };
     return messages;
 }
 

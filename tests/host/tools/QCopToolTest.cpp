@@ -31,6 +31,24 @@ TEST(PayloadDecoderTest, DecodesByTheTypesTheNameGivesElseShowsTheBytes)
     EXPECT_EQ(PayloadDecoder::describe("applyStyle()", QByteArray()), QStringList());
 }
 
+TEST(PayloadDecoderTest, ThePlayersMessagesWithoutTypesInTheirNamesAreDecoded)
+{
+    EXPECT_EQ(PayloadDecoder::describe("/MP/Idle/Info/MetaInfo", QByteArray::fromHex("00000002004100000002abcd01")),
+              (QStringList{"str:\"A\"", "bytes:abcd", "i8:1"}));
+    EXPECT_EQ(PayloadDecoder::describe("/MP/Idle/Info/MetaInfo", QByteArray::fromHex("00000002004100000002abcd")),
+              QStringList{"raw:00000002004100000002abcd"})
+        << "the memory-card byte is missing";
+    EXPECT_EQ(PayloadDecoder::describe("/MP/Idle/Info/ElapsedTime", QByteArray::fromHex("000000080031003a00300035")),
+              QStringList{"str:\"1:05\""});
+    EXPECT_EQ(PayloadDecoder::describe("/MP/Idle/Req/Seek/BACK", QByteArray::fromHex("00000002")),
+              QStringList{"int:2"});
+    EXPECT_EQ(PayloadDecoder::describe("activePlugIn()", QByteArray::fromHex("000000020049")), QStringList{"str:\"I\""})
+        << "the framework's message carries the plug-in's name although its name lists nothing";
+    EXPECT_EQ(PayloadDecoder::describe("NowplayingGroupItem(QString, int, int)",
+                                       QByteArray::fromHex("00000002007800000003" "00000007")),
+              (QStringList{"str:\"x\"", "int:3", "int:7"}));
+}
+
 class QCopToolTest : public ::testing::Test {
 protected:
     void SetUp() override

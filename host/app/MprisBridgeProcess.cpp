@@ -1,0 +1,57 @@
+#include "host/app/MprisBridgeProcess.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QProcess>
+
+#include <cstdio>
+
+namespace {
+const int kEndMilliseconds = 5000;
+
+bool channelsStayLocal()
+{
+    return qEnvironmentVariableIntValue("MP_QCOP_LOCAL") == 1 || qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS");
+}
+} // namespace
+
+MprisBridgeProcess::MprisBridgeProcess() = default;
+
+MprisBridgeProcess::~MprisBridgeProcess()
+{
+    if (!m_process || m_process->state() == QProcess::NotRunning)
+        return;
+    m_process->terminate();
+    if (!m_process->waitForFinished(kEndMilliseconds)) {
+        m_process->kill();
+        m_process->waitForFinished(kEndMilliseconds);
+    }
+}
+
+bool MprisBridgeProcess::start(const QString& dataDir)
+{
+    // Without a bus the player's channels never leave it: a bridge would
+    // offer a player it cannot hear. The player plays on all the same.
+    if (channelsStayLocal()) {
+        std::fprintf(stderr, "mediaplayer: --mpris: no D-Bus session bus, the media controls are not offered\n");
+        return false;
+    }
+    const QString program = QCoreApplication::applicationDirPath() + QStringLiteral("/mp-mpris");
+    QStringList arguments;
+    if (!dataDir.isEmpty())
+        arguments << QStringLiteral("--data-dir") << QFileInfo(dataDir).absoluteFilePath();
+    m_process = std::make_unique<QProcess>();
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    // The journal records the player's effects; the bridge is another program.
+    environment.remove(QStringLiteral("MP_JOURNAL"));
+    m_process->setProcessEnvironment(environment);
+    m_process->setProcessChannelMode(QProcess::ForwardedChannels);
+    m_process->start(program, arguments);
+    if (!m_process->waitForStarted(kEndMilliseconds)) {
+        std::fprintf(stderr, "mediaplayer: --mpris: cannot start %s: %s\n", qPrintable(program),
+                     qPrintable(m_process->errorString()));
+        m_process.reset();
+        return false;
+    }
+    return true;
+}

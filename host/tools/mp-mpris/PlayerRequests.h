@@ -1,0 +1,50 @@
+#pragma once
+// Turns what the desktop asks of the player into the idle screen's requests
+// on "/MP/Idle/Channel", the only way in that the player offers:
+//   Play, Pause, PlayPause  "/MP/Idle/Req/Play" (the player toggles; Play and
+//                           Pause send only when the state would change)
+//   Stop                    "/MP/Idle/Req/Pause" while playing (there is no stop request)
+//   Next, Previous          "/MP/Idle/Req/Next", "/MP/Idle/Req/Prev"
+//   Seek, SetPosition       "/MP/Idle/Req/Seek/Forth" or "BACK" with a count of
+//                           5-second steps, then "/MP/Idle/Req/Seek/END"
+//   Shuffle                 the stored music shuffle mode, then "/MP/Idle/Req/Shuffle"
+//   LoopStatus              "/MP/Idle/Req/Repeat" when repeat must change
+//   Raise, Quit             "/MP/Idle/Req/Restore", "/MP/Idle/Req/Quit"
+// Without a player nothing is sent.
+
+#include <QString>
+
+class PlayerMirror;
+class PlaySettings;
+
+class PlayerRequests {
+public:
+    /** The player's seek step, in microseconds. */
+    static constexpr qint64 kSeekStep = 5000000;
+
+    /** Neither is owned; both must outlive this object. */
+    PlayerRequests(const PlayerMirror& mirror, PlaySettings& settings);
+
+    void play() const;
+    void pause() const;
+    void playPause() const;
+    void stop() const;
+    void next() const;
+    void previous() const;
+    /** Moves by @p offset microseconds, rounded to the nearest whole step. */
+    void seek(qint64 offset) const;
+    /** Moves to @p position microseconds of @p trackId; ignored for another
+     *  track or a position outside the item. */
+    void setPosition(const QString& trackId, qint64 position) const;
+    void setShuffle(bool shuffle) const;
+    /** "None" turns repeat off, "Playlist" and "Track" on; other values are ignored. */
+    void setLoopStatus(const QString& loopStatus) const;
+    void raise() const;
+    void quit() const;
+
+private:
+    void send(const char* request) const;
+
+    const PlayerMirror& m_mirror;
+    PlaySettings& m_settings;
+};

@@ -1,0 +1,62 @@
+// mp-mpris: offers the media player to the desktop's media controls (MPRIS
+// 2.2 on the D-Bus session bus), following the player as it starts and ends.
+
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QFileInfo>
+
+#include <cstdio>
+
+#include "host/tools/mp-mpris/DatabaseTrackLookup.h"
+#include "host/tools/mp-mpris/MprisBridge.h"
+#include "host/tools/mp-mpris/StoredPlaySettings.h"
+#include "platform/TraceLog.h"
+
+namespace {
+
+enum ExitStatus { ExitEnded = 0, ExitNoBus = 1, ExitBadUsage = 2 };
+
+const char* const kUsage =
+    "usage: mp-mpris [--data-dir DIR]\n"
+    "Offers the media player on the session bus as org.mpris.MediaPlayer2.mediaplayer until\n"
+    "interrupted. DIR is the player's data folder (default: MP_DATA_DIR, else the player's own),\n"
+    "where the titles of what plays are looked up.\n"
+    "Exit status: 0 ended, 1 no D-Bus session bus or the name is taken, 2 bad usage.\n";
+
+int badUsage(const char* reason)
+{
+    std::fprintf(stderr, "mp-mpris: %s\n%s", reason, kUsage);
+    return ExitBadUsage;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QCoreApplication app(argc, argv);
+    LOG_SetStream(stderr);
+    const QStringList arguments = QCoreApplication::arguments().mid(1);
+    if (arguments.value(0) == QLatin1String("--help") || arguments.value(0) == QLatin1String("-h")) {
+        std::fputs(kUsage, stdout);
+        return ExitEnded;
+    }
+    if (!arguments.isEmpty()) {
+        if (arguments.size() != 2 || arguments.at(0) != QLatin1String("--data-dir"))
+            return badUsage("expected nothing or --data-dir DIR");
+        qputenv("MP_DATA_DIR", QFileInfo(arguments.at(1)).absoluteFilePath().toLocal8Bit());
+    }
+    if (!QDBusConnection::sessionBus().isConnected()) {
+        std::fprintf(stderr, "mp-mpris: no D-Bus session bus (DBUS_SESSION_BUS_ADDRESS): the player cannot be offered\n");
+        return ExitNoBus;
+    }
+    DatabaseTrackLookup tracks;
+    StoredPlaySettings settings;
+    MprisBridge bridge(tracks, settings);
+    QString error;
+    if (!bridge.start(&error)) {
+        std::fprintf(stderr, "mp-mpris: %s\n", qPrintable(error));
+        return ExitNoBus;
+    }
+    std::fprintf(stderr, "mp-mpris: offering %s\n", MprisBridge::kServiceName);
+    return QCoreApplication::exec();
+}

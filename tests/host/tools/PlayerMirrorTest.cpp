@@ -1,0 +1,210 @@
+// The bridge's picture of the player, fed the player's messages by hand, and
+// the requests it makes of the player in return.
+
+#include <QDBusObjectPath>
+#include <QDataStream>
+#include <QHash>
+#include <QSignalSpy>
+
+#include "host/tools/mp-mpris/PlaySettings.h"
+#include "host/tools/mp-mpris/PlayerMirror.h"
+#include "host/tools/mp-mpris/PlayerRequests.h"
+#include "host/tools/mp-mpris/TrackLookup.h"
+#include "platform/StreamEncoding.h"
+#include "tests/support/ChannelJournal.h"
+#include "tests/support/SongBuilder.h"
+#include "tests/support/TestEnvironment.h"
+
+namespace {
+
+const QCString kIdle = PlayerMirror::kIdleChannel;
+const QCString kBrowser = PlayerMirror::kBrowserChannel;
+
+class TableTracks : public TrackLookup {
+public:
+    std::optional<MediaRecord> find(const QString& path) const override
+    {
+        const auto found = records.constFind(path);
+        return found == records.constEnd() ? std::nullopt : std::optional<MediaRecord>(*found);
+    }
+    QHash<QString, MediaRecord> records;
+};
+
+class MemorySettings : public PlaySettings {
+public:
+    int shuffleMode() const override { return shuffle; }
+    bool repeat() const override { return repeatOn; }
+    void storeShuffleMode(int mode) override { shuffle = mode; }
+    int shuffle = 0;
+    bool repeatOn = false;
+};
+
+template <typename... Values>
+QByteArray payload(const Values&... values)
+{
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    MP_SetPayloadFormat(stream);
+    (stream << ... << values);
+    return bytes;
+}
+
+class PlayerMirrorTest : public TestEnvironment {
+protected:
+    void SetUp() override
+    {
+        TestEnvironment::SetUp();
+        MediaRecord stored = song("/m/a.mp3").title("Afterglow").artist("Aurora Lane").album("Northern Lights");
+        stored.id = 12;
+        tracks.records.insert(stored.path, stored);
+    }
+
+    void idle(const QCString& message, const QByteArray& data = {}) { mirror.receive(kIdle, message, data); }
+    void browser(const QCString& message, const QByteArray& data = {}) { mirror.receive(kBrowser, message, data); }
+    void nowPlaying(const QString& path)
+    {
+        browser("NowplayingGroupItem(QString, int, int)", payload(path, qint32(0), qint32(4)));
+    }
+    void meta(const QString& text) { idle("/MP/Idle/Info/MetaInfo", payload(text, QByteArray(), qint8(0))); }
+    void elapsed(const QString& time) { idle("/MP/Idle/Info/ElapsedTime", payload(time)); }
+    void playing() { browser("NowplayingState(int)", payload(qint32(1))); }
+
+    TableTracks tracks;
+    MemorySettings settings;
+    PlayerMirror mirror{tracks, settings};
+    PlayerRequests requests{mirror, settings};
+};
+
+TEST_F(PlayerMirrorTest, ThePlayersPresenceFollowsItsStartAndExit)
+{
+    QSignalSpy presence(&mirror, &PlayerMirror::presenceChanged);
+    QSignalSpy changes(&mirror, &PlayerMirror::playerPropertiesChanged);
+    settings.repeatOn = true;
+    browser("MediaplayerStarted()");
+    EXPECT_TRUE(mirror.isPresent());
+    ASSERT_EQ(changes.size(), 1);
+    EXPECT_EQ(changes.at(0).at(0).toStringList(),
+              (QStringList{"CanControl", "CanGoNext", "CanGoPrevious", "CanPause", "CanPlay", "LoopStatus"}))
+        << "the settings are read when the player comes; no seek without a length";
+
+    nowPlaying("/m/a.mp3");
+    meta("Afterglow - Northern Lights - Aurora Lane");
+    idle("/MP/Idle/Info/TotalTime", payload(QStringLiteral("1:02:05")));
+    playing();
+    EXPECT_EQ(mirror.playbackStatus(), "Playing");
+    EXPECT_EQ(mirror.playerProperties().value("CanSeek").toBool(), true);
+
+    browser("MediaplayerExited()");
+    EXPECT_EQ(presence.size(), 2);
+    EXPECT_EQ(mirror.playbackStatus(), "Stopped");
+    EXPECT_EQ(mirror.metadata(), QVariantMap());
+    EXPECT_FALSE(mirror.playerProperties().value("CanPlay").toBool());
+
+    // A player that runs before the bridge is known by what it says.
+    idle("/MP/Idle/Info/State", payload(qint32(2)));
+    EXPECT_TRUE(mirror.isPresent());
+    EXPECT_EQ(mirror.playbackStatus(), "Paused");
+    idle("/MP/Idle/Info/Exit");
+    EXPECT_FALSE(mirror.isPresent());
+}
+
+TEST_F(PlayerMirrorTest, MetadataComesFromTheDatabaseWhileTheNowPlayingPathIsTheItemShown)
+{
+    browser("MediaplayerStarted()");
+    nowPlaying("/m/a.mp3");
+    meta("Afterglow - Northern Lights - Aurora Lane");
+    idle("/MP/Idle/Info/TotalTime", payload(QStringLiteral("3:05")));
+    const QVariantMap expected{{"mpris:trackid", QVariant::fromValue(QDBusObjectPath("/org/mediaplayerhost/Track/12"))},
+                               {"xesam:title", "Afterglow"},
+                               {"xesam:artist", QStringList{"Aurora Lane"}},
+                               {"xesam:album", "Northern Lights"},
+                               {"xesam:url", "file:///m/a.mp3"},
+                               {"mpris:length", qint64(185000000)}};
+    EXPECT_EQ(mirror.metadata(), expected);
+    EXPECT_EQ(mirror.metadata().value("mpris:length").metaType().id(), QMetaType::LongLong) << "x on the bus";
+
+    // A file played on its own after the list: the list's path is stale.
+    meta("Sunrise");
+    EXPECT_EQ(mirror.metadata(),
+              (QVariantMap{{"mpris:trackid", QVariant::fromValue(QDBusObjectPath(PlayerMirror::kUnlistedTrack))},
+                           {"xesam:title", "Sunrise"},
+                           {"mpris:length", qint64(185000000)}}));
+
+    // A path the database does not hold still gives its address.
+    nowPlaying("/m/Sunrise.ogg");
+    EXPECT_EQ(mirror.metadata().value("xesam:url"), "file:///m/Sunrise.ogg");
+    EXPECT_EQ(mirror.trackId(), PlayerMirror::kUnlistedTrack);
+}
+
+TEST_F(PlayerMirrorTest, StatusPrefersTheEnginesOwnStateAndBadPayloadsChangeNothing)
+{
+    QSignalSpy changes(&mirror, &PlayerMirror::playerPropertiesChanged);
+    idle("/MP/Idle/Info/State", payload(qint32(2)));
+    browser("NowplayingState(int)", payload(qint32(8)));
+    EXPECT_EQ(mirror.playbackStatus(), "Stopped") << "finished, which the idle screen shows as paused";
+    browser("NowplayingState(int)", payload(qint32(3)));
+    EXPECT_EQ(mirror.playbackStatus(), "Playing");
+
+    const int before = changes.size();
+    browser("NowplayingState(int)", QByteArray::fromHex("0001"));
+    browser("NowplayingState(int)", QByteArray::fromHex("0000000200"));
+    idle("/MP/Idle/Info/TotalTime", payload(QStringLiteral("1:5x")));
+    idle("/MP/Idle/Info/TotalTime", payload(QStringLiteral("1:65")));
+    idle("/MP/Idle/Info/MetaInfo", payload(QStringLiteral("A"), QByteArray()));
+    browser("NowplayingGroupItem(QString, int, int)", payload(QStringLiteral("/m/a.mp3"), qint32(0)));
+    EXPECT_EQ(mirror.playbackStatus(), "Playing");
+    EXPECT_EQ(mirror.length(), 0);
+    EXPECT_EQ(mirror.metadata(), QVariantMap());
+    EXPECT_EQ(changes.size(), before) << "nothing that does not hold what it should is taken";
+}
+
+TEST_F(PlayerMirrorTest, SeekedOnlyWhenThePositionJumps)
+{
+    QSignalSpy seeked(&mirror, &PlayerMirror::seeked);
+    browser("MediaplayerStarted()");
+    meta("A");
+    elapsed("0:00");
+    elapsed("0:10");
+    idle("/MP/Idle/Req/Seek/Forth", payload(qint32(1)));
+    elapsed("0:15");
+    elapsed("0:16");
+    elapsed("0:04");
+    meta("B");
+    elapsed("0:00");
+    ASSERT_EQ(seeked.size(), 2);
+    EXPECT_EQ(seeked.at(0).at(0).toLongLong(), 15000000);
+    EXPECT_EQ(seeked.at(1).at(0).toLongLong(), 4000000) << "back within the item; a new item starting is no seek";
+    EXPECT_EQ(mirror.position(), 0);
+}
+
+TEST_F(PlayerMirrorTest, RequestsAreTheIdleScreensAndOnlyWhileThePlayerRuns)
+{
+    requests.next();
+    requests.seek(10000000);
+    EXPECT_EQ(channelMessages(kIdle), MessageLines()) << "no player";
+
+    browser("MediaplayerStarted()");
+    mirror.receive(kIdle, "/MP/Idle/Info/TotalTime", payload(QStringLiteral("3:00")));
+    elapsed("0:20");
+    playing();
+    requests.play();            // already playing: a Play would pause
+    requests.pause();
+    requests.seek(7400000);     // one and a half steps round to one
+    requests.seek(-12600000);
+    requests.seek(2000000);     // less than half a step
+    requests.setPosition(mirror.trackId(), 60000000);
+    requests.setPosition("/org/mediaplayerhost/Track/99", 60000000);
+    requests.setShuffle(true);
+    requests.setLoopStatus("Track");
+    requests.setLoopStatus("Sometimes");
+    requests.raise();
+    EXPECT_EQ(channelMessages(kIdle), (MessageLines{"/MP/Idle/Req/Pause ",
+                                                    "/MP/Idle/Req/Seek/Forth 00000001", "/MP/Idle/Req/Seek/END ",
+                                                    "/MP/Idle/Req/Seek/BACK 00000003", "/MP/Idle/Req/Seek/END ",
+                                                    "/MP/Idle/Req/Seek/Forth 00000008", "/MP/Idle/Req/Seek/END ",
+                                                    "/MP/Idle/Req/Shuffle ", "/MP/Idle/Req/Repeat ",
+                                                    "/MP/Idle/Req/Restore "}));
+    EXPECT_EQ(settings.shuffle, 1) << "the shuffle request applies the stored mode";
+}
+
+} // namespace
