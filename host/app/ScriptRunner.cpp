@@ -72,6 +72,7 @@ ScriptRunner::ScriptRunner(PlayerSession& session) : m_session(session)
             return (this->*command)(arguments, error);
         });
     m_screenCommands.addTo(m_commands);
+    m_bluetoothCommands.addTo(m_commands);
 }
 
 bool ScriptRunner::load(const QString& path, QString* error)
