@@ -8,6 +8,7 @@
 #include <cstring>
 
 #include "clients/MP_MediafinderClient.h"
+#include "clients/MP_BluetoothClient.h"
 #include "clients/HSMessageAPI.h"
 #include "clients/MP_IdleClient.h"
 #include "clients/MP_CLIClient.h"
@@ -106,6 +107,8 @@ void MP_MainWindow::initCommonPlayer(bool playerFlag)
     m_idleClient = std::make_unique<MP_IdleClient>(m_commonPlayer);
     connect(m_idleClient.get(), SIGNAL(sigQuitApp()), this, SLOT(onQuitApp()));
     connect(m_idleClient.get(), SIGNAL(sigSetupKeyClicked(int, bool)), this, SLOT(onSetupKeyClicked(int, bool)));
+    m_btClient = std::make_unique<MP_BluetoothClient>(m_commonPlayer, this, m_windowClient.get(),
+                                                      m_launcherId == QLatin1String("BTAvrcpKeys"));
     updateCLIClient();
 }
 
@@ -118,6 +121,7 @@ void MP_MainWindow::freeCommonPlayer()
     // before the engine; the external-display client is the last of them.
     m_mediafinderClient.reset();
     m_idleClient.reset();
+    m_btClient.reset();
     m_windowClient.reset();
     m_cliClient.reset();
     // Released only through the engine library's factory, never deleted here.

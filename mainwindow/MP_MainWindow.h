@@ -7,8 +7,9 @@
 // points.
 //
 // Its clients mirror the player in the media browser, on the player screen,
-// on the idle screen and (while the flip is closed) on the external display.
-// Not built yet: the Bluetooth client, the handler of the key channel (opened
+// on the idle screen and (while the flip is closed) on the external display;
+// the Bluetooth client takes a headset's keys.
+// Not built yet: the handler of the key channel (opened
 // at start-up but not listened to), the memory-card message (only traced),
 // and the close, setup-key and end-key handlers (they trace).
 
@@ -23,6 +24,7 @@
 
 class AM_ActionData;
 class MP_AufList;
+class MP_BluetoothClient;
 class MP_CLIClient;
 class MP_CommonPlayer;
 class MP_MediafinderClient;
@@ -81,6 +83,7 @@ public:
     MP_CommonPlayer* commonPlayer() const { return m_commonPlayer; }
     MP_IdleClient* idleClient() const { return m_idleClient.get(); }
     MP_WindowClient* windowClient() const { return m_windowClient.get(); }
+    MP_BluetoothClient* bluetoothClient() const { return m_btClient.get(); }
     MP_AufList* currentList() const { return m_list.get(); }
     MP_CLIClient* cliClient() const { return m_cliClient.get(); }
     const LastPlayedListRecord& lastPlayedList() const { return m_lastPlayedList; }
@@ -154,6 +157,9 @@ private:
     std::unique_ptr<MP_MediafinderClient> m_mediafinderClient;
     /** Exists exactly while the engine does; deleted before it. */
     std::unique_ptr<MP_IdleClient> m_idleClient;
+    /** The headset keys' client; exists exactly while the engine does. It
+     *  registers menu entries with the window client, so it goes before it. */
+    std::unique_ptr<MP_BluetoothClient> m_btClient;
     /** The external-display client: exists only while the flip was closed at
      *  the last external-display update, and only with the engine. */
     std::unique_ptr<MP_CLIClient> m_cliClient;

@@ -63,6 +63,14 @@
         <source>Bluetooth</source>
         <translation>Bluetooth</translation>
     </message>
+    <message id="TXT_RID_OPTION_USE_BLUETOOTH">
+        <source>Use Bluetooth</source>
+        <translation>Bluetooth verwenden</translation>
+    </message>
+    <message id="TXT_RID_OPTION_USE_HANDSET">
+        <source>Use Handset</source>
+        <translation>Telefon verwenden</translation>
+    </message>
     <message id="TXT_RID_OPTION_APPLY_TO">
         <source>Apply to</source>
         <translation>Verwenden als</translation>

@@ -73,6 +73,7 @@ ScriptRunner::ScriptRunner(PlayerSession& session) : m_session(session)
         });
     m_screenCommands.addTo(m_commands);
     m_channelCommands.addTo(m_commands);
+    m_bluetoothCommands.addTo(m_commands);
 }
 
 bool ScriptRunner::load(const QString& path, QString* error)

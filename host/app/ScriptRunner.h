@@ -16,6 +16,7 @@
 //   flip open|closed            the phone's flip moves; the application tells the window
 //   display COMMAND [ARG]       the user's command on the external display (DisplayCommandParser)
 //   (the player screen's commands: see ScreenScriptCommands.h)
+//   (Bluetooth and the phone lock: see BluetoothScriptCommands.h)
 //   quit                        delete the main window and end
 // After every command the event loop runs briefly, so that deferred work
 // (posted events, 1 ms timers, channel deliveries) has happened before the
@@ -25,6 +26,7 @@
 #include <QString>
 #include <QStringList>
 
+#include "host/app/BluetoothScriptCommands.h"
 #include "host/app/ChannelScriptCommands.h"
 #include "host/app/ScreenScriptCommands.h"
 #include "host/app/ScriptCommandTable.h"
@@ -74,5 +76,6 @@ private:
     ScriptCommandTable m_commands;
     ScreenScriptCommands m_screenCommands;
     ChannelScriptCommands m_channelCommands;
+    BluetoothScriptCommands m_bluetoothCommands;
     bool m_quit = false;
 };

@@ -3,7 +3,8 @@
 // by default: each playing engine measures the time between its ticks. In
 // manual mode (tests, the application's "clock manual" script command) time
 // stands still until advance() moves it, so that every report comes in an
-// exact, repeatable order.
+// exact, repeatable order. The platform's key timers (HostTimerClock)
+// follow the same clock.
 
 class HostEngineClock {
 public:
@@ -22,4 +23,7 @@ public:
 
     /** Real-time tick interval of a playing engine, in milliseconds. */
     static constexpr int kTickInterval = 100;
+
+private:
+    static void advanceEngines(int milliseconds);
 };

@@ -88,9 +88,9 @@ TEST_F(MP_MainWindowIdleTest, IdleClient_GoesBeforeTheEngine_AndItsQuitRequestQu
     window->freeCommonPlayer();
     EXPECT_EQ(window->idleClient(), nullptr);
     EXPECT_EQ(channelMessages("VEMO/HSFRAMEWORK"), MessageLines{kDeactive});
-    // Every client (the media browser, idle, screen ones) unregisters, then the engine goes.
+    // Every client (the media browser, idle, Bluetooth, screen ones) unregisters, then the engine goes.
     QStringList clientRemovals;
-    for (int client = 0; client < 3; ++client)
+    for (int client = 0; client < 4; ++client)
         clientRemovals << "engine:removeListListener" << "engine:removePlayerListener";
     EXPECT_EQ(journalCalls(), clientRemovals + QStringList{"engine:MP_DestroyCommonPlayer"});
 }

@@ -8,12 +8,16 @@
 
 #include "host/platform/HostDataDir.h"
 #include "host/platform/HostJournal.h"
+#include "host/platform/phone/HostBluetooth.h"
 #include "host/platform/phone/HostProfileFile.h"
 #include "host/platform/phone/HostStorage.h"
 
 Q_LOGGING_CATEGORY(lcPhone, "mp.host.phone")
 
 namespace {
+
+const int kDefaultKeyRepeat = 300;
+const int kMaxKeyRepeat = 60000;
 
 HostProfileFile::Content defaultProfile()
 {
@@ -22,11 +26,13 @@ HostProfileFile::Content defaultProfile()
     defaults.flexBits = {{149, true}, {492, false}, {512, true}};
     // Phone memory and a memory card.
     defaults.items.insert(QStringLiteral("MF_FlexNumber/StorageNumber"), QStringLiteral("2"));
+    defaults.items.insert(QStringLiteral("Keys/RepeatInterval"), QString::number(kDefaultKeyRepeat));
     return defaults;
 }
 
 struct PhoneState {
     int flipStatus = 0;
+    int lockStatus = 0;
     QHash<int, bool> flexBits;
     QHash<QString, QString> profile;
 
@@ -34,6 +40,7 @@ struct PhoneState {
     void setDefaults()
     {
         flipStatus = 0;
+        lockStatus = 0;
         const HostProfileFile::Content defaults = defaultProfile();
         flexBits = defaults.flexBits;
         profile = defaults.items;
@@ -91,9 +98,36 @@ QString HostPhone::profileItem(const QString& section, const QString& key)
     return phone().profile.value(profileKey(section, key));
 }
 
+void HostPhone::setPhoneLockStatus(int status)
+{
+    phone().lockStatus = status;
+    HostJournal::call(QStringLiteral("phone"), QStringLiteral("setPhoneLockStatus"), {status});
+}
+
+int HostPhone::phoneLockStatus()
+{
+    return phone().lockStatus;
+}
+
+int HostPhone::keyRepeatInterval()
+{
+    const QString value = profileItem(QStringLiteral("Keys"), QStringLiteral("RepeatInterval"));
+    bool ok = false;
+    const int interval = value.toInt(&ok);
+    // A held key that repeats never, or every instant, is no key repeat: such
+    // a profile line is taken for a slip and the phone's own value holds.
+    if (!ok || interval < 1 || interval > kMaxKeyRepeat) {
+        qCWarning(lcPhone).noquote() << "Keys/RepeatInterval" << value << "is not 1 to" << kMaxKeyRepeat
+                                     << "milliseconds; using" << kDefaultKeyRepeat;
+        return kDefaultKeyRepeat;
+    }
+    return interval;
+}
+
 void HostPhone::reset()
 {
     phone().setDefaults();
+    HostBluetooth::reset();
 }
 
 QString HostPhone::profilePath()

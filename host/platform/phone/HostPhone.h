@@ -22,8 +22,17 @@ public:
     static void setProfileItem(const QString& section, const QString& key, const QString& value);
     static QString profileItem(const QString& section, const QString& key);
 
+    /** Nonzero while the phone is locked; 0 (unlocked) unless set. */
+    static void setPhoneLockStatus(int status);
+    static int phoneLockStatus();
+
+    /** Milliseconds between repeats of a held key: the profile item
+     *  "Keys"/"RepeatInterval", 300 unless the profile says otherwise; a
+     *  value that is not a number from 1 to 60000 counts as 300. */
+    static int keyRepeatInterval();
+
     /** Back to a new phone's state: the defaults, then the profile file of the
-     *  current data folder (tests). Not journaled. */
+     *  current data folder (tests); Bluetooth off. Not journaled. */
     static void reset();
 
     /** <data folder>/profile.ini */

@@ -103,6 +103,7 @@ QByteArray HostProfileFile::defaultText(const Content& defaults)
                       "# [FlexBits]: feature bits by number, on or off.\n"
                       "#   149 the blog service, 492 bookmarks left out of stream menus,\n"
                       "#   512 a sound must pass the ringtone check before it is offered.\n"
+                      "# [Keys] RepeatInterval: milliseconds between repeats of a held key.\n"
                       "# Any other section: profile items as text.\n"
                       "[FlexBits]\n";
     QList<int> bits = defaults.flexBits.keys();

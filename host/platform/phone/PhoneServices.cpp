@@ -11,3 +11,13 @@ QString UTIL_GetKeyEventChannel()
 {
     return QStringLiteral("VEMO/KeyEvent");
 }
+
+int UTIL_GetTimeBetweenKeyRepeat()
+{
+    return HostPhone::keyRepeatInterval();
+}
+
+int UTIL_GetPhoneLockStatus()
+{
+    return HostPhone::phoneLockStatus();
+}
