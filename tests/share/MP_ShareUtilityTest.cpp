@@ -9,6 +9,7 @@
 
 #include "host/platform/HostJournal.h"
 #include "host/platform/media/MediaDatabase.h"
+#include "host/platform/toolkit/HostTranslations.h"
 #include "host/platform/services/HostBookmarkStore.h"
 #include "lists/MP_AufContext.h"
 #include "platform/MYSTUFF_DETAIL_WidgetUI.h"
@@ -116,6 +117,16 @@ TEST_F(MP_ShareUtilityTest, RemovableMedia_CopiesTheBytesAndJoinsTheSuccessTexts
                                .arg(card),
                            QStringLiteral(R"({"args":["SONG","%1/a.mp3"],"call":"copy","kind":"file","result":0})").arg(card),
                            R"({"answer":1,"class":"VmNoticeDlg","kind":"dialog","text":"You have successfully sent:1 files","title":"","type":0})"}));
+}
+
+TEST_F(MP_ShareUtilityTest, RemovableMedia_InGermanTheFirstTextCarriesTheSpace)
+{
+    ASSERT_TRUE(QDir().mkpath(STUFF_Global::getDefaultMMCSDPartition()));
+    ASSERT_TRUE(HostTranslations::use("de"));
+    MP_ShareUtility::sendToRemovableMedia(media);
+    HostTranslations::use(QString());
+    EXPECT_EQ(journal().first().value("text").toString(), "Senden: a.mp3");
+    EXPECT_EQ(journal().last().value("text").toString(), "Erfolgreich gesendet: 1 Dateien");
 }
 
 TEST_F(MP_ShareUtilityTest, RemovableMedia_AFailedCopyShowsNoSuccessAndKeepsTheCardsFile)
