@@ -27,3 +27,13 @@ bool STUFF_Global::canAsRingTone(const QString& path) const
     const QFileInfo file(path);
     return file.isFile() && file.size() <= kMaxRingtoneBytes;
 }
+
+QString STUFF_Global::getDefaultMMCSDPartition()
+{
+    return HostStorage::memoryCardPath();
+}
+
+QString STUFF_Global::getShortName(const QString& path) const
+{
+    return path.section(QLatin1Char('/'), -1);
+}

@@ -45,12 +45,18 @@ void HostDialogs::setInteractive(bool interactive)
     answers().interactive = interactive;
 }
 
+bool HostDialogs::isInteractive()
+{
+    return answers().interactive;
+}
+
 QString HostDialogs::lastText()
 {
     return answers().lastText;
 }
 
-int HostDialogs::run(Kind kind, const QString& className, int type, const QString& title, const QString& text)
+int HostDialogs::run(Kind kind, const QString& className, int type, const QString& title, const QString& text,
+                     const QString& titleIcon)
 {
     int answer = kind == Kind::Notice ? 1 : 0;
     if (!answers().queued.isEmpty())
@@ -58,6 +64,6 @@ int HostDialogs::run(Kind kind, const QString& className, int type, const QStrin
     else if (answers().interactive)
         answer = askInWindow(kind, title, text);
     answers().lastText = text;
-    HostJournal::dialog(className, type, title, text, answer);
+    HostJournal::dialog(className, type, title, text, answer, titleIcon);
     return answer;
 }
