@@ -27,3 +27,8 @@ bool STUFF_Global::canAsRingTone(const QString& path) const
     const QFileInfo file(path);
     return file.isFile() && file.size() <= kMaxRingtoneBytes;
 }
+
+QString STUFF_Global::getDisplayPathName(const QString& path)
+{
+    return QFileInfo(path).fileName();
+}

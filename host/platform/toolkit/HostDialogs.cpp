@@ -45,6 +45,11 @@ void HostDialogs::setInteractive(bool interactive)
     answers().interactive = interactive;
 }
 
+bool HostDialogs::isInteractive()
+{
+    return answers().interactive;
+}
+
 QString HostDialogs::lastText()
 {
     return answers().lastText;

@@ -15,6 +15,7 @@ public:
     static void clearAnswers();
     /** Show real windows for dialogs without a queued answer. */
     static void setInteractive(bool interactive);
+    static bool isInteractive();
 
     enum class Kind { Notice, Question };
     /** The text of the last dialog run; null before the first. Without a
