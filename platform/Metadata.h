@@ -351,3 +351,17 @@ void freeLastPlayedList(LastPlayedListRecord* record);
 int saveLastPlayedSong(const char* latin1Path, int index);
 /** Nonzero when @p path (UTF-8) is a media file of the library's database. */
 int isMediaFile(const char* path);
+
+// ---------------------------------------------------------------------------
+// Marks and the apply-to function
+// ---------------------------------------------------------------------------
+
+/** Sets (@p flag 1) or clears (0) the buy flag of the stored media object at @p uri
+ *  (UTF-8 path); @p option is reserved, 0. Returns 0 when the database took it,
+ *  nonzero when the object is not stored or the write failed. */
+int metadataSetBuyFlagByUri(unsigned int handle, const char* uri, int flag, int option);
+
+/** The media service's apply-to function, `int metadataApplyTo(const char* utf8Path)`,
+ *  exported with C linkage and looked up at run time among the loaded libraries:
+ *  nonzero when it took the file. */
+typedef int (*MetadataApplyToFunction)(const char* utf8Path);

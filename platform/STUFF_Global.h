@@ -11,6 +11,10 @@ public:
     static STUFF_Global* instance();
     /** Whether a memory card is in; @p refresh asks the storage again rather than a cached answer. */
     static bool hasMMCSDCard(bool refresh);
+    /** The memory card's folder, where files sent to the card go. */
+    static QString getDefaultMMCSDPartition();
+    /** The name the user sees for @p path: the file name after the last "/". */
+    QString getShortName(const QString& path) const;
     /** Whether @p path may be set as a ringtone: a sound file of the media
      *  database that exists and holds at most kMaxRingtoneBytes. */
     bool canAsRingTone(const QString& path) const;

@@ -90,14 +90,17 @@ void HostJournal::settings(int app, const QString& group, const QString& key, co
 }
 
 void HostJournal::dialog(const QString& className, int type, const QString& title, const QString& text,
-                         int answer)
+                         int answer, const QString& icon)
 {
-    write(QJsonObject{{"kind", "dialog"},
-                      {"class", className},
-                      {"type", type},
-                      {"title", title},
-                      {"text", text},
-                      {"answer", answer}});
+    QJsonObject line{{"kind", "dialog"},
+                     {"class", className},
+                     {"type", type},
+                     {"title", title},
+                     {"text", text},
+                     {"answer", answer}};
+    if (!icon.isEmpty())
+        line.insert(QStringLiteral("icon"), icon);
+    write(line);
 }
 
 void HostJournal::startCapture()

@@ -26,8 +26,9 @@ public:
     static void qcop(const QByteArray& channel, const QByteArray& message, const QByteArray& data);
     /** {"kind":"settings","app","group","key","value"} */
     static void settings(int app, const QString& group, const QString& key, const QJsonValue& value);
-    /** {"kind":"dialog","class","type","title","text","answer"} */
-    static void dialog(const QString& className, int type, const QString& title, const QString& text, int answer);
+    /** {"kind":"dialog","class","type","title","text","answer"}, and "icon" when @p icon is not empty */
+    static void dialog(const QString& className, int type, const QString& title, const QString& text, int answer,
+                       const QString& icon = QString());
 
     /** Starts keeping every line in memory as well (tests). Clears what was kept. */
     static void startCapture();

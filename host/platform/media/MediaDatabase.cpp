@@ -371,6 +371,15 @@ std::optional<MediaGroup> MediaDatabase::groupBySource(const QString& source)
     return readGroup(query);
 }
 
+std::optional<MediaGroup> MediaDatabase::groupByName(MetadataGroupType type, const QString& name)
+{
+    SqliteStatement& query =
+        statement("SELECT id, type, name, source FROM groups WHERE type = ?1 AND name = ?2 ORDER BY id LIMIT 1");
+    query.bind(1, qint64(type));
+    query.bind(2, name);
+    return readGroup(query);
+}
+
 QList<MediaGroup> MediaDatabase::groupsWithSourceUnder(const QString& folder)
 {
     const QPair<QString, QString> range = pathRangeOf(folder);

@@ -86,6 +86,8 @@ public:
     bool removeGroup(quint32 id);
     std::optional<MediaGroup> groupById(quint32 id);
     std::optional<MediaGroup> groupBySource(const QString& source);
+    /** The first (lowest id) group of @p type named @p name. */
+    std::optional<MediaGroup> groupByName(MetadataGroupType type, const QString& name);
     /** The groups imported from play-list files inside @p folder. */
     QList<MediaGroup> groupsWithSourceUnder(const QString& folder);
     /** Object ids of a group's members in their order. */

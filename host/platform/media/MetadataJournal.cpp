@@ -83,6 +83,11 @@ void MetadataJournal::saveLastPlayedSong(const QString& path, int position, bool
     writeCall(QStringLiteral("saveLastPlayedSong"), QJsonArray{path, position}, isWritten);
 }
 
+void MetadataJournal::setBuyFlagByUri(const QString& path, int flag, int option, bool isWritten)
+{
+    writeCall(QStringLiteral("metadataSetBuyFlagByUri"), QJsonArray{path, flag, option}, isWritten);
+}
+
 void MetadataJournal::fileDeleted(const QString& path)
 {
     HostJournal::call(QStringLiteral("file"), QStringLiteral("deleted"), {path});

@@ -21,6 +21,8 @@ public:
     static void saveLastPlayedList(const LastPlayedListRecord& record, bool isWritten);
     /** Records a call of saveLastPlayedSong: "args" are the path and the list position. */
     static void saveLastPlayedSong(const QString& path, int position, bool isWritten);
+    /** Records a call of metadataSetBuyFlagByUri: "args" are the path, the flag and the option. */
+    static void setBuyFlagByUri(const QString& path, int flag, int option, bool isWritten);
     /** {"kind":"file","call":"deleted","args":[path]}: a file found gone from under the database. */
     static void fileDeleted(const QString& path);
 };

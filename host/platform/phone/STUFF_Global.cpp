@@ -32,3 +32,13 @@ QString STUFF_Global::getDisplayPathName(const QString& path)
 {
     return QFileInfo(path).fileName();
 }
+
+QString STUFF_Global::getDefaultMMCSDPartition()
+{
+    return HostStorage::memoryCardPath();
+}
+
+QString STUFF_Global::getShortName(const QString& path) const
+{
+    return path.section(QLatin1Char('/'), -1);
+}

@@ -55,7 +55,8 @@ QString HostDialogs::lastText()
     return answers().lastText;
 }
 
-int HostDialogs::run(Kind kind, const QString& className, int type, const QString& title, const QString& text)
+int HostDialogs::run(Kind kind, const QString& className, int type, const QString& title, const QString& text,
+                     const QString& titleIcon)
 {
     int answer = kind == Kind::Notice ? 1 : 0;
     if (!answers().queued.isEmpty())
@@ -63,6 +64,6 @@ int HostDialogs::run(Kind kind, const QString& className, int type, const QStrin
     else if (answers().interactive)
         answer = askInWindow(kind, title, text);
     answers().lastText = text;
-    HostJournal::dialog(className, type, title, text, answer);
+    HostJournal::dialog(className, type, title, text, answer, titleIcon);
     return answer;
 }

@@ -15,12 +15,14 @@ public:
     static void clearAnswers();
     /** Show real windows for dialogs without a queued answer. */
     static void setInteractive(bool interactive);
+    /** Whether dialogs without a queued answer show real windows. */
     static bool isInteractive();
 
     enum class Kind { Notice, Question };
     /** The text of the last dialog run; null before the first. Without a
      *  display nobody saw it, so the application repeats it when it ends. */
     static QString lastText();
-    /** Runs one dialog: finds its answer and journals it. */
-    static int run(Kind kind, const QString& className, int type, const QString& title, const QString& text);
+    /** Runs one dialog: finds its answer and journals it (with "icon" when it has a title icon). */
+    static int run(Kind kind, const QString& className, int type, const QString& title, const QString& text,
+                   const QString& titleIcon = QString());
 };

@@ -1,0 +1,102 @@
+#include "host/platform/services/HostBookmarkStore.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSaveFile>
+
+#include <algorithm>
+
+#include "host/platform/HostDataDir.h"
+
+namespace {
+
+const QByteArray kTitleKey = "TITLE=";
+const QByteArray kUrlKey = "URL=";
+
+QByteArray oneLine(const QString& text)
+{
+    // A line break in a title would start a line of its own when read back.
+    QString line = text;
+    line.replace(QLatin1Char('\n'), QLatin1Char(' ')).replace(QLatin1Char('\r'), QLatin1Char(' '));
+    return line.toUtf8();
+}
+
+} // namespace
+
+QString HostBookmarkStore::folder()
+{
+    return HostDataDir::file(QStringLiteral("bookmarks"));
+}
+
+int HostBookmarkStore::numberOf(const QString& fileName)
+{
+    if (!fileName.startsWith(QLatin1String("bookmark-")) || !fileName.endsWith(QLatin1String(".url")))
+        return 0;
+    bool isNumber = false;
+    const int number = fileName.mid(9, fileName.size() - 13).toInt(&isNumber);
+    return isNumber && number > 0 ? number : 0;
+}
+
+QString HostBookmarkStore::add(const QString& title, const QString& url)
+{
+    const QString dir = folder();
+    if (!QDir().mkpath(dir) || !HostDataDir::isWritable(dir)) {
+        HostDataDir::reportReadOnly(dir);
+        return QString();
+    }
+    int last = 0;
+    for (const QString& name : QDir(dir).entryList(QDir::Files))
+        last = std::max(last, numberOf(name));
+    const QString identity = dir + QStringLiteral("/bookmark-%1.url").arg(last + 1);
+
+    QSaveFile file(identity);
+    if (!file.open(QIODevice::WriteOnly))
+        return QString();
+    file.write(kTitleKey + oneLine(title.isEmpty() ? url : title) + '\n');
+    file.write(kUrlKey + oneLine(url) + '\n');
+    return file.commit() ? identity : QString();
+}
+
+std::optional<HostBookmark> HostBookmarkStore::read(const QString& identity)
+{
+    QFile file(identity);
+    if (!file.open(QIODevice::ReadOnly) || file.size() > kMaxFileBytes)
+        return std::nullopt;
+    std::optional<HostBookmark> bookmark = parse(file.read(kMaxFileBytes + 1));
+    if (bookmark)
+        bookmark->identity = identity;
+    return bookmark;
+}
+
+QList<HostBookmark> HostBookmarkStore::all()
+{
+    QList<std::pair<int, QString>> files;
+    const QDir dir(folder());
+    for (const QString& name : dir.entryList(QDir::Files))
+        if (const int number = numberOf(name))
+            files.append({number, dir.filePath(name)});
+    std::sort(files.begin(), files.end());
+    QList<HostBookmark> bookmarks;
+    for (const auto& file : files)
+        if (std::optional<HostBookmark> bookmark = read(file.second))
+            bookmarks.append(*bookmark);
+    return bookmarks;
+}
+
+std::optional<HostBookmark> HostBookmarkStore::parse(const QByteArray& bytes)
+{
+    if (bytes.size() > kMaxFileBytes)
+        return std::nullopt;
+    HostBookmark bookmark;
+    for (QByteArray line : bytes.split('\n')) {
+        if (line.endsWith('\r'))
+            line.chop(1);
+        if (line.startsWith(kTitleKey))
+            bookmark.title = QString::fromUtf8(line.mid(kTitleKey.size()));
+        else if (line.startsWith(kUrlKey))
+            bookmark.url = QString::fromUtf8(line.mid(kUrlKey.size()));
+    }
+    if (bookmark.url.isEmpty())
+        return std::nullopt;
+    return bookmark;
+}

@@ -1,0 +1,40 @@
+#pragma once
+// The host's bookmarks: one small file each in <data folder>/bookmarks,
+// named "bookmark-N.url" with N counting up from 1, holding UTF-8 lines
+// "TITLE=..." and "URL=...". A bookmark's identity is its file's full path,
+// so that it can be checked for with a plain file test and outlives the process.
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+
+#include <optional>
+
+struct HostBookmark {
+    QString identity;  ///< the file's full path
+    QString title;
+    QString url;
+};
+
+class HostBookmarkStore {
+public:
+    /** The largest bookmark file read; a bigger one is not a bookmark. */
+    static constexpr qint64 kMaxFileBytes = 8 * 1024;
+
+    /** Stores a new bookmark of @p url named @p title (the address when empty);
+     *  returns its identity, or a null string when it could not be written. */
+    static QString add(const QString& title, const QString& url);
+    /** The bookmark stored at @p identity; nothing when it is missing or not a bookmark. */
+    static std::optional<HostBookmark> read(const QString& identity);
+    /** Every stored bookmark, in the order they were added. */
+    static QList<HostBookmark> all();
+
+    /** Reads a bookmark file's bytes: the last TITLE and URL lines count, other
+     *  lines are ignored; nothing without a non-empty URL or when longer than kMaxFileBytes. */
+    static std::optional<HostBookmark> parse(const QByteArray& bytes);
+
+private:
+    static QString folder();
+    /** N of a file named "bookmark-N.url"; 0 for any other name. */
+    static int numberOf(const QString& fileName);
+};
