@@ -15,6 +15,8 @@
 #include "lists/MP_AufContext.h"
 #include "lists/MP_AufList.h"
 #include "lists/MP_FolderList.h"
+#include "platform/VmKbMainWidget.h"
+#include "platform/VmOptionsMenu.h"
 #include "screen/MP_SetupLibrary.h"
 #include "screen/MP_WindowClient.h"
 #include "tests/lists/TraceCapture.h"
@@ -32,11 +34,14 @@ public:
     int content = MP_CONTENT_SOUND;
     int medium = MP_MEDIUM_LOCAL;
     MP_ListInterface* list = nullptr;
+    QString path = QStringLiteral("/dl/Night Song.mp3.pd");
+    VmKbMainWidget widget;
 
+    VmKbMainWidget* getMainWidget() override { return &widget; }
     MP_CONTENT_TYPE getContentType() override { return MP_CONTENT_TYPE(content); }
     int getMediumType() override { return medium; }
     MP_ListInterface* getCurrentList() override { return list; }
-    QString getCurrentPath() override { return QStringLiteral("/dl/Night Song.mp3.pd"); }
+    QString getCurrentPath() override { return path; }
 };
 
 class MP_WindowClientCommandsTest : public TestEnvironment {
@@ -257,6 +262,59 @@ TEST_F(MP_WindowClientCommandsTest, HideDownload_ClosesTheScreenOfATransferAndEn
     EXPECT_EQ(close.count(), 1);
     EXPECT_EQ(quit.count(), 1);
     EXPECT_EQ(channelMessages(kDownloadManager), MessageLines({"ShowUI ", "ShowUI "}));
+}
+
+TEST_F(MP_WindowClientCommandsTest, SaveBookmark_ShowsEditOnlyWhenABookmarkWasStored)
+{
+    engine.medium = MP_MEDIUM_STREAM;
+    engine.path = QStringLiteral("rtsp://radio.example/live");
+    client->updateMetaInfo("A", "B", "C", QByteArray(), false);
+    VmOptionsMenu* menu = client->getMenu();
+    ASSERT_NE(menu, nullptr);
+    emit menu->aboutToShow();
+    ASSERT_EQ(menu->menuName(), QStringLiteral("stream_sound"));
+    ASSERT_FALSE(menu->isItemVisible(6002));
+
+    // A file where the bookmark folder should be: the store cannot keep anything.
+    QFile(dataPath("bookmarks")).open(QIODevice::WriteOnly);
+    run("onMenuSaveBookmark");
+    EXPECT_FALSE(menu->isItemVisible(6002)) << "nothing stored, nothing to edit";
+    run("onMenuEditBookmark");
+    EXPECT_EQ(dialogs().size(), 1) << "the save counts as made: editing it says it cannot be opened";
+
+    QFile::remove(dataPath("bookmarks"));
+    run("onMenuSaveBookmark");
+    EXPECT_TRUE(menu->isItemVisible(6002)) << "shown at once, without reopening the menu";
+    const QList<QJsonObject> saves = journalLines("service", "addBookmark");
+    ASSERT_EQ(saves.size(), 2);
+    EXPECT_EQ(saves.at(1).value("args").toArray().at(1).toString(), engine.path);
+    const QString identity = saves.at(1).value("args").toArray().at(2).toString();
+    run("onMenuEditBookmark");
+    const QList<QJsonObject> edits = journalLines("service", "editBookmark");
+    ASSERT_EQ(edits.size(), 1);
+    EXPECT_EQ(edits.first().value("args").toArray().at(0).toString(), identity);
+}
+
+TEST_F(MP_WindowClientCommandsTest, BuyMore_NoticeOnlyWhenTheFlagWasSet)
+{
+    auto database = MediaDatabase::open(MediaDatabase::defaultFile());
+    const QString folder = makeFolder("music", {"x.mp3"});
+    database->addMedia(song(folder + "/x.mp3").title("X"));
+    engine.path = folder + "/x.mp3";
+    run("onMenuBuyMore");
+    EXPECT_EQ(dialogs(), QStringList{"Buy More|This song has been marked. During synchronization with a PC you will be "
+                                     "prompted to buy more related content.|0"});
+    for (const QJsonObject& line : journal()) {
+        if (line.value("kind").toString() == QLatin1String("dialog")) {
+            EXPECT_EQ(line.value("class").toString() + QString::number(line.value("type").toInt()), "VmMessageDlg2")
+                << "the information notice";
+        }
+    }
+
+    engine.path = folder + "/unknown.mp3";
+    run("onMenuBuyMore");
+    EXPECT_EQ(dialogs().size(), 1) << "no dialog when the flag was not set";
+    EXPECT_TRUE(traces.text().contains("MP_WindowClient::onMenuBuyMore, set Flag failed.\n"));
 }
 
 } // namespace
