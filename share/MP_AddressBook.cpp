@@ -27,7 +27,7 @@ MP_AddressBook::MP_AddressBook()
         AddressBookTrace(3, "MP_AddressBook, cannot open %s: %s\n", libraryName().constData(), dlerror());
         return;
     }
-    m_getUI = reinterpret_cast<ADDRBK_UI* (*)()>(dlsym(m_handle, "getAddrbkUI"));
+    m_getUI = reinterpret_cast<ADDRBK_GetUI>(dlsym(m_handle, "getAddrbkUI"));
     if (!m_getUI)
         AddressBookTrace(3, "MP_AddressBook, no getAddrbkUI in %s\n", libraryName().constData());
 }

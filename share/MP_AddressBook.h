@@ -6,7 +6,7 @@
 #include <QByteArray>
 #include <QString>
 
-class ADDRBK_UI;
+#include "platform/ADDRBK_UI.h"
 
 class MP_AddressBook {
 public:
@@ -28,7 +28,7 @@ public:
 
 private:
     void* m_handle = nullptr;
-    ADDRBK_UI* (*m_getUI)() = nullptr;
+    ADDRBK_GetUI m_getUI = nullptr;
     MP_AddressBook(const MP_AddressBook&) = delete;
     MP_AddressBook& operator=(const MP_AddressBook&) = delete;
 };

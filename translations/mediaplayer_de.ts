@@ -151,5 +151,21 @@
         <source>This song has been marked. During synchronization with a PC you will be prompted to buy more related content.</source>
         <translation>Dieser Titel wurde markiert. Beim Abgleich mit einem PC werden Sie aufgefordert, weitere passende Inhalte zu kaufen.</translation>
     </message>
+    <message id="TXT_RID_INSTRUCTIONALTXT_BECAUSE_THE_FILE_DOESNT_EXIST">
+        <source>Because the file does not exist.</source>
+        <translation>Weil die Datei nicht vorhanden ist.</translation>
+    </message>
+    <message id="FMT_RID_INSTRUCTIONALTXT_SENDING_COLON_1">
+        <source>Sending: %1</source>
+        <translation>Senden: %1</translation>
+    </message>
+    <message id="TXT_RID_INSTRUCTIONALTXT_YOU_HAVE_SUCCESSFULLY_SENT_COLON">
+        <source>You have successfully sent:</source>
+        <translation>Erfolgreich gesendet: </translation>
+    </message>
+    <message id="FMT_RID_STANDARD_1_FILES">
+        <source>%1 files</source>
+        <translation>%1 Dateien</translation>
+    </message>
 </context>
 </TS>

@@ -39,6 +39,10 @@ int HostBookmarkStore::numberOf(const QString& fileName)
 
 QString HostBookmarkStore::add(const QString& title, const QString& url)
 {
+    const QByteArray bytes = format(title, url);
+    // Refused rather than stored unreadable.
+    if (url.isEmpty() || bytes.size() > kMaxFileBytes)
+        return QString();
     const QString dir = folder();
     if (!QDir().mkpath(dir) || !HostDataDir::isWritable(dir)) {
         HostDataDir::reportReadOnly(dir);
@@ -52,8 +56,7 @@ QString HostBookmarkStore::add(const QString& title, const QString& url)
     QSaveFile file(identity);
     if (!file.open(QIODevice::WriteOnly))
         return QString();
-    file.write(kTitleKey + oneLine(title.isEmpty() ? url : title) + '\n');
-    file.write(kUrlKey + oneLine(url) + '\n');
+    file.write(bytes);
     return file.commit() ? identity : QString();
 }
 
@@ -88,9 +91,10 @@ std::optional<HostBookmark> HostBookmarkStore::parse(const QByteArray& bytes)
     if (bytes.size() > kMaxFileBytes)
         return std::nullopt;
     HostBookmark bookmark;
-    for (QByteArray line : bytes.split('\n')) {
-        if (line.endsWith('\r'))
-            line.chop(1);
+    QByteArray text = bytes;
+    // Files edited on other systems end lines with CR LF.
+    text.replace('\r', QByteArray());
+    for (const QByteArray& line : text.split('\n')) {
         if (line.startsWith(kTitleKey))
             bookmark.title = QString::fromUtf8(line.mid(kTitleKey.size()));
         else if (line.startsWith(kUrlKey))
@@ -99,4 +103,9 @@ std::optional<HostBookmark> HostBookmarkStore::parse(const QByteArray& bytes)
     if (bookmark.url.isEmpty())
         return std::nullopt;
     return bookmark;
+}
+
+QByteArray HostBookmarkStore::format(const QString& title, const QString& url)
+{
+    return kTitleKey + oneLine(title.isEmpty() ? url : title) + '\n' + kUrlKey + oneLine(url) + '\n';
 }

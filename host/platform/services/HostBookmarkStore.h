@@ -30,8 +30,12 @@ public:
     static QList<HostBookmark> all();
 
     /** Reads a bookmark file's bytes: the last TITLE and URL lines count, other
-     *  lines are ignored; nothing without a non-empty URL or when longer than kMaxFileBytes. */
+     *  lines and every carriage return are ignored; nothing without a non-empty
+     *  URL or when longer than kMaxFileBytes. */
     static std::optional<HostBookmark> parse(const QByteArray& bytes);
+    /** The bytes of a bookmark file; line breaks in @p title or @p url become spaces,
+     *  an empty title is the address. */
+    static QByteArray format(const QString& title, const QString& url);
 
 private:
     static QString folder();

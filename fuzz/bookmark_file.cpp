@@ -1,0 +1,42 @@
+// A bookmark file of the host's bookmark store (HostBookmarkStore): bytes
+// that lie in the data folder, where anything may have written them.
+//
+// Input: the file's bytes.
+//
+// Besides not crashing, the reader must keep its contract, checked here: a
+// bookmark it reads has an address and no line breaks, and the file the
+// store writes for it reads back as the same bookmark.
+
+#include <QByteArray>
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+
+#include "host/platform/services/HostBookmarkStore.h"
+
+namespace {
+
+void check(bool holds)
+{
+    if (!holds)
+        std::abort();
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+{
+    const QByteArray bytes(reinterpret_cast<const char*>(data), qsizetype(size));
+    const std::optional<HostBookmark> bookmark = HostBookmarkStore::parse(bytes);
+    if (!bookmark)
+        return 0;
+    check(!bookmark->url.isEmpty());
+    check(!bookmark->title.contains(QLatin1Char('\n')) && !bookmark->url.contains(QLatin1Char('\n')));
+    const std::optional<HostBookmark> again =
+        HostBookmarkStore::parse(HostBookmarkStore::format(bookmark->title, bookmark->url));
+    check(again.has_value());
+    check(again->url == bookmark->url);
+    check(again->title == (bookmark->title.isEmpty() ? bookmark->url : bookmark->title));
+    return 0;
+}

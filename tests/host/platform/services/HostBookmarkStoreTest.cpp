@@ -1,0 +1,65 @@
+// The host's bookmarks live in files of the data folder: what one run
+// stores, the next run reads, and a file spoiled by hand is read as far as
+// it holds a bookmark, never further.
+
+#include <QDir>
+#include <QFile>
+
+#include "host/platform/services/HostBookmarkStore.h"
+#include "tests/support/TestEnvironment.h"
+
+namespace {
+
+class HostBookmarkStoreTest : public TestEnvironment {
+protected:
+    void writeBookmarkFile(const QString& name, const QByteArray& bytes) const
+    {
+        ASSERT_TRUE(QDir().mkpath(dataPath("bookmarks")));
+        QFile file(dataPath("bookmarks/" + name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+
+    static QStringList titles()
+    {
+        QStringList result;
+        for (const HostBookmark& bookmark : HostBookmarkStore::all())
+            result << bookmark.title + QLatin1Char(' ') + bookmark.url;
+        return result;
+    }
+};
+
+TEST_F(HostBookmarkStoreTest, AStoredBookmarkIsReadBackAfterARestartAndNumbersGoOn)
+{
+    EXPECT_EQ(HostBookmarkStore::add("One", "http://a/1"), dataPath("bookmarks/bookmark-1.url"));
+    // What a previous run left, with a gap in the numbers and a stray file.
+    writeBookmarkFile("bookmark-7.url", "TITLE=Seven\nURL=http://a/7\n");
+    writeBookmarkFile("notes.txt", "TITLE=Not one\nURL=http://a/x\n");
+
+    EXPECT_EQ(titles(), QStringList({"One http://a/1", "Seven http://a/7"}));
+    EXPECT_EQ(HostBookmarkStore::add("Line\nbreak", "http://a/8"), dataPath("bookmarks/bookmark-8.url"));
+    EXPECT_EQ(titles(), QStringList({"One http://a/1", "Seven http://a/7", "Line break http://a/8"}));
+}
+
+TEST_F(HostBookmarkStoreTest, NothingIsStoredWithoutAnAddressOrTooLongToReadBack)
+{
+    EXPECT_TRUE(HostBookmarkStore::add("No address", QString()).isNull());
+    EXPECT_TRUE(HostBookmarkStore::add(QString(int(HostBookmarkStore::kMaxFileBytes), QLatin1Char('t')), "http://a").isNull());
+    EXPECT_TRUE(titles().isEmpty());
+}
+
+TEST_F(HostBookmarkStoreTest, Parse_TakesTheLastTitleAndAddressAndIgnoresTheRest)
+{
+    const std::optional<HostBookmark> bookmark =
+        HostBookmarkStore::parse("junk\r\nTITLE=Old\r\nURL=http://old\nTITLE=New \xc3\xa4\nURL=http://new\nURL\n");
+    ASSERT_TRUE(bookmark);
+    EXPECT_EQ(bookmark->title, QString::fromUtf8("New \xc3\xa4"));
+    EXPECT_EQ(bookmark->url, "http://new");
+
+    EXPECT_FALSE(HostBookmarkStore::parse("TITLE=only\nURL=\n"));
+    EXPECT_FALSE(HostBookmarkStore::parse("URL=http://a\n" + QByteArray(int(HostBookmarkStore::kMaxFileBytes), ' ')));
+    writeBookmarkFile("bookmark-1.url", "URL=http://a\n" + QByteArray(int(HostBookmarkStore::kMaxFileBytes), ' '));
+    EXPECT_FALSE(HostBookmarkStore::read(dataPath("bookmarks/bookmark-1.url"))) << "an oversized file is not read";
+}
+
+} // namespace

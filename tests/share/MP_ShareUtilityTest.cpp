@@ -1,0 +1,233 @@
+// What leaves the library when the player shares, applies or marks the file
+// it shows: the journaled service calls, action records and dialogs, and the
+// files and database rows the host services leave behind.
+
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+
+#include "host/platform/HostJournal.h"
+#include "host/platform/media/MediaDatabase.h"
+#include "host/platform/toolkit/HostTranslations.h"
+#include "host/platform/services/HostBookmarkStore.h"
+#include "lists/MP_AufContext.h"
+#include "platform/MYSTUFF_DETAIL_WidgetUI.h"
+#include "platform/STUFF_Global.h"
+#include "share/MP_AddressBook.h"
+#include "share/MP_ShareUtility.h"
+#include "tests/support/SongBuilder.h"
+#include "tests/support/TestEnvironment.h"
+
+namespace {
+
+const QString kMissingNotice = QStringLiteral(
+    R"({"answer":1,"class":"VmNoticeDlg","kind":"dialog","text":"Because the file does not exist.","title":"","type":1})");
+const QString kCannotOpen = QStringLiteral(
+    R"({"answer":0,"class":"VmMessageDlg","icon":"error_pop.gif","kind":"dialog",)"
+    R"("text":"Because the file does not exist.","title":"Cannot Open","type":2})");
+
+class MP_ShareUtilityTest : public TestEnvironment {
+protected:
+    void SetUp() override
+    {
+        TestEnvironment::SetUp();
+        database = MediaDatabase::open(MediaDatabase::defaultFile());
+        ASSERT_TRUE(database);
+        media = dataPath(QStringLiteral("a.mp3"));
+        writeFile(media, "ID3 media bytes");
+    }
+
+    /** Every captured line as compact JSON (keys sorted), the file's path written "SONG". */
+    QStringList lines() const
+    {
+        QStringList result;
+        for (const QJsonObject& line : journal())
+            result << QString::fromUtf8(QJsonDocument(line).toJson(QJsonDocument::Compact))
+                          .replace(media, QStringLiteral("SONG"));
+        return result;
+    }
+
+    static void writeFile(const QString& path, const QByteArray& bytes)
+    {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+
+    static QByteArray readFile(const QString& path)
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<missing>");
+    }
+
+    std::unique_ptr<MediaDatabase> database;
+    QString media;   ///< a file on the phone, not yet in the media database
+};
+
+TEST_F(MP_ShareUtilityTest, EverySend_OfAMissingFile_ShowsTheNoticeAndSendsNothing)
+{
+    const QString missing = dataPath(QStringLiteral("gone.mp3"));
+    for (auto send : {&MP_ShareUtility::sendToMessage, &MP_ShareUtility::sendToBlog, &MP_ShareUtility::sendToEmail,
+                      &MP_ShareUtility::sendToBluetooth, &MP_ShareUtility::sendToRemovableMedia}) {
+        HostJournal::startCapture();
+        send(missing);
+        EXPECT_EQ(lines(), QStringList{kMissingNotice});
+    }
+    EXPECT_FALSE(QDir(STUFF_Global::getDefaultMMCSDPartition()).exists()) << "nothing was copied";
+}
+
+TEST_F(MP_ShareUtilityTest, MessageAndBlog_SendTheSameRecordButForIsBlog)
+{
+    MP_ShareUtility::sendToMessage(media);
+    MP_ShareUtility::sendToBlog(media);
+    const QString request = QStringLiteral(
+        R"({"args":[{"action":"SendMMSSMS","values":{"AutoDelete":"no","Files":"SONG","IsBlog":"%1",)"
+        R"("TextFileAsAttachment":"yes"}},false],"call":"invoke","kind":"action"})");
+    EXPECT_EQ(lines(), QStringList({request.arg("no"), request.arg("yes")}));
+}
+
+TEST_F(MP_ShareUtilityTest, EmailAndBluetooth_NameTheFileByWhatFollowsTheLastSlash)
+{
+    MP_ShareUtility::sendToEmail(media);
+    MP_ShareUtility::sendToBluetooth(media);
+    // A relative path without a slash is its own name.
+    const QString previous = QDir::currentPath();
+    ASSERT_TRUE(QDir::setCurrent(dataPath(QString())));
+    MP_ShareUtility::sendToEmail(QStringLiteral("a.mp3"));
+    MP_ShareUtility::sendToBluetooth(QStringLiteral("a.mp3"));
+    QDir::setCurrent(previous);
+
+    const QString mail = QStringLiteral(R"({"args":[[{"flag":false,"name":"a.mp3","path":"%1"}]],"call":"sendMail","kind":"service"})");
+    const QString push = QStringLiteral(R"({"args":[[{"flag":false,"info":{"description":"","name":"a.mp3"},"path":"%1"}]],)"
+                                        R"("call":"shareByBt","kind":"service"})");
+    EXPECT_EQ(lines(), QStringList({mail.arg("SONG"), push.arg("SONG"), mail.arg("a.mp3"), push.arg("a.mp3")}));
+}
+
+TEST_F(MP_ShareUtilityTest, RemovableMedia_CopiesTheBytesAndJoinsTheSuccessTextsWithNothingBetween)
+{
+    const QString card = STUFF_Global::getDefaultMMCSDPartition();
+    ASSERT_TRUE(QDir().mkpath(card));
+    MP_ShareUtility::sendToRemovableMedia(media);
+
+    EXPECT_EQ(readFile(card + QStringLiteral("/a.mp3")), QByteArray("ID3 media bytes"));
+    EXPECT_EQ(lines(),
+              QStringList({R"({"class":"VmNoticeDelay","kind":"dialog","text":"Sending: a.mp3","title":"","type":1})",
+                           QStringLiteral(R"({"args":["%1","SONG","notice",1,[],6,null,null],"call":"getPasteResult","kind":"service"})")
+                               .arg(card),
+                           QStringLiteral(R"({"args":["SONG","%1/a.mp3"],"call":"copy","kind":"file","result":0})").arg(card),
+                           R"({"answer":1,"class":"VmNoticeDlg","kind":"dialog","text":"You have successfully sent:1 files","title":"","type":0})"}));
+}
+
+TEST_F(MP_ShareUtilityTest, RemovableMedia_InGermanTheFirstTextCarriesTheSpace)
+{
+    ASSERT_TRUE(QDir().mkpath(STUFF_Global::getDefaultMMCSDPartition()));
+    ASSERT_TRUE(HostTranslations::use("de"));
+    MP_ShareUtility::sendToRemovableMedia(media);
+    HostTranslations::use(QString());
+    EXPECT_EQ(journal().first().value("text").toString(), "Senden: a.mp3");
+    EXPECT_EQ(journal().last().value("text").toString(), "Erfolgreich gesendet: 1 Dateien");
+}
+
+TEST_F(MP_ShareUtilityTest, RemovableMedia_AFailedCopyShowsNoSuccessAndKeepsTheCardsFile)
+{
+    // No card folder: nothing to copy into.
+    MP_ShareUtility::sendToRemovableMedia(media);
+    EXPECT_EQ(HostJournal::captured().last().value("call").toString(), QStringLiteral("getPasteResult"))
+        << "no copy, and after it no notice";
+
+    // A file of that name is already on the card: it is not overwritten.
+    const QString card = STUFF_Global::getDefaultMMCSDPartition();
+    ASSERT_TRUE(QDir().mkpath(card));
+    writeFile(card + QStringLiteral("/a.mp3"), "older");
+    HostJournal::startCapture();
+    MP_ShareUtility::sendToRemovableMedia(media);
+    EXPECT_EQ(readFile(card + QStringLiteral("/a.mp3")), QByteArray("older"));
+    EXPECT_EQ(lines().last(), QStringLiteral(R"({"args":["SONG","%1/a.mp3"],"call":"copy","kind":"file","result":3})").arg(card));
+    EXPECT_FALSE(lines().join(' ').contains("successfully"));
+}
+
+TEST_F(MP_ShareUtilityTest, RingtoneAndWallpaper_GoToTheThemeUnlessThePathIsEmpty)
+{
+    MP_ShareUtility::applyToRingtone(QString());
+    MP_ShareUtility::applyToWallpaper(QString());
+    EXPECT_TRUE(lines().isEmpty());
+    MP_ShareUtility::applyToRingtone(media);
+    MP_ShareUtility::applyToWallpaper(media);
+    EXPECT_EQ(lines(), QStringList({R"({"args":["SONG"],"call":"applyRingTone","kind":"service"})",
+                                    R"({"args":[11,"SONG",0],"call":"applyElement","kind":"service"})"}));
+}
+
+TEST_F(MP_ShareUtilityTest, Contacts_GoThroughTheAddressBookLibraryAndFailQuietlyWithoutIt)
+{
+    EXPECT_TRUE(MP_ShareUtility::applyToNewContact(media));
+    EXPECT_TRUE(MP_ShareUtility::applyToExistingContact(media));
+    EXPECT_EQ(lines(), QStringList({R"({"args":[],"call":"getAddrbkUI","kind":"service"})",
+                                    R"({"args":[1,"SONG",0,0,null],"call":"addToNewContact","kind":"service"})",
+                                    R"({"args":[],"call":"getAddrbkUI","kind":"service"})",
+                                    R"({"args":[1,"SONG",0,0],"call":"addToExistingContact","kind":"service"})"}));
+
+    HostJournal::startCapture();
+    MP_AddressBook::setLibraryName("libvemoaddrbk-not-installed.so");
+    const bool isNew = MP_ShareUtility::applyToNewContact(media);
+    const bool isExisting = MP_ShareUtility::applyToExistingContact(media);
+    MP_AddressBook::setLibraryName(QByteArray());
+    EXPECT_FALSE(isNew);
+    EXPECT_FALSE(isExisting);
+    EXPECT_TRUE(lines().isEmpty()) << "nothing shown, nothing called";
+}
+
+TEST_F(MP_ShareUtilityTest, Playlist_AddsAStoredFileOnceToTheAppliedListAndRefusesOtherFiles)
+{
+    EXPECT_FALSE(MP_ShareUtility::applyToPlaylist(media)) << "not in the media database";
+    EXPECT_TRUE(lines().isEmpty()) << "the apply-to function is not even looked up";
+
+    const quint32 id = database->addMedia(::song(media).title("A"));
+    EXPECT_TRUE(MP_ShareUtility::applyToPlaylist(media));
+    EXPECT_TRUE(MP_ShareUtility::applyToPlaylist(media));
+    const std::optional<MediaGroup> applied = database->groupByName(METADATA_GROUP_USER, "Applied");
+    ASSERT_TRUE(applied);
+    EXPECT_EQ(database->groupMembers(applied->id), QList<quint32>{id});
+    EXPECT_EQ(lines().first(), R"({"args":["SONG"],"call":"metadataApplyTo","kind":"service","result":1})");
+}
+
+TEST_F(MP_ShareUtilityTest, Properties_ShowTheDetailsOrCannotOpen)
+{
+    MediaMetaInfo info;
+    info.title = "A";
+    MP_ShareUtility::showProperty(media, &info);
+    MP_ShareUtility::showProperty(media, nullptr);
+    MP_ShareUtility::showProperty(dataPath("gone.mp3"), &info);
+    EXPECT_EQ(lines(), QStringList({R"({"answer":1,"args":["SONG",{"album":"","artist":"","durationMs":0,"title":"A"},2],)"
+                                    R"("class":"MYSTUFF_DETAIL_WidgetUI","kind":"dialog"})",
+                                    R"({"answer":1,"args":["SONG",null,2],"class":"MYSTUFF_DETAIL_WidgetUI","kind":"dialog"})",
+                                    kCannotOpen}));
+}
+
+TEST_F(MP_ShareUtilityTest, Bookmarks_ASavedBookmarkIsAFileThatEditOpens)
+{
+    QString identity = "stale";
+    MP_ShareUtility::saveBookmark("rtsp://s.example/live", identity);
+    EXPECT_EQ(identity, dataPath("bookmarks/bookmark-1.url"));
+    EXPECT_EQ(readFile(identity), QByteArray("TITLE=rtsp://s.example/live\nURL=rtsp://s.example/live\n"));
+
+    MP_ShareUtility::editBookmark(identity);
+    MP_ShareUtility::editBookmark(dataPath("bookmarks/bookmark-9.url"));
+    EXPECT_EQ(lines(),
+              QStringList({QStringLiteral(R"({"args":[null,"rtsp://s.example/live","%1"],"call":"addBookmark","kind":"service"})").arg(identity),
+                           QStringLiteral(R"({"args":["%1"],"bookmark":{"title":"rtsp://s.example/live","url":"rtsp://s.example/live"},)"
+                                          R"("call":"editBookmark","kind":"service"})").arg(identity),
+                           kCannotOpen}));
+}
+
+TEST_F(MP_ShareUtilityTest, BuyMore_SetsTheStoredFlagAndFailsForAFileNotStored)
+{
+    EXPECT_FALSE(MP_ShareUtility::setBuyMoreFlag(media));
+    const quint32 id = database->addMedia(::song(media).title("A"));
+    EXPECT_TRUE(MP_ShareUtility::setBuyMoreFlag(media));
+    EXPECT_TRUE(database->mediaById(id)->buy);
+    EXPECT_EQ(lines(), QStringList({R"({"args":["SONG",1,0],"call":"metadataSetBuyFlagByUri","kind":"metadata","written":false})",
+                                    R"({"args":["SONG",1,0],"call":"metadataSetBuyFlagByUri","kind":"metadata","written":true})"}));
+}
+
+} // namespace
