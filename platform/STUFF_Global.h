@@ -18,6 +18,9 @@ public:
     /** Whether @p path may be set as a ringtone: a sound file of the media
      *  database that exists and holds at most kMaxRingtoneBytes. */
     bool canAsRingTone(const QString& path) const;
+    /** The name under which the phone shows the file @p path to the user:
+     *  its file name, without the folders. */
+    static QString getDisplayPathName(const QString& path);
 };
 
 /** The phone's fixed folders. */

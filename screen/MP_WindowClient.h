@@ -11,10 +11,9 @@
 // at its first opening, is rebuilt whenever it opens on another screen than
 // the last time, and has its visibility refreshed at every opening.
 //
-// Not built yet: the commands behind the menu items and the Back key (the
-// slots from onBackClicked() to onMenuSaveBookmark(), and confirmQuit() /
-// willHide()). Each exists and is connected where it belongs, and only
-// traces its name.
+// The commands behind the menu items and the Back key act on the item being
+// played (getCurrentFile()); they live in MP_WindowClientCommands.cpp (the
+// player itself) and MP_WindowClientShareCommands.cpp (the share utility).
 
 #include <QPointer>
 #include <QString>
@@ -58,9 +57,11 @@ public:
     /** Unregisters whatever action holds @p action's item id; null is ignored. */
     void removeDynamicMenuItem(MP_SlotAction* action);
 
-    /** Whether leaving the player may go on (asks while a download runs). Not built yet: true. */
+    /** Whether leaving the player may go on: true without a download; while
+     *  one runs, asks whether to cancel it and, on Yes, cancels it. */
     bool confirmQuit();
-    /** Whether leaving the player hides it rather than ending it. Not built yet: false. */
+    /** Whether leaving the player hides it rather than ending it: sound that
+     *  is playing or paused. */
     bool willHide();
 
     /** The options menu; null before the first meta-information report. */
@@ -140,6 +141,14 @@ private:
     void checkHideDownloadMenuItem(int hideIndex, int setupIndex);
     void checkBookmarkMenuItem(int editIndex, int saveIndex);
     void hideDynamicItem(int index);
+    /** Whether the engine's control is playing or paused (states 1 to 4). */
+    bool isPlayingPause();
+    /** Tells the download manager that the user cancelled a progressive
+     *  download, or closes the transfer session. */
+    void cancelDownload();
+    /** Removes the current item from the engine's list; quits when that
+     *  empties it, else moves playback to the new current item. */
+    void removeCurrent();
     void initDlmSession();
     void closeDlmSession();
 

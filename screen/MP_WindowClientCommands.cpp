@@ -1,136 +1,186 @@
-// The commands of the player screen: the options-menu items, the Back key
-// and the leave-the-player rules. Not built yet: each command traces its name
-// so that its wiring can be seen and tested.
+// The commands of the player screen that act on the player itself: leaving
+// it (Back, with a question while a download runs), the setup screen,
+// deleting or removing the playing file, zoom, slide show, hiding the player
+// or a download.
 
 #include "screen/MP_WindowClient.h"
 
+#include "lists/MP_ListInterface.h"
+#include "platform/MP_CommonPlayer.h"
+#include "platform/MP_Utility.h"
+#include "platform/QCopChannel.h"
+#include "platform/STUFF_Global.h"
+#include "platform/TextResources.h"
 #include "platform/TraceLog.h"
+#include "platform/VmDialogs.h"
+#include "platform/VmSoftKey.h"
+#include "screen/MP_SetupLibrary.h"
 
 MP_DEFINE_TRACE(WindowCommandTrace, "MP_WindowClient")
 
-bool MP_WindowClient::confirmQuit()
+namespace {
+
+const char* const kDownloadManagerChannel = "/VEMO/AM/DOWNLOADMANAGER";
+const char* const kUserCancelMessage = "MPUserCancelDL()";
+const char* const kShowUIMessage = "ShowUI";
+
+const int kQuestionDialog = 1;
+const int kYes = 1;
+const int kLeftKey = 0;
+// A content type beyond sound and video that the engine may report; its
+// setup is the video one.
+const int kStillContent = 3;
+
+bool askYesNo(const char* titleId, const char* title, const char* textId, const char* text)
 {
-    WindowCommandTrace(3, "MP_WindowClient::confirmQuit\n");
-    return true;
+    VmMessageDlg question(kQuestionDialog, MP_tr(titleId, title), MP_tr(textId, text));
+    return question.exec() != 0;
+}
+
+} // namespace
+
+bool MP_WindowClient::isPlayingPause()
+{
+    MP_PlayerControl* control = getCommonPlayer()->getPlayerControl();
+    if (!control)
+        return false;
+    const int state = control->getState();
+    return state >= MP_STATE_PLAYING && state <= MP_STATE_4;
 }
 
 bool MP_WindowClient::willHide()
 {
-    WindowCommandTrace(3, "MP_WindowClient::willHide\n");
-    return false;
+    return getCommonPlayer()->getContentType() == MP_CONTENT_SOUND && isPlayingPause();
+}
+
+bool MP_WindowClient::confirmQuit()
+{
+    if (!m_downloading)
+        return true;
+    const QString name = STUFF_Global::getDisplayPathName(MP_Utility::removePDSuffix(getCurrentFile()));
+    VmMessageDlg question(
+        kQuestionDialog, MP_tr("TXT_RID_HEADER_CANCEL_DOWNLOAD", "Cancel Download"),
+        MP_tr("FMT_RID_INSTRUCTIONALTXT_YOU_ARE_CURRENTLY_DOWNLOADING_COLON_1_CHOOSING_YES_WILL_CANCEL_THIS_DOWNLOAD_"
+              "DO_YOU_WANT_TO_CONTINUE",
+              "You are currently downloading: %1.  Choosing Yes will cancel this download. "
+              "Do you want to continue?")
+            .arg(name));
+    // Only an explicit Yes cancels: any other answer keeps the download.
+    if (question.exec() != kYes)
+        return false;
+    cancelDownload();
+    return true;
+}
+
+void MP_WindowClient::cancelDownload()
+{
+    // m_downloading stays as it is: the engine's next reports end it.
+    if (getCommonPlayer()->getMediumType() == MP_MEDIUM_PROGRESSIVE_DOWNLOAD)
+        QCopChannel::send(kDownloadManagerChannel, kUserCancelMessage);
+    else
+        closeDlmSession();
 }
 
 void MP_WindowClient::onBackClicked()
 {
     WindowCommandTrace(3, "MP_WindowClient::onBackClicked\n");
+    if (!confirmQuit())
+        return;
+    if (m_isBackHide && willHide())
+        emit hidePlayer();
+    else
+        emit quitApp();
 }
 
 void MP_WindowClient::onMenuSetup()
 {
-    WindowCommandTrace(3, "MP_WindowClient::onMenuSetup\n");
-}
-
-void MP_WindowClient::onMenuUseBluetooth()
-{
-    WindowCommandTrace(3, "MP_WindowClient::onMenuUseBluetooth\n");
-}
-
-void MP_WindowClient::onMenuUseHandset()
-{
-    WindowCommandTrace(3, "MP_WindowClient::onMenuUseHandset\n");
-}
-
-void MP_WindowClient::onMenuProperties()
-{
-    WindowCommandTrace(3, "MP_WindowClient::onMenuProperties\n");
-}
-
-void MP_WindowClient::onMenuSlotSendToMessage()
-{
-    WindowCommandTrace(3, "MP_WindowClient::onMenuSlotSendToMessage\n");
-}
-
-void MP_WindowClient::onMenuSlotSendToEmail()
-{
-    WindowCommandTrace(3, "MP_WindowClient::onMenuSlotSendToEmail\n");
-}
-
-void MP_WindowClient::onMenuSlotSendToBlog()
-{
-    WindowCommandTrace(3, "MP_WindowClient::onMenuSlotSendToBlog\n");
-}
-
-void MP_WindowClient::onMenuSlotSendToRemovableMedia()
-{
-    WindowCommandTrace(3, "MP_WindowClient::onMenuSlotSendToRemovableMedia\n");
-}
-
-void MP_WindowClient::onMenuSlotSendToBluetooth()
-{
-    WindowCommandTrace(3, "MP_WindowClient::onMenuSlotSendToBluetooth\n");
-}
-
-void MP_WindowClient::onMenuSlotApplyToRingtone()
-{
-    WindowCommandTrace(3, "MP_WindowClient::onMenuSlotApplyToRingtone\n");
+    const int contentType = getCommonPlayer()->getContentType();
+    WindowCommandTrace(3, "MP_WindowClient::onMenuSetup, contentType=%d\n", contentType);
+    // Content of no known type has no setup screen: the library is not even
+    // opened, since it would only be closed again without a call.
+    if (contentType == MP_CONTENT_SOUND)
+        MP_SetupLibrary::showSetupUI(MP_SetupLibrary::kAudio, m_isBackHide);
+    else if (contentType == MP_CONTENT_VIDEO || contentType == kStillContent)
+        MP_SetupLibrary::showSetupUI(MP_SetupLibrary::kVideo, m_isBackHide);
 }
 
 void MP_WindowClient::onMenuDelete()
 {
-    WindowCommandTrace(3, "MP_WindowClient::onMenuDelete\n");
+    if (askYesNo("TXT_RID_HEADER_DELETE", "Delete", "TXT_RID_INSTRUCTIONALTXT_DELETE_THIS_FILE",
+                 "Are you sure you want to delete this file?"))
+        removeCurrent();
 }
 
 void MP_WindowClient::onMenuRemove()
 {
-    WindowCommandTrace(3, "MP_WindowClient::onMenuRemove\n");
+    if (askYesNo("TXT_RID_HEADER_REMOVE", "Remove", "TXT_RID_INSTRUCTIONALTXT_REMOVE_THIS_FILE",
+                 "Are you sure you want to remove this file?"))
+        removeCurrent();
 }
 
-void MP_WindowClient::onMenuPlaylist()
+void MP_WindowClient::removeCurrent()
 {
-    WindowCommandTrace(3, "MP_WindowClient::onMenuPlaylist\n");
+    MP_ListInterface* list = getCommonPlayer()->getCurrentList();
+    if (!list)
+        return;
+    // A database list answers false and reports the change itself later.
+    if (!list->removeItem(list->getCurrentIndex())) {
+        WindowCommandTrace(3, "MP_WindowClient::removeCurrent, the list removes later\n");
+        return;
+    }
+    if (list->count() == 0)
+        emit quitApp();
+    else
+        emit signalCurrentChanged();
 }
 
 void MP_WindowClient::onNormalSize()
 {
-    WindowCommandTrace(3, "MP_WindowClient::onNormalSize\n");
+    getCommonPlayer()->setNormalSize(true);
 }
 
 void MP_WindowClient::onOriginalSize()
 {
-    WindowCommandTrace(3, "MP_WindowClient::onOriginalSize\n");
-}
-
-void MP_WindowClient::onMenuHide()
-{
-    WindowCommandTrace(3, "MP_WindowClient::onMenuHide\n");
-}
-
-void MP_WindowClient::onMenuHidePD()
-{
-    WindowCommandTrace(3, "MP_WindowClient::onMenuHidePD\n");
+    getCommonPlayer()->setNormalSize(false);
 }
 
 void MP_WindowClient::onMenuSlideshow()
 {
-    WindowCommandTrace(3, "MP_WindowClient::onMenuSlideshow\n");
+    if (m_softKey)
+        m_softKey->slotBtnReleased(kLeftKey);
+    getCommonPlayer()->autoPlay(true);
+}
+
+void MP_WindowClient::onMenuHide()
+{
+    emit hidePlayer();
+}
+
+void MP_WindowClient::onMenuHidePD()
+{
+    QCopChannel::send(kDownloadManagerChannel, kShowUIMessage);
+    if (getCommonPlayer()->getMediumType() == MP_MEDIUM_TRANSFER_SESSION) {
+        // The transfer goes on in the download manager; only the player goes.
+        if (MP_PlayerControl* control = getCommonPlayer()->getPlayerControl())
+            control->stop();
+        emit closePlayer();
+    } else {
+        emit quitApp();
+    }
 }
 
 void MP_WindowClient::onFTSignalCancelFromDLM()
 {
     WindowCommandTrace(3, "MP_WindowClient::onFTSignalCancelFromDLM\n");
+    emit quitApp();
 }
 
-void MP_WindowClient::onMenuBuyMore()
+void MP_WindowClient::onMenuUseBluetooth()
 {
-    WindowCommandTrace(3, "MP_WindowClient::onMenuBuyMore\n");
+    // The dynamic item is connected to its own action.
 }
 
-void MP_WindowClient::onMenuEditBookmark()
+void MP_WindowClient::onMenuUseHandset()
 {
-    WindowCommandTrace(3, "MP_WindowClient::onMenuEditBookmark\n");
-}
-
-void MP_WindowClient::onMenuSaveBookmark()
-{
-    WindowCommandTrace(3, "MP_WindowClient::onMenuSaveBookmark\n");
+    // The dynamic item is connected to its own action.
 }

@@ -127,6 +127,38 @@
         <source>Because the files do not exist.</source>
         <translation>Weil die Dateien nicht vorhanden sind.</translation>
     </message>
+    <message id="TXT_RID_HEADER_CANCEL_DOWNLOAD">
+        <source>Cancel Download</source>
+        <translation>Download abbrechen</translation>
+    </message>
+    <message id="FMT_RID_INSTRUCTIONALTXT_YOU_ARE_CURRENTLY_DOWNLOADING_COLON_1_CHOOSING_YES_WILL_CANCEL_THIS_DOWNLOAD_DO_YOU_WANT_TO_CONTINUE">
+        <source>You are currently downloading: %1.  Choosing Yes will cancel this download. Do you want to continue?</source>
+        <translation>Sie laden gerade herunter: %1.  Mit Ja wird dieser Download abgebrochen. Möchten Sie fortfahren?</translation>
+    </message>
+    <message id="TXT_RID_HEADER_DELETE">
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message id="TXT_RID_INSTRUCTIONALTXT_DELETE_THIS_FILE">
+        <source>Are you sure you want to delete this file?</source>
+        <translation>Möchten Sie diese Datei wirklich löschen?</translation>
+    </message>
+    <message id="TXT_RID_HEADER_REMOVE">
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message id="TXT_RID_INSTRUCTIONALTXT_REMOVE_THIS_FILE">
+        <source>Are you sure you want to remove this file?</source>
+        <translation>Möchten Sie diese Datei wirklich entfernen?</translation>
+    </message>
+    <message id="TXT_RID_HEADER_BUY_MORE">
+        <source>Buy More</source>
+        <translation>Mehr kaufen</translation>
+    </message>
+    <message id="TXT_RID_INSTRUCTIONALTXT_THIS_SONG_HAS_BEEN_MARKED_DURING_SYNCHRONIZATION_WITH_A_PC_YOU_WILL_BE_PROMPTED_TO_BUY_MORE">
+        <source>This song has been marked. During synchronization with a PC you will be prompted to buy more related content.</source>
+        <translation>Dieser Titel wurde markiert. Beim Abgleich mit einem PC werden Sie aufgefordert, weitere passende Inhalte zu kaufen.</translation>
+    </message>
     <message id="TXT_RID_INSTRUCTIONALTXT_BECAUSE_THE_FILE_DOESNT_EXIST">
         <source>Because the file does not exist.</source>
         <translation>Weil die Datei nicht vorhanden ist.</translation>

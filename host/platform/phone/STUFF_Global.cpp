@@ -28,6 +28,11 @@ bool STUFF_Global::canAsRingTone(const QString& path) const
     return file.isFile() && file.size() <= kMaxRingtoneBytes;
 }
 
+QString STUFF_Global::getDisplayPathName(const QString& path)
+{
+    return QFileInfo(path).fileName();
+}
+
 QString STUFF_Global::getDefaultMMCSDPartition()
 {
     return HostStorage::memoryCardPath();

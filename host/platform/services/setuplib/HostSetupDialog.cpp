@@ -1,0 +1,92 @@
+#include "host/platform/services/setuplib/HostSetupDialog.h"
+
+#include <QBoxLayout>
+#include <QByteArray>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDataStream>
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+
+#include "platform/QCopChannel.h"
+#include "platform/SETUP_SET_Manager.h"
+#include "platform/StreamEncoding.h"
+
+namespace {
+
+const int kPlayerApp = 71;
+const char* const kGroup = "MediaControlItem";
+const char* const kSetupChannel = "MEDIAPLAYER_MESSAGE_CHANNEL";
+
+QByteArray intPayload(int value)
+{
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    MP_SetPayloadFormat(stream);
+    stream << qint32(value);
+    return bytes;
+}
+
+} // namespace
+
+HostSetupDialog::HostSetupDialog(int kind)
+    : m_video(kind == 1),
+      m_shuffleKey(m_video ? QStringLiteral("VideoShuffle") : QStringLiteral("MusicShuffle")),
+      m_repeatKey(m_video ? QStringLiteral("VideoRepeat") : QStringLiteral("MusicRepeat"))
+{
+}
+
+int HostSetupDialog::storedShuffle() const
+{
+    int value = 0;
+    SETUP_SET_Manager(kPlayerApp, true).getSettingInfo(kGroup, m_shuffleKey, value, 0);
+    return value;
+}
+
+bool HostSetupDialog::storedRepeat() const
+{
+    bool value = false;
+    SETUP_SET_Manager(kPlayerApp, true).getSettingInfo(kGroup, m_repeatKey, value, false);
+    return value;
+}
+
+void HostSetupDialog::exec()
+{
+    // No Q_OBJECT here: the library is unloaded after every use, and nothing
+    // of it may stay registered with Qt once the dialog is gone.
+    QDialog dialog;
+    dialog.setWindowTitle(m_video ? QStringLiteral("Video Setup") : QStringLiteral("Music Setup"));
+    auto* shuffle = new QComboBox(&dialog);
+    shuffle->addItem(QStringLiteral("Off"));
+    shuffle->addItem(m_video ? QStringLiteral("On") : QStringLiteral("Songs"));
+    if (!m_video)
+        shuffle->addItem(QStringLiteral("Albums"));
+    const int stored = storedShuffle();
+    shuffle->setCurrentIndex(stored >= 0 && stored < shuffle->count() ? stored : 0);
+    auto* repeat = new QCheckBox(&dialog);
+    repeat->setChecked(storedRepeat());
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, &dialog);
+    QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
+    QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+    auto* form = new QFormLayout;
+    form->addRow(QStringLiteral("Shuffle"), shuffle);
+    form->addRow(QStringLiteral("Repeat"), repeat);
+    auto* layout = new QVBoxLayout(&dialog);
+    layout->addLayout(form);
+    layout->addWidget(buttons);
+    if (dialog.exec() == QDialog::Accepted)
+        apply(shuffle->currentIndex(), repeat->isChecked());
+}
+
+void HostSetupDialog::apply(int shuffle, bool repeat)
+{
+    const int oldShuffle = storedShuffle();
+    const bool oldRepeat = storedRepeat();
+    SETUP_SET_Manager store(kPlayerApp, false);
+    const QByteArray kindName = m_video ? "VIDEO" : "MUSIC";
+    if (shuffle != oldShuffle && store.setSettingInfo(kGroup, m_shuffleKey, shuffle))
+        QCopChannel::send(kSetupChannel, "MP_MSG_SETUP_CHANGE_SHUFFLE_" + kindName, intPayload(shuffle));
+    if (repeat != oldRepeat && store.setSettingInfo(kGroup, m_repeatKey, repeat))
+        QCopChannel::send(kSetupChannel, "MP_MSG_SETUP_CHANGE_REPEAT_" + kindName, intPayload(repeat ? 1 : 0));
+}

@@ -1,0 +1,102 @@
+// The commands of the player screen that hand the playing file to the share
+// utility: properties, send to, apply to, bookmarks and the buy-more mark.
+// Each takes the path of the item being played at the moment it runs; the
+// share utility reports its own failures.
+
+#include "screen/MP_WindowClient.h"
+
+#include "platform/MP_CommonPlayer.h"
+#include "platform/TextResources.h"
+#include "platform/TraceLog.h"
+#include "platform/VmDialogs.h"
+#include "platform/VmOptionsMenu.h"
+#include "share/MP_ShareUtility.h"
+
+MP_DEFINE_TRACE(WindowShareTrace, "MP_WindowClient")
+
+namespace {
+
+const int kInformationDialog = 2;
+// "Edit Bookmark" on the stream screens of sound and of video.
+const int kEditBookmarkSound = 6002;
+const int kEditBookmarkVideo = 7001;
+
+} // namespace
+
+void MP_WindowClient::onMenuProperties()
+{
+    MP_ShareUtility::showProperty(getCurrentFile(), nullptr);
+}
+
+void MP_WindowClient::onMenuSlotSendToMessage()
+{
+    MP_ShareUtility::sendToMessage(getCurrentFile());
+}
+
+void MP_WindowClient::onMenuSlotSendToEmail()
+{
+    MP_ShareUtility::sendToEmail(getCurrentFile());
+}
+
+void MP_WindowClient::onMenuSlotSendToBlog()
+{
+    MP_ShareUtility::sendToBlog(getCurrentFile());
+}
+
+void MP_WindowClient::onMenuSlotSendToRemovableMedia()
+{
+    MP_ShareUtility::sendToRemovableMedia(getCurrentFile());
+}
+
+void MP_WindowClient::onMenuSlotSendToBluetooth()
+{
+    MP_ShareUtility::sendToBluetooth(getCurrentFile());
+}
+
+void MP_WindowClient::onMenuSlotApplyToRingtone()
+{
+    MP_ShareUtility::applyToRingtone(getCurrentFile());
+}
+
+void MP_WindowClient::onMenuPlaylist()
+{
+    MP_ShareUtility::applyToPlaylist(getCurrentFile());
+}
+
+void MP_WindowClient::onMenuEditBookmark()
+{
+    if (m_bookmarkSaved)
+        MP_ShareUtility::editBookmark(m_bookmark);
+}
+
+void MP_WindowClient::onMenuSaveBookmark()
+{
+    const QString path = getCurrentFile();
+    if (path.isEmpty())
+        return;
+    m_bookmarkSaved = true;
+    m_bookmark = QString();
+    MP_ShareUtility::saveBookmark(path, m_bookmark);
+    // A save that stored nothing leaves nothing to edit: the item stays hidden.
+    if (m_bookmark.isEmpty() || !m_optionsMenu)
+        return;
+    const int contentType = getCommonPlayer()->getContentType();
+    if (contentType == MP_CONTENT_SOUND)
+        m_optionsMenu->setItemVisible(kEditBookmarkSound, true);
+    else if (contentType == MP_CONTENT_VIDEO)
+        m_optionsMenu->setItemVisible(kEditBookmarkVideo, true);
+}
+
+void MP_WindowClient::onMenuBuyMore()
+{
+    if (!MP_ShareUtility::setBuyMoreFlag(getCurrentFile())) {
+        WindowShareTrace(3, "MP_WindowClient::onMenuBuyMore, set Flag failed.\n");
+        return;
+    }
+    VmMessageDlg notice(kInformationDialog, MP_tr("TXT_RID_HEADER_BUY_MORE", "Buy More"),
+                        MP_tr("TXT_RID_INSTRUCTIONALTXT_THIS_SONG_HAS_BEEN_MARKED_DURING_SYNCHRONIZATION_WITH_A_PC_"
+                              "YOU_WILL_BE_PROMPTED_TO_BUY_MORE",
+                              "This song has been marked. During synchronization with a PC you will be prompted "
+                              "to buy more related content."));
+    notice.exec();
+}

@@ -1,0 +1,110 @@
+// The player screen's commands end to end: what the options menu and the
+// Back key do to files, play lists and the download manager.
+
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include "tests/scenarios/ScenarioRun.h"
+
+namespace {
+
+QStringList dialogAnswers(const ScenarioRun& scenario)
+{
+    QStringList answers;
+    for (const QJsonObject& line : scenario.journal()) {
+        if (line.value("kind").toString() == QLatin1String("dialog"))
+            answers << line.value("title").toString() + ' ' + QString::number(line.value("answer").toInt());
+    }
+    return answers;
+}
+
+QStringList downloadManagerMessages(const ScenarioRun& scenario)
+{
+    QStringList messages;
+    for (const QJsonObject& line : scenario.journal()) {
+        if (line.value("kind").toString() == QLatin1String("qcop")
+            && line.value("channel").toString() == QLatin1String("/VEMO/AM/DOWNLOADMANAGER"))
+            messages << line.value("message").toString() + ' ' + line.value("data").toString();
+    }
+    return messages;
+}
+
+TEST(CommandsScenarioTest, DeletingThePlayingSong_DeletesItsFileAndPlaysTheNext)
+{
+    // A copy of one album, scanned on its own: the sample library stays whole.
+    ScenarioRun scenario;
+    QTemporaryDir folder;
+    const QDir album(ScenarioRun::sampleLibrary() + "/Music/Aurora Lane/Paper Boats");
+    for (const QString& name : album.entryList(QDir::Files))
+        ASSERT_TRUE(QFile::copy(album.filePath(name), folder.filePath(name)));
+    QProcess scan;
+    scan.start(MP_BIN_DIR "/mp-scan", {"--data-dir", scenario.dataDir() + "/data", folder.path()});
+    ASSERT_TRUE(scan.waitForFinished(60000) && scan.exitCode() == 0);
+
+    const QStringList paperBoats{"--action", "PlayMusicListInMediaplayer", "isAllArtist=1", "isAllAlbum=0",
+                                 "Album=Paper Boats", "isAllGenre=1", "isAllComposer=1", "StorageLocation=2"};
+    ASSERT_EQ(scenario.run(ScenarioRun::script("commands_delete_playing.mps"), paperBoats), 0)
+        << qPrintable(scenario.errorOutput());
+    EXPECT_EQ(dialogAnswers(scenario), QStringList{"Delete 1"});
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList({"02 Rain on Glass.wav", "03 Lanterns.wav"}));
+    EXPECT_EQ(scenario.argsOf("file", "deleted"), QList<QJsonArray>{QJsonArray{folder.filePath("01 Paper Boats.wav")}});
+    EXPECT_EQ(scenario.calls().count("engine:notifyCurrentChanged"), 1);
+    EXPECT_EQ(scenario.titlesPlayed().mid(0, 2), (QStringList{"Paper Boats", "Rain on Glass"}));
+}
+
+TEST(CommandsScenarioTest, RemovingFromAUserPlayList_ChangesTheGroupOnlyAfterYes)
+{
+    ScenarioRun scenario;
+    ASSERT_TRUE(scenario.scanSampleLibrary());
+    const QStringList evening{"--action", "PlayUserListInMediaplayer", "Type=0", "GroupObjectID=4",
+                              "FirstIndex=0", "StorageLocation=2"};
+    ASSERT_EQ(scenario.run(ScenarioRun::script("commands_remove_from_play_list.mps"), evening), 0)
+        << qPrintable(scenario.errorOutput());
+    EXPECT_EQ(dialogAnswers(scenario), QStringList({"Remove 0", "Remove 0", "Remove 1"}));
+    const QList<QJsonArray> removals = scenario.argsOf("metadata", "metadataRemoveItemsFromGroup");
+    ASSERT_EQ(removals.size(), 1);
+    EXPECT_EQ(removals.first().at(0).toObject().value("positions").toArray(), QJsonArray{0});
+    EXPECT_TRUE(scenario.argsOf("file", "deleted").isEmpty()) << "the song stays in the library";
+    EXPECT_EQ(scenario.calls().count("engine:notifyCurrentChanged"), 1) << "once, when the database reported";
+    EXPECT_EQ(scenario.titlesPlayed().mid(0, 2), (QStringList{"Harbour Wind", "Lanterns"}));
+}
+
+TEST(CommandsScenarioTest, BackWhileDownloading_NoKeepsThePlayerYesCancelsAndQuits)
+{
+    ScenarioRun scenario;
+    ASSERT_EQ(scenario.run(ScenarioRun::script("commands_back_while_downloading.mps"),
+                           {"Music/Aurora Lane/Northern Lights/01 First Light.wav"}),
+              0)
+        << qPrintable(scenario.errorOutput());
+    const QList<QJsonObject> journal = scenario.journal();
+    QStringList texts;
+    for (const QJsonObject& line : journal) {
+        if (line.value("kind").toString() == QLatin1String("dialog"))
+            texts << line.value("text").toString();
+    }
+    ASSERT_EQ(texts.size(), 2);
+    EXPECT_EQ(texts.first().toStdString(),
+              "You are currently downloading: 01 First Light.wav.  Choosing Yes will cancel this download. "
+              "Do you want to continue?");
+    // In order: No keeps everything; Yes tells the download manager, then the player closes.
+    QStringList events;
+    for (const QJsonObject& line : journal) {
+        const QString kind = line.value("kind").toString();
+        if (kind == QLatin1String("dialog"))
+            events << "dialog " + QString::number(line.value("answer").toInt());
+        else if (kind == QLatin1String("qcop") && line.value("channel").toString() == "/VEMO/AM/DOWNLOADMANAGER")
+            events << line.value("message").toString();
+        else if (kind == QLatin1String("engine") && line.value("call").toString() == "closePlayerWindow")
+            events << "closePlayerWindow";
+    }
+    EXPECT_EQ(events, QStringList({"dialog 0", "dialog 1", "MPUserCancelDL()", "closePlayerWindow"}));
+    EXPECT_EQ(downloadManagerMessages(scenario), QStringList{"MPUserCancelDL() "}) << "sent without data";
+}
+
+} // namespace

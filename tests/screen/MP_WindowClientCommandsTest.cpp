@@ -1,0 +1,320 @@
+// The player screen's commands: leaving the player with and without a
+// download, deleting and removing through the two kinds of list, the setup
+// library and hiding a download.
+
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+#include <QSignalSpy>
+
+#include <memory>
+
+#include "host/platform/media/MediaDatabase.h"
+#include "host/platform/toolkit/HostDialogs.h"
+#include "host/platform/toolkit/HostTranslations.h"
+#include "lists/MP_AufContext.h"
+#include "lists/MP_AufList.h"
+#include "lists/MP_FolderList.h"
+#include "platform/VmKbMainWidget.h"
+#include "platform/VmOptionsMenu.h"
+#include "screen/MP_SetupLibrary.h"
+#include "screen/MP_WindowClient.h"
+#include "tests/lists/TraceCapture.h"
+#include "tests/support/ChannelJournal.h"
+#include "tests/support/FakeEngine.h"
+#include "tests/support/SongBuilder.h"
+#include "tests/support/TestEnvironment.h"
+
+namespace {
+
+const QString kDownloadManager = QStringLiteral("/VEMO/AM/DOWNLOADMANAGER");
+
+class CommandEngine : public FakeEngine {
+public:
+    int content = MP_CONTENT_SOUND;
+    int medium = MP_MEDIUM_LOCAL;
+    MP_ListInterface* list = nullptr;
+    QString path = QStringLiteral("/dl/Night Song.mp3.pd");
+    VmKbMainWidget widget;
+
+    VmKbMainWidget* getMainWidget() override { return &widget; }
+    MP_CONTENT_TYPE getContentType() override { return MP_CONTENT_TYPE(content); }
+    int getMediumType() override { return medium; }
+    MP_ListInterface* getCurrentList() override { return list; }
+    QString getCurrentPath() override { return path; }
+};
+
+class MP_WindowClientCommandsTest : public TestEnvironment {
+protected:
+    void SetUp() override
+    {
+        TestEnvironment::SetUp();
+        client = std::make_unique<MP_WindowClient>(&engine);
+        HostDialogs::clearAnswers();
+    }
+    void TearDown() override
+    {
+        client.reset();
+        HostDialogs::clearAnswers();
+        MP_SetupLibrary::setLibraryName(QByteArray());
+        TestEnvironment::TearDown();
+    }
+
+    void run(const char* slot) { ASSERT_TRUE(QMetaObject::invokeMethod(client.get(), slot)); }
+
+    /** Title, text and answer of every dialog shown. */
+    static QStringList dialogs()
+    {
+        QStringList shown;
+        for (const QJsonObject& line : journal()) {
+            if (line.value("kind").toString() == QLatin1String("dialog"))
+                shown << line.value("title").toString() + '|' + line.value("text").toString() + '|'
+                             + QString::number(line.value("answer").toInt());
+        }
+        return shown;
+    }
+
+    /** Files named @p names in a fresh folder; returns the folder. */
+    QString makeFolder(const QString& name, const QStringList& names)
+    {
+        const QString folder = dataPath(name);
+        QDir().mkpath(folder);
+        for (const QString& file : names)
+            QFile(folder + '/' + file).open(QIODevice::WriteOnly);
+        return folder;
+    }
+
+    CommandEngine engine;
+    std::unique_ptr<MP_WindowClient> client;
+    TraceCapture traces;
+};
+
+TEST_F(MP_WindowClientCommandsTest, Back_WithoutDownload_HidesOnlyPlayingSoundWhenBackHides)
+{
+    QSignalSpy hide(client.get(), &MP_WindowClient::hidePlayer);
+    QSignalSpy quit(client.get(), &MP_WindowClient::quitApp);
+    struct Case {
+        bool backHide;
+        int content;
+        MP_PLAYER_STATE state;
+        bool hasControl;
+        bool hides;
+    } const cases[] = {
+        {true, MP_CONTENT_SOUND, MP_STATE_PLAYING, true, true},
+        {true, MP_CONTENT_SOUND, MP_STATE_4, true, true},
+        {false, MP_CONTENT_SOUND, MP_STATE_PLAYING, true, false},
+        {true, MP_CONTENT_VIDEO, MP_STATE_PAUSED, true, false},
+        {true, MP_CONTENT_SOUND, MP_STATE_STOPPED, true, false},
+        {true, MP_CONTENT_SOUND, MP_STATE_PLAYING, false, false},
+    };
+    int line = 0;
+    for (const Case& c : cases) {
+        client->setBackHide(c.backHide);
+        engine.content = c.content;
+        engine.control.state = c.state;
+        engine.hasControl = c.hasControl;
+        hide.clear();
+        quit.clear();
+        run("onBackClicked");
+        EXPECT_EQ(hide.count(), c.hides ? 1 : 0) << "case " << line;
+        EXPECT_EQ(quit.count(), c.hides ? 0 : 1) << "case " << line;
+        ++line;
+    }
+    EXPECT_TRUE(dialogs().isEmpty()) << "nothing to ask without a download";
+}
+
+TEST_F(MP_WindowClientCommandsTest, Back_WhileDownloading_CancelsOnlyOnYes)
+{
+    engine.medium = MP_MEDIUM_PROGRESSIVE_DOWNLOAD;
+    client->updateListInfo(nullptr);
+    ASSERT_TRUE(client->isDownloading());
+    QSignalSpy hide(client.get(), &MP_WindowClient::hidePlayer);
+    QSignalSpy quit(client.get(), &MP_WindowClient::quitApp);
+
+    run("onBackClicked");  // nothing queued: the safe answer is No
+    EXPECT_EQ(quit.count() + hide.count(), 0) << "the download and the player stay";
+    EXPECT_TRUE(channelMessages(kDownloadManager).empty());
+
+    HostDialogs::queueAnswer(1);
+    run("onBackClicked");
+    EXPECT_EQ(channelMessages(kDownloadManager), MessageLines({"MPUserCancelDL() "}));
+    EXPECT_EQ(quit.count(), 1);
+    EXPECT_TRUE(client->isDownloading()) << "the engine's reports end the download, not the question";
+
+    const QString question = QStringLiteral(
+        "Cancel Download|You are currently downloading: Night Song.mp3.  Choosing Yes will cancel this download. "
+        "Do you want to continue?|");
+    EXPECT_EQ(dialogs(), QStringList({question + '0', question + '1'}));
+
+    // A transfer session is closed instead, and playing sound may hide.
+    engine.medium = MP_MEDIUM_TRANSFER_SESSION;
+    client->updateListInfo(nullptr);
+    client->updateDownloadProgress(10, 100);
+    client->setBackHide(true);
+    engine.control.state = MP_STATE_PLAYING;
+    HostDialogs::queueAnswer(1);
+    run("onBackClicked");
+    EXPECT_EQ(journalLines("service", "DLM_TransSession::sessionDone").size(), 1);
+    EXPECT_EQ(channelMessages(kDownloadManager).size(), 1u) << "no second cancel message";
+    EXPECT_EQ(hide.count(), 1);
+    EXPECT_EQ(quit.count(), 1);
+}
+
+TEST_F(MP_WindowClientCommandsTest, DeleteThroughAFolderList_DeletesOnlyThatFileAfterYes)
+{
+    const QString folder = makeFolder("songs", {"a.mp3", "b.mp3", "c.mp3"});
+    MP_FolderList list(folder + "/b.mp3", MP_FolderList::SortByName);
+    engine.list = &list;
+    QSignalSpy changed(client.get(), &MP_WindowClient::signalCurrentChanged);
+    QSignalSpy quit(client.get(), &MP_WindowClient::quitApp);
+
+    run("onMenuDelete");  // answered No
+    EXPECT_EQ(QDir(folder).entryList(QDir::Files), QStringList({"a.mp3", "b.mp3", "c.mp3"}));
+    EXPECT_EQ(changed.count(), 0);
+
+    HostDialogs::queueAnswer(1);
+    run("onMenuDelete");
+    EXPECT_EQ(QDir(folder).entryList(QDir::Files), QStringList({"a.mp3", "c.mp3"}));
+    EXPECT_EQ(changed.count(), 1);
+    EXPECT_EQ(quit.count(), 0);
+    EXPECT_EQ(list.getCurrent(), folder + "/c.mp3");
+    EXPECT_EQ(dialogs(), QStringList({"Delete|Are you sure you want to delete this file?|0",
+                                      "Delete|Are you sure you want to delete this file?|1"}));
+
+    // Remove asks its own question and takes the item out the same way; the last one quits.
+    const QString single = makeFolder("single", {"only.mp3"});
+    MP_FolderList last(single + "/only.mp3", MP_FolderList::SortByName);
+    engine.list = &last;
+    HostDialogs::queueAnswer(1);
+    run("onMenuRemove");
+    EXPECT_FALSE(QFile::exists(single + "/only.mp3"));
+    EXPECT_EQ(quit.count(), 1);
+    EXPECT_EQ(changed.count(), 1);
+    EXPECT_EQ(dialogs().last(), QStringLiteral("Remove|Are you sure you want to remove this file?|1"));
+
+    ASSERT_TRUE(HostTranslations::use(QStringLiteral("de")));
+    run("onMenuDelete");
+    HostTranslations::use(QString());
+    EXPECT_EQ(dialogs().last(), QStringLiteral("Löschen|Möchten Sie diese Datei wirklich löschen?|0"));
+}
+
+TEST_F(MP_WindowClientCommandsTest, RemoveThroughADatabaseList_LeavesTheRestToTheList)
+{
+    auto database = MediaDatabase::open(MediaDatabase::defaultFile());
+    const QString folder = makeFolder("music", {"x.mp3", "y.mp3"});
+    const quint32 x = database->addMedia(song(folder + "/x.mp3").title("X"));
+    const quint32 y = database->addMedia(song(folder + "/y.mp3").title("Y"));
+    const quint32 group = database->addGroup(METADATA_GROUP_USER, QStringLiteral("Mine"));
+    ASSERT_TRUE(database->setGroupMembers(group, {x, y}));
+    MP_AufContext::shuffle = MP_AufContext::shuffleSetting = 0;
+    MP_AufContext::isRepeat = false;
+    MP_AufList list(group, METADATA_GROUP_USER, 2, 0, QString());
+    engine.list = &list;
+    QSignalSpy changed(client.get(), &MP_WindowClient::signalCurrentChanged);
+    QSignalSpy quit(client.get(), &MP_WindowClient::quitApp);
+
+    HostDialogs::queueAnswer(1);
+    run("onMenuRemove");
+    EXPECT_EQ(database->groupMembers(group), QList<quint32>({y})) << "the list asked the database";
+    EXPECT_EQ(changed.count() + quit.count(), 0) << "false from the list ends the command";
+    EXPECT_TRUE(QFile::exists(folder + "/x.mp3"));
+}
+
+TEST_F(MP_WindowClientCommandsTest, Setup_OpensTheLibraryWithTheKindOfContentAndTheBackHideFlag)
+{
+    client->setBackHide(true);
+    run("onMenuSetup");
+    engine.content = MP_CONTENT_VIDEO;
+    client->setBackHide(false);
+    run("onMenuSetup");
+    engine.content = MP_CONTENT_UNKNOWN;
+    run("onMenuSetup");
+    const QList<QJsonObject> calls = journalLines("service", "exeShowSetupUI");
+    ASSERT_EQ(calls.size(), 2) << "no setup screen for content of no known type";
+    EXPECT_EQ(calls.at(0).value("args").toArray(), (QJsonArray{0, true}));
+    EXPECT_EQ(calls.at(1).value("args").toArray(), (QJsonArray{1, false}));
+
+    // Missing, or without the entry point: traced, nothing shown, the player goes on.
+    engine.content = MP_CONTENT_SOUND;
+    MP_SetupLibrary::setLibraryName("libmp_no_such_setup.so");
+    run("onMenuSetup");
+    EXPECT_TRUE(traces.text().contains("dlopen failed: libmp_no_such_setup.so: cannot open shared object file"))
+        << traces.text().constData();
+    MP_SetupLibrary::setLibraryName("libmp_platform.so");
+    run("onMenuSetup");
+    EXPECT_TRUE(traces.text().contains("undefined symbol: exeShowSetupUI")) << traces.text().constData();
+    EXPECT_EQ(journalLines("service", "exeShowSetupUI").size(), 2);
+}
+
+TEST_F(MP_WindowClientCommandsTest, HideDownload_ClosesTheScreenOfATransferAndEndsAProgressiveDownload)
+{
+    QSignalSpy close(client.get(), &MP_WindowClient::closePlayer);
+    QSignalSpy quit(client.get(), &MP_WindowClient::quitApp);
+    engine.medium = MP_MEDIUM_TRANSFER_SESSION;
+    run("onMenuHidePD");
+    EXPECT_EQ(engine.control.calls, QStringList({"stop()"}));
+    EXPECT_EQ(close.count(), 1);
+    EXPECT_EQ(quit.count(), 0) << "the transfer goes on in the download manager";
+
+    engine.medium = MP_MEDIUM_PROGRESSIVE_DOWNLOAD;
+    run("onMenuHidePD");
+    EXPECT_EQ(engine.control.calls.size(), 1);
+    EXPECT_EQ(close.count(), 1);
+    EXPECT_EQ(quit.count(), 1);
+    EXPECT_EQ(channelMessages(kDownloadManager), MessageLines({"ShowUI ", "ShowUI "}));
+}
+
+TEST_F(MP_WindowClientCommandsTest, SaveBookmark_ShowsEditOnlyWhenABookmarkWasStored)
+{
+    engine.medium = MP_MEDIUM_STREAM;
+    engine.path = QStringLiteral("rtsp://radio.example/live");
+    client->updateMetaInfo("A", "B", "C", QByteArray(), false);
+    VmOptionsMenu* menu = client->getMenu();
+    ASSERT_NE(menu, nullptr);
+    emit menu->aboutToShow();
+    ASSERT_EQ(menu->menuName(), QStringLiteral("stream_sound"));
+    ASSERT_FALSE(menu->isItemVisible(6002));
+
+    // A file where the bookmark folder should be: the store cannot keep anything.
+    QFile(dataPath("bookmarks")).open(QIODevice::WriteOnly);
+    run("onMenuSaveBookmark");
+    EXPECT_FALSE(menu->isItemVisible(6002)) << "nothing stored, nothing to edit";
+    run("onMenuEditBookmark");
+    EXPECT_EQ(dialogs().size(), 1) << "the save counts as made: editing it says it cannot be opened";
+
+    QFile::remove(dataPath("bookmarks"));
+    run("onMenuSaveBookmark");
+    EXPECT_TRUE(menu->isItemVisible(6002)) << "shown at once, without reopening the menu";
+    const QList<QJsonObject> saves = journalLines("service", "addBookmark");
+    ASSERT_EQ(saves.size(), 2);
+    EXPECT_EQ(saves.at(1).value("args").toArray().at(1).toString(), engine.path);
+    const QString identity = saves.at(1).value("args").toArray().at(2).toString();
+    run("onMenuEditBookmark");
+    const QList<QJsonObject> edits = journalLines("service", "editBookmark");
+    ASSERT_EQ(edits.size(), 1);
+    EXPECT_EQ(edits.first().value("args").toArray().at(0).toString(), identity);
+}
+
+TEST_F(MP_WindowClientCommandsTest, BuyMore_NoticeOnlyWhenTheFlagWasSet)
+{
+    auto database = MediaDatabase::open(MediaDatabase::defaultFile());
+    const QString folder = makeFolder("music", {"x.mp3"});
+    database->addMedia(song(folder + "/x.mp3").title("X"));
+    engine.path = folder + "/x.mp3";
+    run("onMenuBuyMore");
+    EXPECT_EQ(dialogs(), QStringList{"Buy More|This song has been marked. During synchronization with a PC you will be "
+                                     "prompted to buy more related content.|0"});
+    for (const QJsonObject& line : journal()) {
+        if (line.value("kind").toString() == QLatin1String("dialog")) {
+            EXPECT_EQ(line.value("class").toString() + QString::number(line.value("type").toInt()), "VmMessageDlg2")
+                << "the information notice";
+        }
+    }
+
+    engine.path = folder + "/unknown.mp3";
+    run("onMenuBuyMore");
+    EXPECT_EQ(dialogs().size(), 1) << "no dialog when the flag was not set";
+    EXPECT_TRUE(traces.text().contains("MP_WindowClient::onMenuBuyMore, set Flag failed.\n"));
+}
+
+} // namespace
