@@ -13,6 +13,7 @@
 #include "host/app/AppOptions.h"
 #include "host/app/DisplayCommandParser.h"
 #include "host/app/PayloadBuilder.h"
+#include "host/app/PhoneScriptCommands.h"
 #include "host/app/PlayerSession.h"
 #include "host/app/ScriptArguments.h"
 #include "host/app/ScriptWords.h"
@@ -72,6 +73,7 @@ ScriptRunner::ScriptRunner(PlayerSession& session) : m_session(session)
             return (this->*command)(arguments, error);
         });
     m_screenCommands.addTo(m_commands);
+    PhoneScriptCommands::addTo(m_commands, m_session);
 }
 
 bool ScriptRunner::load(const QString& path, QString* error)

@@ -16,6 +16,7 @@
 //   flip open|closed            the phone's flip moves; the application tells the window
 //   display COMMAND [ARG]       the user's command on the external display (DisplayCommandParser)
 //   (the player screen's commands: see ScreenScriptCommands.h)
+//   (the phone's keys, card, theme and requests: see PhoneScriptCommands.h)
 //   quit                        delete the main window and end
 // After every command the event loop runs briefly, so that deferred work
 // (posted events, 1 ms timers, channel deliveries) has happened before the
