@@ -1,7 +1,6 @@
 #include "mainwindow/MP_MainWindow.h"
 
 #include <QCoreApplication>
-#include <QDataStream>
 #include <QEvent>
 #include <QTimer>
 
@@ -9,7 +8,6 @@
 
 #include "clients/MP_MediafinderClient.h"
 #include "clients/MP_BluetoothClient.h"
-#include "clients/HSMessageAPI.h"
 #include "clients/MP_IdleClient.h"
 #include "clients/MP_CLIClient.h"
 #include "lists/MP_AufContext.h"
@@ -20,7 +18,6 @@
 #include "platform/PhoneServices.h"
 #include "platform/QCopChannel.h"
 #include "platform/SETUP_SET_Manager.h"
-#include "platform/StreamEncoding.h"
 #include "platform/TraceLog.h"
 #include "screen/MP_WindowClient.h"
 
@@ -30,7 +27,6 @@ namespace {
 
 const char* const kSystemChannel = "VEMO/System";
 const QString kSettingsGroup = QStringLiteral("MediaControlItem");
-const QString kIdlePluginName = QStringLiteral("IdleMusicPlayer");
 
 } // namespace
 
@@ -68,6 +64,8 @@ MP_MainWindow::MP_MainWindow(const QString& passedFile, QWidget* parent, const c
             SLOT(onReceiveAction(const AM_ActionData&)));
     connect(m_systemChannel, SIGNAL(received(const QCString&, const QByteArray&)), this,
             SLOT(slotSystemMessage(const QCString&, const QByteArray&)));
+    connect(m_keyChannel, SIGNAL(received(const QCString&, const QByteArray&)), this,
+            SLOT(slotKeyMessage(const QCString&, const QByteArray&)));
     MainWindowTrace(3, "MP_MainWindow: created, passed file \"%s\"\n", qPrintable(m_passedFile));
 }
 
@@ -223,145 +221,8 @@ void MP_MainWindow::releaseListQuietly()
     m_list.reset();
 }
 
-void MP_MainWindow::onClosePlayer()
-{
-    MainWindowTrace(3, "onClosePlayer\n");
-}
-
 void MP_MainWindow::onOpenDoc(const QString& fileName)
 {
     setMediaFile(fileName);
 }
 
-void MP_MainWindow::onQuitApp()
-{
-    MainWindowTrace(3, "onQuitApp: launch type %d\n", m_launchType);
-    if (m_commonPlayer)
-        m_commonPlayer->closePlayerWindow();
-    close();
-    if (m_launchType == MP_LAUNCH_CAPTURED_VIDEO)
-        Q_EMIT quitApp();
-}
-
-void MP_MainWindow::onHidePlayer()
-{
-    if (!m_commonPlayer)
-        return;
-    MainWindowTrace(3, "onHidePlayer\n");
-    m_idleClient->activePlugin();
-    SETUP_SET_Manager settings(AM_Global::MediaPlayer, false);
-    settings.setSettingInfo(kSettingsGroup, QStringLiteral("HidePlaying"), true);
-    m_commonPlayer->closePlayerWindow();
-}
-
-void MP_MainWindow::onSetupKeyClicked(int keyCode, bool pressed)
-{
-    // The shuffle, repeat and toggle keys are acted on by the events work;
-    // until then a key is at least visible in the trace.
-    MainWindowTrace(3, "onSetupKeyClicked: key 0x%x, pressed %d\n", unsigned(keyCode), pressed);
-}
-
-void MP_MainWindow::slotSystemMessage(const QCString& message, const QByteArray& data)
-{
-    if (message == "applyStyle()") {
-        // The plug-in draws with the style it started with: restart it so
-        // that it takes the new one.
-        if (m_idleClient) {
-            HSMessageAPI::HS_pluginDeactive(kIdlePluginName);
-            HSMessageAPI::HS_pluginActive(kIdlePluginName);
-        }
-    } else if (message == "cardHotplugEvent(int,int)") {
-        traceCardEvent(data);
-    }
-}
-
-void MP_MainWindow::traceCardEvent(const QByteArray& data) const
-{
-    // Quitting on a memory-card change belongs to the events work; the event
-    // is traced meanwhile so that it is not lost without a word.
-    QDataStream in(data);
-    MP_SetPayloadFormat(in);
-    qint32 card = 0;
-    qint32 flag = 0;
-    in >> card >> flag;
-    if (in.status() != QDataStream::Ok)
-        MainWindowTrace(3, "slotSystemMessage: card event without its two ints (%d bytes)\n", int(data.size()));
-    else
-        MainWindowTrace(3, "slotSystemMessage: card event %d, flag %d, not handled yet\n", card, flag);
-}
-
-void MP_MainWindow::slotContentTypeChanged(MP_CONTENT_TYPE type)
-{
-    m_contentType = type;
-    if (m_contentTypeUnknown) {
-        // A jump key pressed before the first report quits once the content
-        // turns out to be video.
-        if (m_jumpKeyPending && type == MP_CONTENT_VIDEO)
-            onQuitApp();
-        m_jumpKeyPending = false;
-        m_contentTypeUnknown = false;
-    }
-}
-
-void MP_MainWindow::onCurrentItemChanged()
-{
-    if (m_list && m_list->count() != 0) {
-        if (m_commonPlayer)
-            m_commonPlayer->notifyCurrentChanged();
-    } else {
-        // Nothing left to play.
-        onQuitApp();
-    }
-}
-
-void MP_MainWindow::onShuffleRepeat(int shuffleMode, bool repeat)
-{
-    if (!m_commonPlayer)
-        return;
-    m_commonPlayer->setShuffleRepeat(shuffleMode != 0, repeat);
-    if (m_mediafinderClient)
-        m_mediafinderClient->updateListInfo(m_list.get());
-}
-
-void MP_MainWindow::onFlipStatusChanged(int status)
-{
-    MainWindowTrace(3, "onFlipStatusChanged: status %d\n", status);
-    m_flipClosed = status == 1;
-    MP_PlayerControl* control = m_commonPlayer ? m_commonPlayer->getPlayerControl() : nullptr;
-    if (!control)
-        return;
-    // Stopped or finished, the display is left as it is until the next
-    // flip change or engine creation.
-    const MP_PLAYER_STATE state = control->getState();
-    if (state != MP_STATE_STOPPED && state != MP_STATE_FINISHED)
-        updateCLIClient();
-}
-
-void MP_MainWindow::updateCLIClient()
-{
-    if (m_flipClosed && !m_cliClient) {
-        m_cliClient = std::make_unique<MP_CLIClient>(m_commonPlayer);
-        connect(m_cliClient.get(), SIGNAL(quitApp()), this, SLOT(onQuitApp()));
-    } else if (!m_flipClosed && m_cliClient) {
-        disconnect(m_cliClient.get(), SIGNAL(quitApp()), this, SLOT(onQuitApp()));
-        m_cliClient.reset();
-    }
-}
-
-void MP_MainWindow::customEvent(QEvent* event)
-{
-    if (event->type() != QEvent::Type(StartupEventType))
-        return;
-    const AM_ActionParser parser;
-    if (parser.hasAction()) {
-        onReceiveAction(parser.action());
-        return;
-    }
-    // Opened with no action and no file: play the whole music library, as a
-    // launcher the player does not know gets. A player that opened onto
-    // nothing would leave the user with an empty screen and no way to choose.
-    // A list installed meanwhile by an action record is left alone.
-    MainWindowTrace(3, "customEvent: no launch action\n");
-    if (!m_list)
-        handleLauncherRequest(QString());
-}

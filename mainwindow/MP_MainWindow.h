@@ -8,10 +8,9 @@
 //
 // Its clients mirror the player in the media browser, on the player screen,
 // on the idle screen and (while the flip is closed) on the external display;
-// the Bluetooth client takes a headset's keys.
-// Not built yet: the handler of the key channel (opened
-// at start-up but not listened to), the memory-card message (only traced),
-// and the close, setup-key and end-key handlers (they trace).
+// the Bluetooth client takes a headset's keys. The window's reactions to keys,
+// the flip, the end key, system messages and the clients' requests are in
+// MP_MainWindowEvents.cpp.
 
 #include <QString>
 #include <QWidget>
@@ -78,6 +77,18 @@ public:
     /** Plays the captured videos; quitting then asks the application to end. */
     void playCapturedVideo();
 
+    // Events and controls (MP_MainWindowEvents.cpp).
+    /** Applies the stored music shuffle mode to the engine and the list.
+     *  Nothing happens without a list. */
+    void toggleShuffle();
+    /** Inverts the stored music repeat setting and turns stored shuffle off;
+     *  the engine and the list are told shuffle off with the repeat mode read
+     *  before the inversion. Nothing happens without a list. */
+    void toggleRepeat();
+    /** The toggle key: after a captured-video launch, closes and asks the
+     *  application to end; otherwise starts the video recorder and closes. */
+    void onToggleKeyQuitApp();
+
     // Read-only views of the window's state.
     MP_LAUNCH_TYPE launchType() const { return m_launchType; }
     MP_CommonPlayer* commonPlayer() const { return m_commonPlayer; }
@@ -91,19 +102,27 @@ public:
 public Q_SLOTS:
     /** The application opens a document: play it as a single file. */
     void onOpenDoc(const QString& fileName);
+    /** The phone asks the player to return to the idle screen: -5001 and
+     *  -5003 are the flip closing, -5000 the end key; each is handled 1 ms
+     *  later, after the application's callback returned. Others are ignored. */
+    void onAskReturnToIdle(int reason);
     /** The flip opened (0) or closed (1). The external display follows it
      *  unless the player is stopped or finished; without an engine it is
      *  left as it is. */
     void onFlipStatusChanged(int status);
+    /** The player's icon was chosen: brings a running player to the front. */
+    void onClickAppIcon();
     /** Closes the player screen and the window; a captured-video launch also emits quitApp(). */
     void onQuitApp();
-    /** The player screen asks to be closed. Not built yet: traces. */
+    /** The player screen asks to be closed: it closes; engine and list stay. */
     void onClosePlayer();
     /** Hides the player to the idle screen: its plug-in takes over, "HidePlaying"
      *  is stored true and the player screen closes; playback goes on. Nothing
      *  happens without an engine. */
     void onHidePlayer();
-    /** A setup key (shuffle, repeat, toggle) pressed or released on a client. */
+    /** A setup key pressed or released on a client: on release, 0x4002
+     *  toggles shuffle, 0x4003 repeat, 0x4006 leaves for the video recorder.
+     *  Presses and other codes are ignored. */
     void onSetupKeyClicked(int keyCode, bool pressed);
     /** An action record from another application (or the launch action). */
     void onReceiveAction(const AM_ActionData& action);
@@ -111,6 +130,13 @@ public Q_SLOTS:
     void onPlaySystemList(const AM_ActionData& action);
     /** Plays the file passed at creation, dropping any list. */
     void onPassFile();
+    /** The end key: with the player screen focused, quits if the player
+     *  screen agrees (it may ask); without the focus, as the flip closing.
+     *  Nothing happens without an engine or its main widget. */
+    void onEndKeyPressed();
+    /** The flip closed: hides to the idle screen when the player screen
+     *  wants to keep playing (unless the engine dealt with it), else quits. */
+    void onFlipClosed();
     /** The list's current entry changed: play it, or quit when the list is empty. */
     void onCurrentItemChanged();
     /** The list's shuffle or repeat mode changed: tell the engine and the media browser. */
@@ -118,8 +144,11 @@ public Q_SLOTS:
     /** Releases the engine; the list stays. Nothing happens without an engine. */
     void freeCommonPlayer();
     /** A message on the system channel: a style change restarts the idle
-     *  plug-in; a memory-card event is only traced for now. */
+     *  plug-in; a memory-card event quits the player. Others are ignored. */
     void slotSystemMessage(const QCString& message, const QByteArray& data);
+    /** A message on the key-event channel: the jump key (0x1048, type 1)
+     *  quits while a video plays, or once the first content reported is one. */
+    void slotKeyMessage(const QCString& message, const QByteArray& data);
     /** The engine reports the content type of its media. */
     void slotContentTypeChanged(MP_CONTENT_TYPE type);
 
@@ -141,7 +170,8 @@ private:
      *  it when the flip is open. */
     void updateCLIClient();
     void clearLastPlayedRecord();
-    void traceCardEvent(const QByteArray& data) const;
+    void handleCardEvent(const QByteArray& data);
+    void handleJumpKey();
     void releaseLastPlayedStrings();
     /** Deletes the current list without saving the history (the engine is told first). */
     void releaseListQuietly();
@@ -172,13 +202,13 @@ private:
     QString m_launcherId;
     /** The flip is closed, as last reported (read from the phone at creation). */
     bool m_flipClosed;
+    /** True until the engine first reports a content type. */
     bool m_contentTypeUnknown;
-    /** Set by the jump key, whose handler is not built yet; the content-type
-     *  report already honours it. */
+    /** The jump key came while the content type was unknown; the first
+     *  content-type report acts on it and clears it. */
     bool m_jumpKeyPending;
     MP_CONTENT_TYPE m_contentType;
     // Owned (children of the window, deleted first in the destructor).
-    // Opened at start-up; the key channel's messages are not handled yet.
     QCopChannel* m_systemChannel;
     QCopChannel* m_keyChannel;
     LastPlayedListRecord m_lastPlayedList;

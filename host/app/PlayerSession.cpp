@@ -7,8 +7,10 @@
 #include <QFileInfo>
 #include <QWidget>
 
+#include "host/app/KeyboardKeys.h"
 #include "host/app/ScriptWords.h"
 #include "host/engine/HostEngine.h"
+#include "host/platform/HostJournal.h"
 #include "host/platform/phone/HostPhone.h"
 #include "lists/MP_FolderList.h"
 #include "platform/MP_CommonPlayer.h"
@@ -17,9 +19,15 @@
 namespace {
 // The event the window posts to itself when it was created without a file.
 const QEvent::Type kStartupEvent = QEvent::Type(1001);
+// The return-to-idle reason of the end key.
+const int kEndKeyReason = -5000;
 } // namespace
 
-PlayerSession::PlayerSession(const MainWindowLibrary& library) : m_library(library) {}
+PlayerSession::PlayerSession(const MainWindowLibrary& library)
+    : m_library(library)
+    , m_keys(std::make_unique<KeyboardKeys>(*this))
+{
+}
 
 PlayerSession::~PlayerSession()
 {
@@ -33,6 +41,8 @@ void PlayerSession::start(const QString& passedFile)
     // What the phone's application connects; everything else the library wires itself.
     connect(this, SIGNAL(openDoc(const QString&)), window, SLOT(onOpenDoc(const QString&)));
     connect(this, SIGNAL(flipStatusChanged(int)), window, SLOT(onFlipStatusChanged(int)));
+    connect(this, SIGNAL(returnToIdleRequested(int)), window, SLOT(onAskReturnToIdle(int)));
+    connect(this, SIGNAL(appIconClicked()), window, SLOT(onClickAppIcon()));
     connect(window, SIGNAL(quitApp()), this, SLOT(onQuitApp()));
     window->installEventFilter(this);
 }
@@ -111,6 +121,23 @@ void PlayerSession::changeFlipStatus(int status)
 {
     HostPhone::setFlipStatus(status);
     Q_EMIT flipStatusChanged(status);
+}
+
+void PlayerSession::askReturnToIdle(int reason)
+{
+    HostJournal::call(QStringLiteral("app"), QStringLiteral("askReturnToIdle"), {reason});
+    Q_EMIT returnToIdleRequested(reason);
+}
+
+void PlayerSession::pressEndKey()
+{
+    askReturnToIdle(kEndKeyReason);
+}
+
+void PlayerSession::clickAppIcon()
+{
+    HostJournal::call(QStringLiteral("app"), QStringLiteral("clickAppIcon"), {});
+    Q_EMIT appIconClicked();
 }
 
 bool PlayerSession::eventFilter(QObject* watched, QEvent* event)

@@ -10,6 +10,7 @@
 
 #include "host/app/MainWindowLibrary.h"
 
+class KeyboardKeys;
 class MP_FolderList;
 class QWidget;
 
@@ -52,10 +53,21 @@ public:
     /** The phone's flip opens (0) or closes (1): the phone's state changes,
      *  then the window hears of it, as the phone's application tells it. */
     void changeFlipStatus(int status);
+    /** The phone asks the player to return to the idle screen for @p reason
+     *  (-5000 the end key, -5001 and -5003 the flip closing): the window's
+     *  onAskReturnToIdle. Journaled as {"kind":"app","call":"askReturnToIdle","args":[reason]}. */
+    void askReturnToIdle(int reason);
+    /** The phone's end key: a return-to-idle request with reason -5000. */
+    void pressEndKey();
+    /** The player's icon is chosen on the home screen: the window's
+     *  onClickAppIcon. Journaled as {"kind":"app","call":"clickAppIcon","args":[]}. */
+    void clickAppIcon();
 
 Q_SIGNALS:
     void openDoc(const QString& path);
     void flipStatusChanged(int status);
+    void returnToIdleRequested(int reason);
+    void appIconClicked();
     /** The window closed or emitted quitApp(). */
     void quitRequestedChanged();
     /** The window has handled its start-up event. */
@@ -73,6 +85,8 @@ private:
     MP_MainWindow* m_window = nullptr;  // owned; deleted through the library
     // Played by the window's engine, which does not own it: goes after the window.
     std::unique_ptr<MP_FolderList> m_folderList;
+    // The keyboard's keys as the phone's keys, while a window is shown.
+    std::unique_ptr<KeyboardKeys> m_keys;
     bool m_quitRequested = false;
     bool m_startupHandled = false;
 };

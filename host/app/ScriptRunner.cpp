@@ -13,6 +13,7 @@
 #include "host/app/AppOptions.h"
 #include "host/app/DisplayCommandParser.h"
 #include "host/app/PayloadBuilder.h"
+#include "host/app/PhoneScriptCommands.h"
 #include "host/app/PlayerSession.h"
 #include "host/app/ScriptArguments.h"
 #include "host/app/ScriptWords.h"
@@ -74,6 +75,7 @@ ScriptRunner::ScriptRunner(PlayerSession& session) : m_session(session)
     m_screenCommands.addTo(m_commands);
     m_channelCommands.addTo(m_commands);
     m_bluetoothCommands.addTo(m_commands);
+    PhoneScriptCommands::addTo(m_commands, m_session);
 }
 
 bool ScriptRunner::load(const QString& path, QString* error)

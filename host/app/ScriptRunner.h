@@ -17,6 +17,7 @@
 //   display COMMAND [ARG]       the user's command on the external display (DisplayCommandParser)
 //   (the player screen's commands: see ScreenScriptCommands.h)
 //   (Bluetooth and the phone lock: see BluetoothScriptCommands.h)
+//   (the phone's keys, card, theme and requests: see PhoneScriptCommands.h)
 //   quit                        delete the main window and end
 // After every command the event loop runs briefly, so that deferred work
 // (posted events, 1 ms timers, channel deliveries) has happened before the

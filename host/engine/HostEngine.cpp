@@ -551,6 +551,18 @@ void HostEngine::announceContentType()
     emit signalContentTypeChanged(m_media.contentType);
 }
 
+void HostEngine::pressSetupKey(int code, bool pressed)
+{
+    HostJournal::call(QStringLiteral("report"), QStringLiteral("SetupKeyEvent"), {code, pressed});
+    emit SetupKeyEvent(code, pressed);
+}
+
+void HostEngine::pressClearKey()
+{
+    HostJournal::call(QStringLiteral("report"), QStringLiteral("clearKeyClicked"), {});
+    emit clearKeyClicked();
+}
+
 void HostEngine::journalCall(const char* call, const QJsonArray& args) const
 {
     HostJournal::call(QStringLiteral("engine"), QString::fromLatin1(call), args);

@@ -94,6 +94,13 @@ public:
     void reportDownloadProgress(int progress, int value);
     /** Reports that the download of the current item finished. */
     void reportDownloadComplete();
+    /** A setup key (shuffle 0x4002, repeat 0x4003, toggle 0x4006, ...) of the
+     *  player screen went down or up: emits SetupKeyEvent(code, pressed).
+     *  Journaled as {"kind":"report","call":"SetupKeyEvent","args":[code,pressed]}. */
+    void pressSetupKey(int code, bool pressed);
+    /** The clear key of the player screen: emits clearKeyClicked(). Journaled
+     *  as {"kind":"report","call":"clearKeyClicked","args":[]}. */
+    void pressClearKey();
 
     HostPlayerControl& control() { return m_control; }
     bool playerFlag() const { return m_playerFlag; }

@@ -1,0 +1,53 @@
+// The memory card going out and in: its files wait aside, and each change is
+// announced on the system channel.
+
+#include "host/platform/phone/HostMemoryCard.h"
+
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+
+#include "host/platform/phone/HostStorage.h"
+#include "tests/support/ChannelJournal.h"
+#include "tests/support/TestEnvironment.h"
+
+namespace {
+
+class HostMemoryCardTest : public TestEnvironment {};
+
+TEST_F(HostMemoryCardTest, OutAndIn_KeepsTheCardsFiles_AndAnnouncesBoth)
+{
+    ASSERT_TRUE(QDir().mkpath(HostStorage::memoryCardPath()));
+    QFile song(HostStorage::memoryCardPath() + "/song.mp3");
+    ASSERT_TRUE(song.open(QIODevice::WriteOnly));
+    song.close();
+
+    QString error;
+    ASSERT_TRUE(HostMemoryCard::remove(&error)) << qPrintable(error);
+    EXPECT_FALSE(HostMemoryCard::isInserted());
+    EXPECT_FALSE(QFile::exists(song.fileName()));
+    EXPECT_FALSE(HostMemoryCard::remove(&error));
+    EXPECT_EQ(error, "there is no memory card to take out");
+
+    ASSERT_TRUE(HostMemoryCard::insert(&error)) << qPrintable(error);
+    EXPECT_TRUE(QFile::exists(song.fileName())) << "the card came back with its file";
+    EXPECT_FALSE(HostMemoryCard::insert(&error));
+    EXPECT_EQ(error, "the memory card is in already");
+
+    EXPECT_EQ(channelMessages("VEMO/System"), (MessageLines{"cardHotplugEvent(int,int) 0000000100000000",
+                                                            "cardHotplugEvent(int,int) 0000000100000001"}));
+    const QList<QJsonObject> changes = journalLines("phone", "setMemoryCard");
+    ASSERT_EQ(changes.size(), 2);
+    EXPECT_EQ(changes.at(0).value("args").toArray(), QJsonArray{false});
+    EXPECT_EQ(changes.at(1).value("args").toArray(), QJsonArray{true});
+}
+
+TEST_F(HostMemoryCardTest, InsertedWithNothingAside_MakesAnEmptyCard)
+{
+    QString error;
+    ASSERT_FALSE(HostMemoryCard::isInserted());
+    ASSERT_TRUE(HostMemoryCard::insert(&error)) << qPrintable(error);
+    EXPECT_TRUE(QDir(HostStorage::memoryCardPath()).isEmpty());
+}
+
+} // namespace

@@ -1,0 +1,278 @@
+// The main window's events: return-to-idle requests, the end key, closing
+// and quitting, the setup keys, the jump key and the memory card.
+
+#include "mainwindow/MP_MainWindow.h"
+
+#include <QJsonArray>
+#include <QSignalSpy>
+
+#include <memory>
+
+#include "host/platform/HostJournal.h"
+#include "host/platform/media/MediaDatabase.h"
+#include "lists/MP_AufContext.h"
+#include "lists/MP_AufList.h"
+#include "platform/AM_Action.h"
+#include "platform/MP_CommonPlayer.h"
+#include "platform/QCopChannel.h"
+#include "platform/SETUP_SET_Manager.h"
+#include "platform/VmKbMainWidget.h"
+#include "tests/support/SongBuilder.h"
+#include "tests/support/TestEnvironment.h"
+
+namespace {
+
+// Counts the close events the window receives: what quitting does to it.
+class CloseCounter : public QObject {
+public:
+    int closes = 0;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::Close)
+            ++closes;
+        return QObject::eventFilter(watched, event);
+    }
+};
+
+QByteArray twoInts(qint32 first, qint32 second)
+{
+    QByteArray bytes;
+    QDataStream out(&bytes, QIODevice::WriteOnly);
+    out << first << second;  // QDataStream's default: 32-bit big-endian
+    return bytes;
+}
+
+class MP_MainWindowEventsTest : public TestEnvironment {
+protected:
+    void TearDown() override
+    {
+        window.reset();
+        TestEnvironment::TearDown();
+    }
+    // A window whose engine plays @p passedFile (a missing file still
+    // reports its content type, from its name); nothing to hide to.
+    void startPlaying(const QString& passedFile)
+    {
+        create(passedFile);
+        ASSERT_TRUE(waitUntil([&] { return window->commonPlayer() != nullptr; }));
+        processEvents();
+        HostJournal::startCapture();
+    }
+    void create(const QString& passedFile)
+    {
+        window = std::make_unique<MP_MainWindow>(passedFile, nullptr, nullptr, 0);
+        window->installEventFilter(&closeCounter);
+        quitSpy = std::make_unique<QSignalSpy>(window.get(), &MP_MainWindow::quitApp);
+    }
+    void installList()
+    {
+        std::unique_ptr<MediaDatabase> database = MediaDatabase::open(MediaDatabase::defaultFile());
+        ASSERT_TRUE(database);
+        ASSERT_NE(database->addMedia(song("/music/a.mp3").title("A")), 0u);
+        ASSERT_NE(database->addMedia(song("/music/b.mp3").title("B")), 0u);
+        window->setList(new MP_AufList(), false, false, false, false, MP_LAUNCH_LIST);
+        HostJournal::startCapture();
+    }
+    static void store(const char* key, int value)
+    {
+        SETUP_SET_Manager(AM_Global::MediaPlayer, false).setSettingInfo("MediaControlItem", key, value);
+    }
+    static void store(const char* key, bool value)
+    {
+        SETUP_SET_Manager(AM_Global::MediaPlayer, false).setSettingInfo("MediaControlItem", key, value);
+    }
+    static QJsonArray storedWrites()
+    {
+        QJsonArray writes;
+        for (const QJsonObject& line : journal()) {
+            if (line.value("kind").toString() == "settings")
+                writes.append(QJsonArray{line.value("key"), line.value("value")});
+        }
+        return writes;
+    }
+    static QList<QJsonArray> argsOf(const QString& kind, const QString& call)
+    {
+        QList<QJsonArray> args;
+        for (const QJsonObject& line : journalLines(kind, call))
+            args.append(line.value("args").toArray());
+        return args;
+    }
+    int quits() const { return int(journalLines("engine", "closePlayerWindow").size()); }
+
+    CloseCounter closeCounter;
+    std::unique_ptr<MP_MainWindow> window;
+    std::unique_ptr<QSignalSpy> quitSpy;
+};
+
+TEST_F(MP_MainWindowEventsTest, ReturnToIdle_FlipReasonsAndEndKeyActLater_OtherReasonsAreIgnored)
+{
+    // A video does not play on hidden: every way out quits.
+    startPlaying(dataPath("clip.mp4"));
+    for (int reason : {-5001, -5003, -5000}) {
+        const int before = closeCounter.closes;
+        window->onAskReturnToIdle(reason);
+        EXPECT_EQ(closeCounter.closes, before) << "not inside the application's callback, reason " << reason;
+        EXPECT_TRUE(waitUntil([&] { return closeCounter.closes == before + 1; })) << "reason " << reason;
+    }
+    EXPECT_EQ(quits(), 3);
+    EXPECT_EQ(journalLines("engine", "flipClosed").size(), 0) << "the player screen did not want to hide";
+
+    for (int reason : {-5002, -4999, 0, 1})
+        window->onAskReturnToIdle(reason);
+    processEvents();
+    EXPECT_EQ(closeCounter.closes, 3);
+    EXPECT_EQ(quitSpy->count(), 0) << "not a captured-video launch";
+}
+
+TEST_F(MP_MainWindowEventsTest, EndKey_FocusedPlayerScreenQuits_WithoutEngineNothingHappens)
+{
+    create(dataPath("clip.mp4"));
+    // Called directly, before the event loop made the engine.
+    window->onEndKeyPressed();
+    window->onFlipClosed();
+    EXPECT_EQ(closeCounter.closes, 1) << "the flip closing quits even without an engine";
+    EXPECT_EQ(quits(), 0);
+
+    ASSERT_TRUE(waitUntil([&] { return window->commonPlayer() != nullptr; }));
+    VmKbMainWidget* screen = window->commonPlayer()->getMainWidget();
+    screen->activateWindow();
+    screen->setFocus();
+    ASSERT_TRUE(waitUntil([&] { return screen->hasFocus(); }));
+    HostJournal::startCapture();
+    window->onEndKeyPressed();
+    EXPECT_EQ(closeCounter.closes, 2);
+    EXPECT_EQ(quits(), 1);
+}
+
+TEST_F(MP_MainWindowEventsTest, CloseAndAppIcon_OnlyMoveThePlayerScreen)
+{
+    create(dataPath("clip.mp4"));
+    window->onClosePlayer();
+    window->onClickAppIcon();
+    EXPECT_EQ(journalCalls(), QStringList()) << "no engine yet";
+
+    ASSERT_TRUE(waitUntil([&] { return window->commonPlayer() != nullptr; }));
+    HostJournal::startCapture();
+    window->onClosePlayer();
+    window->onClickAppIcon();
+    EXPECT_EQ(journalCalls(), (QStringList{"engine:closePlayerWindow", "engine:showPlayer"}));
+    EXPECT_EQ(closeCounter.closes, 0);
+}
+
+TEST_F(MP_MainWindowEventsTest, ShuffleKey_OnRelease_SwitchesTheStoredModeAndTellsEngineAndList)
+{
+    startPlaying(dataPath("song.mp3"));
+    window->onSetupKeyClicked(0x4002, true);
+    EXPECT_EQ(journalCalls(), QStringList()) << "without a list";
+    installList();
+    store("MusicRepeat", true);
+    window->onSetupKeyClicked(0x4002, true);
+    EXPECT_EQ(storedWrites(), (QJsonArray{QJsonArray{"MusicRepeat", true}})) << "presses are ignored";
+
+    window->onSetupKeyClicked(0x4002, false);
+    EXPECT_EQ(MP_AufContext::shuffle, 1);
+    store("MusicShuffle", 2);  // shuffled albums, chosen in the setup screen
+    window->onSetupKeyClicked(0x4002, false);
+    EXPECT_EQ(MP_AufContext::shuffle, 0);
+    EXPECT_EQ(storedWrites(), (QJsonArray{QJsonArray{"MusicRepeat", true}, QJsonArray{"MusicShuffle", 1},
+                                          QJsonArray{"MusicShuffle", 2}, QJsonArray{"MusicShuffle", 0}}));
+    EXPECT_EQ(argsOf("engine", "setShuffleRepeat"), (QList<QJsonArray>{{true, true}, {false, true}}));
+}
+
+TEST_F(MP_MainWindowEventsTest, RepeatKey_OnRelease_InvertsRepeatTurnsShuffleOff_EngineAndListGetTheNewMode)
+{
+    startPlaying(dataPath("song.mp3"));
+    installList();
+    store("MusicShuffle", 2);
+    window->onSetupKeyClicked(0x4003, false);
+    EXPECT_TRUE(MP_AufContext::isRepeat);
+    window->onSetupKeyClicked(0x4003, false);
+    EXPECT_FALSE(MP_AufContext::isRepeat);
+    EXPECT_EQ(storedWrites(), (QJsonArray{QJsonArray{"MusicShuffle", 2}, QJsonArray{"MusicRepeat", true},
+                                          QJsonArray{"MusicShuffle", 0}, QJsonArray{"MusicRepeat", false},
+                                          QJsonArray{"MusicShuffle", 0}}));
+    EXPECT_EQ(argsOf("engine", "setShuffleRepeat"), (QList<QJsonArray>{{false, true}, {false, false}}));
+
+    // Other codes do nothing.
+    HostJournal::startCapture();
+    window->onSetupKeyClicked(0x4004, false);
+    window->onSetupKeyClicked(0x4005, false);
+    EXPECT_EQ(journalCalls(), QStringList());
+}
+
+TEST_F(MP_MainWindowEventsTest, ToggleKey_StartsTheRecorder_OrAfterACapturedVideoAsksTheApplicationToEnd)
+{
+    create(dataPath("clip.mp4"));
+    window->onSetupKeyClicked(0x4006, true);
+    EXPECT_EQ(closeCounter.closes, 0);
+    window->onSetupKeyClicked(0x4006, false);
+    EXPECT_EQ(argsOf("action", "invoke"),
+              (QList<QJsonArray>{{QJsonObject{{"action", "RecordingVideo"}, {"values", QJsonObject()}}, false}}));
+    EXPECT_EQ(closeCounter.closes, 1);
+    EXPECT_EQ(quitSpy->count(), 0);
+
+    window->playCapturedVideo();
+    HostJournal::startCapture();
+    window->onSetupKeyClicked(0x4006, false);
+    EXPECT_EQ(argsOf("action", "invoke").size(), 0);
+    EXPECT_EQ(closeCounter.closes, 2);
+    EXPECT_EQ(quitSpy->count(), 1);
+}
+
+TEST_F(MP_MainWindowEventsTest, CardEvent_QuitsWhateverTheFlag_ShortOrOtherMessagesAreIgnored)
+{
+    startPlaying(dataPath("song.mp3"));
+    window->slotSystemMessage("cardHotplugEvent(int,int)", twoInts(1, 0).left(7));
+    window->slotSystemMessage("cardHotplugEvent(int,int)", QByteArray());
+    window->slotSystemMessage("cardHotplugEvent(int)", twoInts(1, 1));
+    EXPECT_EQ(closeCounter.closes, 0);
+
+    // Through the channel, as the phone sends it.
+    QCopChannel::send("VEMO/System", "cardHotplugEvent(int,int)", twoInts(1, 0));
+    QCopChannel::send("VEMO/System", "cardHotplugEvent(int,int)", twoInts(1, 1));
+    processEvents();
+    EXPECT_EQ(closeCounter.closes, 2);
+    EXPECT_EQ(quits(), 2);
+}
+
+TEST_F(MP_MainWindowEventsTest, JumpKey_BeforeTheFirstReport_WaitsForIt_AndQuitsOnlyForVideo)
+{
+    // Called directly: the event loop must not turn, or the engine reports first.
+    create(dataPath("clip.mp4"));
+    const QByteArray jump = twoInts(0x1048, 1);
+    window->slotKeyMessage("keyMsg(int,int)", jump);
+    window->slotContentTypeChanged(MP_CONTENT_VIDEO);
+    EXPECT_EQ(closeCounter.closes, 1) << "quits at the first report";
+    window->slotContentTypeChanged(MP_CONTENT_VIDEO);
+    EXPECT_EQ(closeCounter.closes, 1) << "the pending key was used up";
+
+    // Known video: other keys, types, names and short payloads do nothing.
+    window->slotKeyMessage("keyMsg(int,int)", twoInts(0x1048, 0));
+    window->slotKeyMessage("keyMsg(int,int)", twoInts(0x1048, 2));
+    window->slotKeyMessage("keyMsg(int,int)", twoInts(0x1049, 1));
+    window->slotKeyMessage("keyMsg(int,int)", jump.left(7));
+    window->slotKeyMessage("keyMsg(int)", jump);
+    EXPECT_EQ(closeCounter.closes, 1);
+    window->slotKeyMessage("keyMsg(int,int)", jump);
+    EXPECT_EQ(closeCounter.closes, 2);
+    window->slotContentTypeChanged(MP_CONTENT_SOUND);
+    window->slotKeyMessage("keyMsg(int,int)", jump);
+    EXPECT_EQ(closeCounter.closes, 2) << "music plays on";
+}
+
+TEST_F(MP_MainWindowEventsTest, JumpKey_BeforeAMusicReport_IsDropped)
+{
+    create(dataPath("song.mp3"));
+    window->slotKeyMessage("keyMsg(int,int)", twoInts(0x1048, 1));
+    window->slotContentTypeChanged(MP_CONTENT_SOUND);
+    window->slotContentTypeChanged(MP_CONTENT_VIDEO);
+    EXPECT_EQ(closeCounter.closes, 0);
+
+    // The key-event channel reaches the handler.
+    QCopChannel::send("VEMO/KeyEvent", "keyMsg(int,int)", twoInts(0x1048, 1));
+    EXPECT_TRUE(waitUntil([&] { return closeCounter.closes == 1; }));
+}
+
+} // namespace
