@@ -4,10 +4,13 @@
 #include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QDeadlineTimer>
 
 #include <cstdio>
 
 #include "host/app/PayloadBuilder.h"
+#include "host/platform/channels/QCopBus.h"
 #include "host/tools/qcop/PayloadDecoder.h"
 #include "platform/QCopChannel.h"
 #include "platform/TraceLog.h"
@@ -56,6 +59,34 @@ int send(const QStringList& arguments)
     return ExitSent;
 }
 
+// Qt hands the bus the listening rule from its own D-Bus thread, some time
+// after it was asked for, and a call's reply does not wait for that: messages
+// sent by others right after it could still be missed. A probe that another
+// connection sends and that comes back proves the rule is in place. It is
+// sent again until heard, since a probe sent before the rule took is lost.
+bool waitUntilListening()
+{
+    const QByteArray probeChannel = "qcop/probe/" + QByteArray::number(QCoreApplication::applicationPid());
+    QCopChannel probe(probeChannel);
+    bool heard = false;
+    QObject::connect(&probe, &QCopChannel::received, [&heard] { heard = true; });
+    const QString proberName = QStringLiteral("qcop-prober");
+    {
+        QDBusConnection prober = QDBusConnection::connectToBus(QDBusConnection::SessionBus, proberName);
+        QDBusMessage signal = QDBusMessage::createSignal(QLatin1String(QCopBus::kPath),
+                                                         QLatin1String(QCopBus::kInterface),
+                                                         QLatin1String(QCopBus::kSignal));
+        signal << probeChannel << QByteArray("probe()") << QByteArray();
+        const QDeadlineTimer deadline(5000);
+        while (!heard && !deadline.hasExpired()) {
+            prober.send(signal);
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
+        }
+    }
+    QDBusConnection::disconnectFromBus(proberName);
+    return heard;
+}
+
 int listen(const QStringList& channels)
 {
     if (channels.isEmpty())
@@ -72,9 +103,9 @@ int listen(const QStringList& channels)
                              std::fflush(stdout);
                          });
     }
-    // The round trip returns once the bus has taken the listening rule: from
-    // the line below on, no message on these channels is missed.
-    QDBusConnection::sessionBus().interface()->isServiceRegistered(QStringLiteral("org.freedesktop.DBus"));
+    // From the line below on, no message on these channels is missed.
+    if (!waitUntilListening())
+        std::fprintf(stderr, "qcop: the bus did not confirm listening; early messages may be missed\n");
     std::fprintf(stderr, "qcop: listening on %d channel(s)\n", int(channels.size()));
     return QCoreApplication::exec();
 }
