@@ -11,19 +11,9 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 
+#include "fuzz/support/FuzzCheck.h"
 #include "host/platform/services/HostBookmarkStore.h"
-
-namespace {
-
-void check(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
-
-} // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
@@ -31,12 +21,12 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     const std::optional<HostBookmark> bookmark = HostBookmarkStore::parse(bytes);
     if (!bookmark)
         return 0;
-    check(!bookmark->url.isEmpty());
-    check(!bookmark->title.contains(QLatin1Char('\n')) && !bookmark->url.contains(QLatin1Char('\n')));
+    fuzzCheck(!bookmark->url.isEmpty());
+    fuzzCheck(!bookmark->title.contains(QLatin1Char('\n')) && !bookmark->url.contains(QLatin1Char('\n')));
     const std::optional<HostBookmark> again =
         HostBookmarkStore::parse(HostBookmarkStore::format(bookmark->title, bookmark->url));
-    check(again.has_value());
-    check(again->url == bookmark->url);
-    check(again->title == (bookmark->title.isEmpty() ? bookmark->url : bookmark->title));
+    fuzzCheck(again.has_value());
+    fuzzCheck(again->url == bookmark->url);
+    fuzzCheck(again->title == (bookmark->title.isEmpty() ? bookmark->url : bookmark->title));
     return 0;
 }

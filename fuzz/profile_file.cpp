@@ -12,32 +12,22 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 
+#include "fuzz/support/FuzzCheck.h"
 #include "host/platform/phone/HostProfileFile.h"
-
-namespace {
-
-void check(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
-
-} // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     const QByteArray text(reinterpret_cast<const char*>(data), qsizetype(size));
     const HostProfileFile::Content content = HostProfileFile::parse(text);
     for (auto it = content.flexBits.cbegin(); it != content.flexBits.cend(); ++it)
-        check(it.key() >= 0 && it.key() <= 0xFFFF);
-    check(content.warnings.size() <= text.count('\n') + 1);
+        fuzzCheck(it.key() >= 0 && it.key() <= 0xFFFF);
+    fuzzCheck(content.warnings.size() <= text.count('\n') + 1);
 
     HostProfileFile::Content kept;
     kept.flexBits = content.flexBits;
     const HostProfileFile::Content again = HostProfileFile::parse(HostProfileFile::defaultText(kept));
-    check(again.flexBits == kept.flexBits);
-    check(again.warnings.isEmpty());
+    fuzzCheck(again.flexBits == kept.flexBits);
+    fuzzCheck(again.warnings.isEmpty());
     return 0;
 }

@@ -14,8 +14,8 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 
+#include "fuzz/support/FuzzCheck.h"
 #include "host/app/DisplayCommandParser.h"
 #include "host/app/PayloadBuilder.h"
 #include "host/app/ScriptWords.h"
@@ -32,24 +32,18 @@ QString quoted(const QStringList& words)
     return parts.join(QLatin1Char(' '));
 }
 
-void check(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
-
 void checkDisplayCommand(const QStringList& words)
 {
     DisplayCommand command;
     QString error;
     const bool read = DisplayCommandParser::parse(words, &command, &error);
-    check(read == error.isEmpty());
+    fuzzCheck(read == error.isEmpty());
     if (!read)
         return;
     if (command.kind == DisplayCommand::Kind::Mute)
-        check(command.value == 0 || command.value == 1);
+        fuzzCheck(command.value == 0 || command.value == 1);
     if (command.kind == DisplayCommand::Kind::Volume)
-        check(command.value >= 0 && command.value <= 255);
+        fuzzCheck(command.value >= 0 && command.value <= 255);
 }
 
 } // namespace
@@ -61,17 +55,17 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
         QStringList words;
         QString error;
         if (!ScriptWords::split(line, &words, &error)) {
-            check(!error.isEmpty());
+            fuzzCheck(!error.isEmpty());
             continue;
         }
         QStringList again;
-        check(ScriptWords::split(quoted(words), &again, &error));
-        check(again == words);
+        fuzzCheck(ScriptWords::split(quoted(words), &again, &error));
+        fuzzCheck(again == words);
 
         QByteArray payload;
         error.clear();
         const bool built = PayloadBuilder::build(words, &payload, &error);
-        check(built == error.isEmpty());
+        fuzzCheck(built == error.isEmpty());
 
         checkDisplayCommand(words.mid(1));
     }
