@@ -5,7 +5,7 @@
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QDBusPendingCall>
-#include <QDeadlineTimer>
+#include <QTimer>
 
 namespace {
 
@@ -18,11 +18,17 @@ const char* const kChannelInterface = "org.mediaplayerhost.QCop";
 template <typename Condition>
 bool runUntil(Condition done, int timeoutMs)
 {
-    const QDeadlineTimer deadline(timeoutMs);
+    // The loop sleeps until something comes in; the timer ends the wait at
+    // the deadline. Spinning would take the core the bridge needs.
+    bool expired = false;
+    QTimer deadline;
+    deadline.setSingleShot(true);
+    QObject::connect(&deadline, &QTimer::timeout, [&expired] { expired = true; });
+    deadline.start(timeoutMs);
     while (!done()) {
-        if (deadline.hasExpired())
+        if (expired)
             return false;
-        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 5);
+        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
     }
     return true;
 }

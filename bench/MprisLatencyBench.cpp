@@ -9,9 +9,10 @@
 
 #include <QCoreApplication>
 #include <QDataStream>
-#include <QDeadlineTimer>
+#include <QEventLoop>
 #include <QProcess>
 #include <QTemporaryDir>
+#include <QTimer>
 
 #include <algorithm>
 #include <chrono>
@@ -106,10 +107,9 @@ void BM_IdleBridgeSendsNothing(benchmark::State& state)
     }
     const int heardBefore = probe.channelMessagesHeard();
     for (auto _ : state) {
-        const QDeadlineTimer turn(std::chrono::milliseconds(state.range(0)));
-        while (!turn.hasExpired())
-            QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents,
-                                            int(turn.remainingTime()));
+        QEventLoop loop;
+        QTimer::singleShot(int(state.range(0)), &loop, &QEventLoop::quit);
+        loop.exec();
     }
     state.counters["sent_while_idle"] = probe.channelMessagesHeard() - heardBefore;
     state.counters["sent_at_start"] = g_sentAtStart;
