@@ -3,11 +3,16 @@
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusServiceWatcher>
 
+#include "host/platform/channels/QCopBus.h"
 #include "host/tools/mp-mpris/MediaPlayer2Adaptor.h"
 #include "host/tools/mp-mpris/PlayerAdaptor.h"
 #include "host/tools/mp-mpris/PlayerMirror.h"
 #include "host/tools/mp-mpris/PlayerRequests.h"
+#include "host/tools/mp-mpris/PlayerSenderTracker.h"
 #include "platform/QCopChannel.h"
 
 const char* const MprisBridge::kServiceName = "org.mpris.MediaPlayer2.mediaplayer";
@@ -15,7 +20,8 @@ const char* const MprisBridge::kObjectPath = "/org/mpris/MediaPlayer2";
 
 MprisBridge::MprisBridge(const TrackLookup& tracks, PlaySettings& settings)
     : m_mirror(std::make_unique<PlayerMirror>(tracks, settings)),
-      m_requests(std::make_unique<PlayerRequests>(*m_mirror, settings))
+      m_requests(std::make_unique<PlayerRequests>(*m_mirror, settings)),
+      m_senders(std::make_unique<PlayerSenderTracker>())
 {
     // Children of this object: they go with it, before the mirror they read.
     new MediaPlayer2Adaptor(this, *m_mirror, *m_requests);
@@ -28,6 +34,8 @@ MprisBridge::MprisBridge(const TrackLookup& tracks, PlaySettings& settings)
     }
     connect(m_mirror.get(), &PlayerMirror::playerPropertiesChanged, this, &MprisBridge::onPlayerPropertiesChanged);
     connect(m_mirror.get(), &PlayerMirror::presenceChanged, this, &MprisBridge::onPresenceChanged);
+    connect(m_senders.get(), &PlayerSenderTracker::playerChanged, this, &MprisBridge::watchPlayer);
+    connect(m_senders.get(), &PlayerSenderTracker::playerGone, m_mirror.get(), &PlayerMirror::playerGone);
 }
 
 MprisBridge::~MprisBridge()
@@ -48,11 +56,53 @@ bool MprisBridge::start(QString* error)
                      .arg(QLatin1String(kServiceName), bus.lastError().message());
         return false;
     }
+    // The channels do not say who sent a message, so a killed player would
+    // stay on the desktop forever; the bus does, and tells when that sender
+    // leaves. So the same signals are heard here once more, raw.
+    m_playerWatcher = std::make_unique<QDBusServiceWatcher>(QString(), bus, QDBusServiceWatcher::WatchForUnregistration);
+    connect(m_playerWatcher.get(), &QDBusServiceWatcher::serviceUnregistered, m_senders.get(),
+            &PlayerSenderTracker::nameLeft);
+    if (!bus.connect(QString(), QLatin1String(QCopBus::kPath), QLatin1String(QCopBus::kInterface),
+                     QLatin1String(QCopBus::kSignal), this, SLOT(onChannelSignal(QDBusMessage)))) {
+        *error = QStringLiteral("cannot listen for the player on the session bus: %1").arg(bus.lastError().message());
+        return false;
+    }
     // A player that runs already answers these as it would its idle screen
     // and media browser; one that does not will announce itself when it starts.
     QCopChannel::send("MF_MSG_CHANNEL", "queryMPNowPlaying()");
     QCopChannel::send(PlayerMirror::kIdleChannel, "/MP/Idle/Req/Update");
     return true;
+}
+
+void MprisBridge::onChannelSignal(const QDBusMessage& signal)
+{
+    const QList<QVariant> arguments = signal.arguments();
+    // Only the channel and message names matter here; a signal that does not
+    // carry them as bytes is not a channel message.
+    if (arguments.size() != 3 || arguments.at(0).metaType().id() != QMetaType::QByteArray
+        || arguments.at(1).metaType().id() != QMetaType::QByteArray)
+        return;
+    m_senders->heard(signal.service(), arguments.at(0).toByteArray(), arguments.at(1).toByteArray());
+}
+
+void MprisBridge::watchPlayer(const QString& name)
+{
+    m_playerWatcher->setWatchedServices(name.isEmpty() ? QStringList() : QStringList{name});
+    if (name.isEmpty())
+        return;
+    // The player may have left before the watch began, and then no leaving
+    // is ever told. The daemon answers this after it has taken the watch, so
+    // between the two nothing is missed. Asked without waiting, the answer
+    // comes after the player's message that named it has reached the mirror,
+    // which a "gone" must follow, not precede.
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    auto* check = new QDBusPendingCallWatcher(bus.interface()->asyncCall(QStringLiteral("NameHasOwner"), name), this);
+    connect(check, &QDBusPendingCallWatcher::finished, this, [this, name](QDBusPendingCallWatcher* call) {
+        const QDBusPendingReply<bool> reply = *call;
+        if (!reply.isError() && !reply.value())
+            m_senders->nameLeft(name);
+        call->deleteLater();
+    });
 }
 
 void MprisBridge::onPlayerPropertiesChanged(const QStringList& names)

@@ -95,6 +95,13 @@ void PlayerMirror::receive(const QCString& channel, const QCString& message, con
         emit playerPropertiesChanged(changed);
 }
 
+void PlayerMirror::playerGone()
+{
+    // The same message the player sends when it ends, so that the desktop
+    // sees the same changes whether the player ended or died.
+    receive(kBrowserChannel, "MediaplayerExited()", QByteArray());
+}
+
 void PlayerMirror::receiveIdle(const QCString& message, const QByteArray& data)
 {
     if (message == "/MP/Idle/Info/Exit") {

@@ -106,6 +106,16 @@ TEST_F(PlayerMirrorTest, ThePlayersPresenceFollowsItsStartAndExit)
     EXPECT_EQ(mirror.playbackStatus(), "Paused");
     idle("/MP/Idle/Info/Exit");
     EXPECT_FALSE(mirror.isPresent());
+
+    // A player that dies unannounced leaves as if it had said so.
+    idle("/MP/Idle/Info/State", payload(qint32(1)));
+    changes.clear();
+    mirror.playerGone();
+    EXPECT_FALSE(mirror.isPresent());
+    EXPECT_EQ(presence.size(), 6);
+    ASSERT_EQ(changes.size(), 1);
+    EXPECT_EQ(changes.at(0).at(0).toStringList(),
+              (QStringList{"CanControl", "CanGoNext", "CanGoPrevious", "CanPause", "CanPlay", "PlaybackStatus"}));
 }
 
 TEST_F(PlayerMirrorTest, MetadataComesFromTheDatabaseWhileTheNowPlayingPathIsTheItemShown)

@@ -83,6 +83,16 @@ protected:
         return readUntil(m_player, QProcess::StandardError, awaiting).endsWith(awaiting);
     }
 
+    /** Starts mp-mpris and connects the test to the bus; true once it offers the player. */
+    bool startBridge()
+    {
+        if (!QDBusConnection::connectToBus(m_bus.address(), QStringLiteral("player-process-test")).isConnected())
+            return false;
+        start(m_tool, "mp-mpris", {"--data-dir", m_run.dataDir() + "/data"});
+        const QString offering = "mp-mpris: offering org.mpris.MediaPlayer2.mediaplayer";
+        return readUntil(m_tool, QProcess::StandardError, offering) == offering;
+    }
+
     int qcop(const QStringList& arguments)
     {
         QProcess process;
@@ -185,10 +195,7 @@ bool waitFor(const std::function<bool()>& condition)
 
 TEST_F(PlayerProcessTest, TheBridgeFollowsThePlayerAndDrivesIt)
 {
-    ASSERT_TRUE(QDBusConnection::connectToBus(m_bus.address(), QStringLiteral("player-process-test")).isConnected());
-    start(m_tool, "mp-mpris", {"--data-dir", m_run.dataDir() + "/data"});
-    const QString offering = "mp-mpris: offering org.mpris.MediaPlayer2.mediaplayer";
-    ASSERT_EQ(readUntil(m_tool, QProcess::StandardError, offering), offering);
+    ASSERT_TRUE(startBridge());
     EXPECT_EQ(playbackStatus(), "Stopped");
     EXPECT_EQ(bridgeMetadata(), QVariantMap());
     EXPECT_EQ(bridgeProperty("org.mpris.MediaPlayer2.Player", "CanPlay"), QVariant(false));
@@ -219,6 +226,28 @@ TEST_F(PlayerProcessTest, TheBridgeFollowsThePlayerAndDrivesIt)
     EXPECT_EQ(bridgeProperty("org.mpris.MediaPlayer2.Player", "CanPlay"), QVariant(false));
     ASSERT_TRUE(startPlayer());
     EXPECT_TRUE(waitFor([] { return playbackStatus() == "Playing"; }));
+    ASSERT_EQ(endPlayer(), 0);
+}
+
+TEST_F(PlayerProcessTest, TheBridgeNoticesAKilledPlayerAndFollowsTheNextOne)
+{
+    // The player runs first: the bridge learns which process it is from its answers.
+    ASSERT_TRUE(startPlayer());
+    ASSERT_TRUE(startBridge());
+    ASSERT_TRUE(waitFor([] { return playbackStatus() == "Playing"; })) << playbackStatus().toStdString();
+    const auto gone = [] {
+        return playbackStatus() == "Stopped" && bridgeMetadata().isEmpty()
+               && bridgeProperty("org.mpris.MediaPlayer2.Player", "CanPlay") == QVariant(false)
+               && bridgeProperty("org.mpris.MediaPlayer2", "CanQuit") == QVariant(false);
+    };
+    for (int round = 0; round < 2; ++round) {
+        m_player.kill();  // SIGKILL: the player says nothing more
+        ASSERT_TRUE(m_player.waitForFinished(kWaitMs));
+        EXPECT_TRUE(waitFor(gone)) << "round " << round << ": " << playbackStatus().toStdString();
+        // The next player announces itself and is the one watched from now on.
+        ASSERT_TRUE(startPlayer());
+        EXPECT_TRUE(waitFor([] { return playbackStatus() == "Playing"; })) << "round " << round;
+    }
     ASSERT_EQ(endPlayer(), 0);
 }
 
