@@ -1,3 +1,7 @@
+// MediaDatabase: opening the file, transactions and snapshots, and the media
+// objects. Groups, searches, changes and the last-played records are in
+// the MediaDatabase*.cpp files named after them.
+
 #include "host/platform/media/MediaDatabase.h"
 
 #include <sqlite3.h>
@@ -7,11 +11,8 @@
 #include <QFileInfo>
 #include <QUrl>
 
-#include <algorithm>
-
 #include "host/platform/HostDataDir.h"
 #include "host/platform/media/MediaDatabaseSchema.h"
-#include "host/platform/media/MediaSearchPlan.h"
 #include "host/platform/media/MediaSortKey.h"
 #include "host/platform/media/MetadataLog.h"
 #include "host/platform/media/SqliteStatement.h"
@@ -89,18 +90,6 @@ sqlite3* openReadOnly(const QString& file)
         sqlite3_close(db);
     }
     return openWith(uri + "?immutable=1", SQLITE_OPEN_READONLY | SQLITE_OPEN_URI);
-}
-
-// The bounds of the paths inside a folder: "folder/" <= path < "folder0",
-// '0' being the byte after '/'. An indexed range, unlike a LIKE pattern.
-QPair<QString, QString> pathRangeOf(const QString& folder)
-{
-    QString prefix = QDir::cleanPath(folder);
-    if (!prefix.endsWith(QLatin1Char('/')))
-        prefix += QLatin1Char('/');
-    QString end = prefix;
-    end[end.size() - 1] = QLatin1Char('0');
-    return {prefix, end};
 }
 
 } // namespace
@@ -322,313 +311,14 @@ std::optional<QSet<QString>> MediaDatabase::foldersOf(const std::vector<quint32>
     return folders;
 }
 
-// ---------------------------------------------------------------------------
-// Groups
-
-quint32 MediaDatabase::addGroup(MetadataGroupType type, const QString& name, const QString& source)
+// The bounds of the paths inside a folder: "folder/" <= path < "folder0",
+// '0' being the byte after '/'. An indexed range, unlike a LIKE pattern.
+QPair<QString, QString> MediaDatabase::pathRangeOf(const QString& folder)
 {
-    SqliteStatement& insert = statement("INSERT INTO groups (type, name, source) VALUES (?1, ?2, ?3)");
-    insert.bind(1, qint64(type));
-    insert.bind(2, name);
-    if (source.isEmpty())
-        insert.bindNull(3);
-    else
-        insert.bind(3, source);
-    if (!insert.run())
-        return 0;
-    return quint32(sqlite3_last_insert_rowid(m_db));
-}
-
-bool MediaDatabase::removeGroup(quint32 id)
-{
-    if (id == METADATA_AUDIO_HISTORY_GROUP_ID || id == METADATA_VIDEO_HISTORY_GROUP_ID)
-        return false;
-    SqliteStatement& remove = statement("DELETE FROM groups WHERE id = ?1");
-    remove.bind(1, qint64(id));
-    return remove.run() && sqlite3_changes(m_db) == 1;
-}
-
-std::optional<MediaGroup> MediaDatabase::readGroup(SqliteStatement& query)
-{
-    std::optional<MediaGroup> found;
-    if (query.step() == SqliteStatement::Step::Row)
-        found = MediaGroup{quint32(query.int64(0)), MetadataGroupType(query.int64(1)), query.text(2), query.text(3)};
-    query.reset();
-    return found;
-}
-
-std::optional<MediaGroup> MediaDatabase::groupById(quint32 id)
-{
-    SqliteStatement& query = statement("SELECT id, type, name, source FROM groups WHERE id = ?1");
-    query.bind(1, qint64(id));
-    return readGroup(query);
-}
-
-std::optional<MediaGroup> MediaDatabase::groupBySource(const QString& source)
-{
-    SqliteStatement& query = statement("SELECT id, type, name, source FROM groups WHERE source = ?1");
-    query.bind(1, source);
-    return readGroup(query);
-}
-
-std::optional<MediaGroup> MediaDatabase::groupByName(MetadataGroupType type, const QString& name)
-{
-    SqliteStatement& query =
-        statement("SELECT id, type, name, source FROM groups WHERE type = ?1 AND name = ?2 ORDER BY id LIMIT 1");
-    query.bind(1, qint64(type));
-    query.bind(2, name);
-    return readGroup(query);
-}
-
-QList<MediaGroup> MediaDatabase::groupsWithSourceUnder(const QString& folder)
-{
-    const QPair<QString, QString> range = pathRangeOf(folder);
-    SqliteStatement& query =
-        statement("SELECT id, type, name, source FROM groups WHERE source >= ?1 AND source < ?2");
-    query.bind(1, range.first);
-    query.bind(2, range.second);
-    QList<MediaGroup> groups;
-    while (query.step() == SqliteStatement::Step::Row)
-        groups.append(MediaGroup{quint32(query.int64(0)), MetadataGroupType(query.int64(1)), query.text(2),
-                                 query.text(3)});
-    query.reset();
-    return groups;
-}
-
-QList<quint32> MediaDatabase::groupMembers(quint32 groupId)
-{
-    SqliteStatement& query = statement("SELECT media_id FROM group_members WHERE group_id = ?1 ORDER BY position");
-    query.bind(1, qint64(groupId));
-    QList<quint32> members;
-    while (query.step() == SqliteStatement::Step::Row)
-        members.append(quint32(query.int64(0)));
-    query.reset();
-    return members;
-}
-
-bool MediaDatabase::setGroupMembers(quint32 groupId, const QList<quint32>& mediaIds)
-{
-    if (!groupById(groupId))
-        return false;
-    SqliteTransaction transaction(m_db);
-    SqliteStatement& clear = statement("DELETE FROM group_members WHERE group_id = ?1");
-    clear.bind(1, qint64(groupId));
-    if (!transaction.isActive() || !clear.run())
-        return false;
-    SqliteStatement& insert = statement("INSERT INTO group_members (group_id, position, media_id) VALUES (?1, ?2, ?3)");
-    for (int position = 0; position < mediaIds.size(); ++position) {
-        insert.bind(1, qint64(groupId));
-        insert.bind(2, qint64(position + 1));
-        insert.bind(3, qint64(mediaIds[position]));
-        if (!insert.run())
-            return false;
-    }
-    return transaction.commit();
-}
-
-// ---------------------------------------------------------------------------
-// Searching
-
-void MediaDatabase::validateCache()
-{
-    const MediaCommitStamp stamp = commitStamp();
-    m_cache.validate(stamp.othersVersion, stamp.ownChanges);
-}
-
-std::shared_ptr<const MediaOrderedResult> MediaDatabase::orderedResult(const MediaSearchPlan& plan)
-{
-    validateCache();
-    const QByteArray key = plan.shapeKey();
-    std::shared_ptr<const MediaOrderedResult> ordered = m_cache.find(key);
-    if (!ordered) {
-        ordered = loadOrderedResult(plan);
-        if (ordered)
-            m_cache.insert(key, ordered);
-    }
-    return ordered;
-}
-
-std::shared_ptr<const MediaOrderedResult> MediaDatabase::loadOrderedResult(const MediaSearchPlan& plan)
-{
-    SqliteStatement& query = statement(plan.sql());
-    plan.bindTo(query);
-    auto ordered = std::make_shared<MediaOrderedResult>();
-    SqliteStatement::Step step = query.step();
-    for (; step == SqliteStatement::Step::Row; step = query.step()) {
-        if (plan.isGrouped())
-            ordered->albums.push_back(query.utf8(0));
-        else
-            ordered->ids.push_back(quint32(query.int64(0)));
-    }
-    query.reset();
-    if (step != SqliteStatement::Step::Done)
-        return nullptr;
-    return ordered;
-}
-
-bool MediaDatabase::fillWindow(const MediaSearchPlan& plan, const MediaOrderedResult& ordered,
-                               MediaSearchResult& result)
-{
-    const qint64 total = result.total;
-    const qint64 end = std::min(total, qint64(plan.firstIndex()) + plan.resultCount());
-    if (plan.resultCount() == 0 || plan.firstIndex() >= total)
-        return true;
-    result.rows.reserve(size_t(end - plan.firstIndex()));
-    SqliteStatement& query = statement("SELECT path, album FROM media WHERE id = ?1");
-    for (qint64 i = plan.firstIndex(); i < end; ++i) {
-        MediaSearchRow row;
-        if (plan.isGrouped()) {
-            row.album = ordered.albums[size_t(i)];
-        } else {
-            row.id = ordered.ids[size_t(i)];
-            if (plan.needsRowValues()) {
-                query.bind(1, qint64(row.id));
-                const bool found = query.step() == SqliteStatement::Step::Row;
-                if (found) {
-                    row.path = query.utf8(0);
-                    row.album = query.utf8(1);
-                }
-                query.reset();
-                if (!found)
-                    return false;
-            }
-        }
-        result.rows.push_back(std::move(row));
-    }
-    return true;
-}
-
-std::optional<MediaSearchResult> MediaDatabase::search(const MediaSearchPlan& plan)
-{
-    // One snapshot for the check of the database state, the ordered result
-    // and the rows of the window: a change committed meanwhile by another
-    // connection cannot take a row from under the window.
-    SqliteTransaction snapshot(m_db, SqliteTransaction::Kind::Read);
-    const std::shared_ptr<const MediaOrderedResult> ordered = orderedResult(plan);
-    if (!snapshot.isActive() || !ordered)
-        return std::nullopt;
-    MediaSearchResult result;
-    result.total = quint32(plan.isGrouped() ? ordered->albums.size() : ordered->ids.size());
-    if (!fillWindow(plan, *ordered, result))
-        return std::nullopt;
-    snapshot.commit();
-    return result;
-}
-
-// ---------------------------------------------------------------------------
-// Changes
-
-MediaCommitStamp MediaDatabase::commitStamp()
-{
-    // data_version moves when another connection (the scanner, another
-    // process) commits; total_changes when this one writes.
-    SqliteStatement& query = statement("PRAGMA data_version");
-    const qint64 othersVersion = query.step() == SqliteStatement::Step::Row ? query.int64(0) : -1;
-    query.reset();
-    return MediaCommitStamp{othersVersion, sqlite3_total_changes64(m_db)};
-}
-
-std::optional<qint64> MediaDatabase::latestChange()
-{
-    SqliteStatement& query = statement("SELECT max(seq) FROM change_log");
-    std::optional<qint64> latest;
-    if (query.step() == SqliteStatement::Step::Row)
-        latest = query.int64(0);
-    query.reset();
-    return latest;
-}
-
-std::optional<MediaChanges> MediaDatabase::changesSince(qint64 sequence)
-{
-    // Subject 0 is the media table, any other a group; a group row whose
-    // group is gone tells of its deletion.
-    SqliteStatement& query = statement(
-        "SELECT c.subject, c.seq, EXISTS (SELECT 1 FROM groups g WHERE g.id = c.subject) "
-        "FROM change_log c WHERE c.seq > ?1 ORDER BY c.seq");
-    query.bind(1, sequence);
-    MediaChanges changes;
-    changes.lastSequence = sequence;
-    SqliteStatement::Step step = query.step();
-    for (; step == SqliteStatement::Step::Row; step = query.step()) {
-        const qint64 subject = query.int64(0);
-        changes.lastSequence = query.int64(1);
-        if (subject == 0)
-            changes.isMediaChanged = true;
-        else
-            changes.groups.append(MediaGroupChange{quint32(subject), query.int64(2) == 0});
-    }
-    query.reset();
-    if (step != SqliteStatement::Step::Done)
-        return std::nullopt;
-    return changes;
-}
-
-// ---------------------------------------------------------------------------
-// The last-played list
-
-std::optional<MediaLastPlayedList> MediaDatabase::lastPlayedList()
-{
-    SqliteStatement& query = statement(
-        "SELECT list_type, artist, album, composer, genre, group_id, storage, first_index "
-        "FROM last_played_list WHERE slot = 1");
-    std::optional<MediaLastPlayedList> found;
-    if (query.step() == SqliteStatement::Step::Row) {
-        const auto textOrNothing = [&query](int column) {
-            return query.isNull(column) ? std::nullopt : std::optional<QString>(query.text(column));
-        };
-        MediaLastPlayedList list;
-        list.listType = int(query.int64(0));
-        list.artist = textOrNothing(1);
-        list.album = textOrNothing(2);
-        list.composer = textOrNothing(3);
-        list.genre = textOrNothing(4);
-        list.groupId = quint32(query.int64(5));
-        list.storage = int(query.int64(6));
-        list.firstIndex = int(query.int64(7));
-        found = list;
-    }
-    query.reset();
-    return found;
-}
-
-bool MediaDatabase::setLastPlayedList(const MediaLastPlayedList& list)
-{
-    SqliteStatement& replace = statement(
-        "INSERT OR REPLACE INTO last_played_list "
-        "(slot, list_type, artist, album, composer, genre, group_id, storage, first_index) "
-        "VALUES (1, ?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8)");
-    const auto bindText = [&replace](int index, const std::optional<QString>& text) {
-        if (text)
-            replace.bind(index, *text);
-        else
-            replace.bindNull(index);
-    };
-    replace.bind(1, qint64(list.listType));
-    bindText(2, list.artist);
-    bindText(3, list.album);
-    bindText(4, list.composer);
-    bindText(5, list.genre);
-    replace.bind(6, qint64(list.groupId));
-    replace.bind(7, qint64(list.storage));
-    replace.bind(8, qint64(list.firstIndex));
-    return replace.run();
-}
-
-std::optional<MediaLastPlayedSong> MediaDatabase::lastPlayedSong()
-{
-    SqliteStatement& query = statement("SELECT path, list_position FROM last_played_song WHERE slot = 1");
-    std::optional<MediaLastPlayedSong> found;
-    if (query.step() == SqliteStatement::Step::Row)
-        found = MediaLastPlayedSong{query.text(0), int(query.int64(1))};
-    query.reset();
-    return found;
-}
-
-bool MediaDatabase::setLastPlayedSong(const MediaLastPlayedSong& song)
-{
-    SqliteStatement& replace =
-        statement("INSERT OR REPLACE INTO last_played_song (slot, path, list_position) VALUES (1, ?1, ?2)");
-    replace.bind(1, song.path);
-    replace.bind(2, qint64(song.position));
-    return replace.run();
+    QString prefix = QDir::cleanPath(folder);
+    if (!prefix.endsWith(QLatin1Char('/')))
+        prefix += QLatin1Char('/');
+    QString end = prefix;
+    end[end.size() - 1] = QLatin1Char('0');
+    return {prefix, end};
 }

@@ -133,6 +133,8 @@ private:
     std::shared_ptr<const MediaOrderedResult> loadOrderedResult(const MediaSearchPlan& plan);
     bool fillWindow(const MediaSearchPlan& plan, const MediaOrderedResult& ordered, MediaSearchResult& result);
     void validateCache();
+    /** The bounds of the paths inside @p folder, for an indexed range query. */
+    static QPair<QString, QString> pathRangeOf(const QString& folder);
 
     sqlite3* m_db;
     QString m_fileName;
