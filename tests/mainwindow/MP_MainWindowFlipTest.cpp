@@ -4,17 +4,10 @@
 
 #include "host/platform/display/HostDisplay.h"
 #include "host/platform/phone/HostPhone.h"
+#include "tests/support/EntryPointWindow.h"
 #include "tests/support/TestEnvironment.h"
 
-extern "C" MP_MainWindow* MP_CreateMainWindow(const QString& passedFile);
-extern "C" void MP_DeleteMainWindow(MP_MainWindow* window);
-
 namespace {
-
-struct WindowDeleter {
-    void operator()(MP_MainWindow* window) const { MP_DeleteMainWindow(window); }
-};
-using WindowPtr = std::unique_ptr<MP_MainWindow, WindowDeleter>;
 
 class MP_MainWindowFlipTest : public TestEnvironment {};
 

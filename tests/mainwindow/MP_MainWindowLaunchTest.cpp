@@ -16,19 +16,13 @@
 #include "lists/MP_AufList.h"
 #include "lists/MP_RecentList.h"
 #include "platform/AM_Action.h"
+#include "tests/support/EntryPointWindow.h"
 #include "tests/support/SongBuilder.h"
 #include "tests/support/TestEnvironment.h"
 
-extern "C" MP_MainWindow* MP_CreateMainWindow(const QString& passedFile);
-extern "C" void MP_DeleteMainWindow(MP_MainWindow* window);
 extern "C" void playCapturedVideo(MP_MainWindow* window);
 
 namespace {
-
-struct WindowDeleter {
-    void operator()(MP_MainWindow* window) const { MP_DeleteMainWindow(window); }
-};
-using WindowPtr = std::unique_ptr<MP_MainWindow, WindowDeleter>;
 
 /** The four strings of a library selection's stored description. */
 QStringList selectionOf(const MP_AufList& list)

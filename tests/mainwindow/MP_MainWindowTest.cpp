@@ -11,11 +11,10 @@
 #include "platform/AM_Action.h"
 #include "platform/QCopChannel.h"
 #include "platform/SETUP_SET_Manager.h"
+#include "tests/support/EntryPointWindow.h"
 #include "tests/support/TestEnvironment.h"
 
 // The exported entry points, as the application reaches them.
-extern "C" MP_MainWindow* MP_CreateMainWindow(const QString& passedFile);
-extern "C" void MP_DeleteMainWindow(MP_MainWindow* window);
 
 namespace {
 
@@ -30,11 +29,6 @@ public:
         return false;
     }
 };
-
-struct WindowDeleter {
-    void operator()(MP_MainWindow* window) const { MP_DeleteMainWindow(window); }
-};
-using WindowPtr = std::unique_ptr<MP_MainWindow, WindowDeleter>;
 
 class MP_MainWindowTest : public TestEnvironment {
 protected:

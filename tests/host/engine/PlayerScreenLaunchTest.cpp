@@ -8,18 +8,11 @@
 #include "host/engine/HostEngine.h"
 #include "host/platform/media/MediaDatabase.h"
 #include "mainwindow/MP_MainWindow.h"
+#include "tests/support/EntryPointWindow.h"
 #include "tests/support/SongBuilder.h"
 #include "tests/support/TestEnvironment.h"
 
-extern "C" MP_MainWindow* MP_CreateMainWindow(const QString& passedFile);
-extern "C" void MP_DeleteMainWindow(MP_MainWindow* window);
-
 namespace {
-
-struct WindowDeleter {
-    void operator()(MP_MainWindow* window) const { MP_DeleteMainWindow(window); }
-};
-using WindowPtr = std::unique_ptr<MP_MainWindow, WindowDeleter>;
 
 using PlayerScreenLaunchTest = TestEnvironment;
 
