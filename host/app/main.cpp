@@ -76,7 +76,10 @@ QString libraryPath()
     const QString overridden = qEnvironmentVariable("MP_LIBRARY");
     if (!overridden.isEmpty())
         return overridden;
-    return QDir(QCoreApplication::applicationDirPath() + QStringLiteral("/../lib")).absoluteFilePath(MP_LIBRARY_NAME);
+    // By its SONAME: the program is linked with the library (for the folder
+    // list), so the loader has it already, found through the program's run
+    // path wherever the tree lies, and dlopen hands back that same library.
+    return QStringLiteral(MP_LIBRARY_NAME);
 }
 
 // Runs the player until it ends: the script, or the event loop until the
