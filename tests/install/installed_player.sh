@@ -1,0 +1,40 @@
+#!/usr/bin/env bash
+# installed_player.sh PREFIX WORK BUILD SOURCE: checks the tree installed in
+# PREFIX: no library or program names the build or source folder in its
+# dynamic section, every dependency resolves from PREFIX or the system, and
+# PREFIX/bin/mediaplayer plays the sample library (made and scanned by the
+# installed tools) and opens the setup library by name (installed_player.mps).
+set -euo pipefail
+prefix="$1" work="$2" build="$3" source="$4"
+here="$(cd "$(dirname "$0")" && pwd)"
+rm -rf "$work" && mkdir -p "$work"
+export MP_QCOP_LOCAL=1 QT_QPA_PLATFORM=offscreen
+unset LD_LIBRARY_PATH MP_LIBRARY MP_DATA_DIR MP_JOURNAL
+fail() { echo "FAIL: $*" >&2; exit 1; }
+
+elf_files=$(find "$prefix/bin" "$prefix/lib" -type f \( -perm -u+x -o -name '*.so*' \))
+[ -n "$elf_files" ] || fail "nothing installed in $prefix"
+for file in $elf_files; do
+  dynamic="$(readelf -d "$file")"
+  if grep -qF -e "$build" -e "$source" <<<"$dynamic"; then
+    fail "$file names the build or source folder: $(grep -F -e "$build" -e "$source" <<<"$dynamic")"
+  fi
+  resolved="$(ldd "$file" | sed "s|$prefix/|PREFIX/|g")"
+  if grep -q "not found" <<<"$resolved"; then fail "$file: $(grep "not found" <<<"$resolved")"; fi
+  if grep -qF -e "$build" <<<"$resolved"; then fail "$file loads from the build: $resolved"; fi
+  if grep -E "lib(mp_|vemo)" <<<"$resolved" | grep -vqF "=> PREFIX/"; then
+    fail "$file takes a library of the project from elsewhere: $resolved"
+  fi
+done
+
+"$prefix/bin/mediaplayer" --help >/dev/null || fail "mediaplayer --help"
+"$prefix/bin/mp-samplegen" "$work/library" >/dev/null
+"$prefix/bin/mp-scan" --data-dir "$work/data" "$work/library" >/dev/null
+"$prefix/bin/mediaplayer" --data-dir "$work/data" --journal "$work/journal" --log "$work/log" \
+  --script "$here/installed_player.mps" >"$work/output" 2>&1 || fail "mediaplayer: $(cat "$work/output")"
+
+first_song="$(grep -m1 '^Playing:' "$work/output" || true)"
+[ "$first_song" = "Playing: Afterglow — Neon Parade (Afterglow)  [$work/library/Music/Neon Parade/Afterglow/01 Afterglow.wav]" ] || fail "first song: '$first_song'; output: $(cat "$work/output")"
+grep -qF '"call":"exeShowSetupUI"' "$work/journal" \
+  || fail "the setup library was not opened: $(grep -i setup "$work/log" || true)"
+echo "ok: $first_song; the setup library was opened"
