@@ -28,6 +28,17 @@ for file in $elf_files; do
 done
 
 "$prefix/bin/mediaplayer" --help >/dev/null || fail "mediaplayer --help"
+
+# The menu entry starts the installed player with its icon; its name is the
+# DesktopEntry that mp-mpris reports.
+desktop="$prefix/share/applications/mediaplayer.desktop"
+grep -qx "Exec=mediaplayer %f" "$desktop" && grep -qx "Icon=mediaplayer" "$desktop" || fail "$desktop"
+for size in 16 48 256; do
+  icon="$prefix/share/icons/hicolor/${size}x$size/apps/mediaplayer.png"
+  # A PNG's width and height are the big-endian words at bytes 16 and 20.
+  read -r width height < <(od -An -tu4 --endian=big -j16 -N8 "$icon")
+  [ "$width $height" = "$size $size" ] || fail "$icon is ${width}x$height"
+done
 "$prefix/bin/mp-samplegen" "$work/library" >/dev/null
 "$prefix/bin/mp-scan" --data-dir "$work/data" "$work/library" >/dev/null
 "$prefix/bin/mediaplayer" --data-dir "$work/data" --journal "$work/journal" --log "$work/log" \
