@@ -39,9 +39,10 @@ public:
 
     /** Whether a player runs (its media-browser client announced itself, or it spoke). */
     bool isPresent() const { return m_present; }
-    /** The player-interface properties that can change, by their MPRIS names
-     *  (PlaybackStatus, LoopStatus, Shuffle, Metadata, Position, CanGoNext,
-     *  CanGoPrevious, CanPlay, CanPause, CanSeek, CanControl). */
+    /** The player-interface properties read from the mirror, by their MPRIS
+     *  names (PlaybackStatus, LoopStatus, Shuffle, Metadata, Position,
+     *  CanGoNext, CanGoPrevious, CanPlay, CanPause, CanSeek, and CanControl,
+     *  which is always true and so never changes). */
     QVariantMap playerProperties() const;
     QString playbackStatus() const;
     QVariantMap metadata() const;
