@@ -34,7 +34,8 @@ public:
 
     /** Takes one message of one of the three channels; others are ignored. */
     void receive(const QCString& channel, const QCString& message, const QByteArray& data);
-    /** The player's process ended without saying so: taken as its exit message. */
+    /** The player shown is no longer followed (its process ended without
+     *  saying so, or another player is followed now): taken as its exit message. */
     void playerGone();
 
     /** Whether a player runs (its media-browser client announced itself, or it spoke). */
