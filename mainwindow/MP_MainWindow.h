@@ -78,12 +78,13 @@ public:
     void playCapturedVideo();
 
     // Events and controls (MP_MainWindowEvents.cpp).
-    /** Applies the stored music shuffle mode to the engine and the list.
-     *  Nothing happens without a list. */
+    /** Applies the stored music shuffle mode to the engine and the list; the
+     *  mode is not changed here: whoever asks for a new one stores it before
+     *  the shuffle key arrives. Nothing happens without a list. */
     void toggleShuffle();
     /** Inverts the stored music repeat setting and turns stored shuffle off;
-     *  the engine and the list are told shuffle off with the repeat mode read
-     *  before the inversion. Nothing happens without a list. */
+     *  the engine and the list are told shuffle off and the new repeat mode.
+     *  Nothing happens without a list. */
     void toggleRepeat();
     /** The toggle key: after a captured-video launch, closes and asks the
      *  application to end; otherwise starts the video recorder and closes. */

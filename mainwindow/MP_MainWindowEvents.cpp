@@ -165,18 +165,15 @@ void MP_MainWindow::toggleShuffle()
 {
     if (!m_list)
         return;
-    SETUP_SET_Manager settings(AM_Global::MediaPlayer, false);
+    // The key's new mode is written by whoever asks for it before the key
+    // arrives here: the engine for the player screen's key, the idle screen
+    // (or a desktop bridge) before its shuffle request. The window applies
+    // what is stored, so that all of them end up agreeing with the store.
+    const SETUP_SET_Manager settings(AM_Global::MediaPlayer, false);
     int mode = 0;
     bool repeat = false;
     settings.getSettingInfo(kSettingsGroup, kMusicShuffle, mode, 0);
     settings.getSettingInfo(kSettingsGroup, kMusicRepeat, repeat, false);
-    // The key switches shuffle: off becomes shuffled songs, and any shuffle
-    // (songs or albums) becomes off. Nobody else changes the stored mode
-    // before the key arrives (the idle screen reads it back afterwards), so
-    // applying the stored mode unchanged would make the key do nothing.
-    // Shuffled albums are chosen in the setup screen, not with the key.
-    mode = mode == MP_AufList::ShuffleOff ? MP_AufList::ShuffleSongs : MP_AufList::ShuffleOff;
-    settings.setSettingInfo(kSettingsGroup, kMusicShuffle, mode);
     EventsTrace(3, "toggleShuffle: mode %d, repeat %d\n", mode, repeat);
     onShuffleRepeat(mode, repeat);
     m_list->updateShuffle(mode);

@@ -3,7 +3,8 @@
 //   await CHANNEL MESSAGE MS    run the event loop until MESSAGE arrives on CHANNEL
 //                               (from this process or another); fails after MS
 //                               milliseconds. Says "await: listening on CHANNEL for
-//                               MESSAGE" on standard error once it listens, so that
+//                               MESSAGE" on standard error once the bus has shown that
+//                               it hands this process what others send, so that
 //                               the other side knows when to send.
 
 #include "host/app/ScriptCommandTable.h"

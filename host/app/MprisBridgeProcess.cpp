@@ -4,7 +4,11 @@
 #include <QFileInfo>
 #include <QProcess>
 
+#include <csignal>
 #include <cstdio>
+
+#include <sys/prctl.h>
+#include <unistd.h>
 
 namespace {
 const int kEndMilliseconds = 5000;
@@ -46,6 +50,15 @@ bool MprisBridgeProcess::start(const QString& dataDir)
     environment.remove(QStringLiteral("MP_JOURNAL"));
     m_process->setProcessEnvironment(environment);
     m_process->setProcessChannelMode(QProcess::ForwardedChannels);
+    // The bridge ends with the player even when the player cannot end it
+    // (killed, crashed): the kernel sends it SIGTERM when its parent dies.
+    // Runs in the child between fork and exec: only async-signal-safe calls.
+    const pid_t player = ::getpid();
+    m_process->setChildProcessModifier([player] {
+        ::prctl(PR_SET_PDEATHSIG, SIGTERM);
+        if (::getppid() != player)  // the player died before the request took
+            ::raise(SIGTERM);
+    });
     m_process->start(program, arguments);
     if (!m_process->waitForStarted(kEndMilliseconds)) {
         std::fprintf(stderr, "mediaplayer: --mpris: cannot start %s: %s\n", qPrintable(program),

@@ -2,6 +2,8 @@
 // The application's --mpris: the bridge program mp-mpris, found beside this
 // one, runs as a child for as long as this object lives, on the same data
 // folder, so that the desktop's media controls see and drive the player.
+// The bridge ends when this process ends, however it ends (the kernel is
+// asked to terminate it when its parent dies).
 
 #include <QString>
 

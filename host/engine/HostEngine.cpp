@@ -11,6 +11,7 @@
 #include "host/platform/HostJournal.h"
 #include "lists/MP_ListInterface.h"
 #include "platform/MP_Utility.h"
+#include "platform/SETUP_SET_Manager.h"
 #include "platform/VmKbMainWidget.h"
 
 Q_LOGGING_CATEGORY(lcEngine, "mp.host.engine", QtInfoMsg)
@@ -25,6 +26,12 @@ std::vector<HostEngine*>& registry()
 }
 
 bool consoleEnabled = false;
+
+// The player screen's shuffle key and where the player keeps its music shuffle mode.
+const int kShuffleSetupKey = 0x4002;
+const int kPlayerSettingsApp = 71;
+const QString kSettingsGroup = QStringLiteral("MediaControlItem");
+const QString kMusicShuffleKey = QStringLiteral("MusicShuffle");
 
 QJsonValue listTag(const MP_ListInterface* list)
 {
@@ -553,6 +560,16 @@ void HostEngine::announceContentType()
 
 void HostEngine::pressSetupKey(int code, bool pressed)
 {
+    // The window applies the stored shuffle mode when the key comes up; the
+    // engine, which owns the key, chooses the new mode and stores it first:
+    // off becomes shuffled songs, any shuffle (songs or albums) becomes off.
+    // Shuffled albums are chosen in the setup screen, not with the key.
+    if (code == kShuffleSetupKey && !pressed) {
+        SETUP_SET_Manager settings(kPlayerSettingsApp, false);
+        int mode = 0;
+        settings.getSettingInfo(kSettingsGroup, kMusicShuffleKey, mode, 0);
+        settings.setSettingInfo(kSettingsGroup, kMusicShuffleKey, mode == 0 ? 1 : 0);
+    }
     HostJournal::call(QStringLiteral("report"), QStringLiteral("SetupKeyEvent"), {code, pressed});
     emit SetupKeyEvent(code, pressed);
 }

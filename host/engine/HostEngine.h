@@ -96,6 +96,9 @@ public:
     void reportDownloadComplete();
     /** A setup key (shuffle 0x4002, repeat 0x4003, toggle 0x4006, ...) of the
      *  player screen went down or up: emits SetupKeyEvent(code, pressed).
+     *  Before the shuffle key's release is reported, the next music shuffle
+     *  mode is stored (off becomes songs, songs or albums become off): the
+     *  window applies the stored mode.
      *  Journaled as {"kind":"report","call":"SetupKeyEvent","args":[code,pressed]}. */
     void pressSetupKey(int code, bool pressed);
     /** The clear key of the player screen: emits clearKeyClicked(). Journaled

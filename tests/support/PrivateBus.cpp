@@ -22,6 +22,13 @@ PrivateBus::PrivateBus()
 
 PrivateBus::~PrivateBus()
 {
+    stop();
+}
+
+void PrivateBus::stop()
+{
+    if (m_daemon.state() == QProcess::NotRunning)
+        return;
     m_daemon.kill();
     m_daemon.waitForFinished(10000);
 }

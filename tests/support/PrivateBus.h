@@ -16,6 +16,8 @@ public:
 
     QString address() const { return m_address; }
     QString error() const { return m_error; }
+    /** Ends the daemon now, as a session ending would: every connection to it is lost. */
+    void stop();
     /** The environment for a process on this bus (offscreen, English, on the bus). */
     QProcessEnvironment environment() const;
 

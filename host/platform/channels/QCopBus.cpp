@@ -1,7 +1,9 @@
 #include "host/platform/channels/QCopBus.h"
 
+#include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QDeadlineTimer>
 
 #include "platform/TraceLog.h"
 
@@ -25,14 +27,19 @@ bool isByteArray(const QVariant& value)
 
 } // namespace
 
+QCopBus* QCopBus::s_existing = nullptr;
+
 QCopBus& QCopBus::instance(Delivery delivery)
 {
     static QCopBus bus(std::move(delivery));
     return bus;
 }
 
-QCopBus::QCopBus(Delivery delivery) : m_delivery(std::move(delivery))
+QCopBus::QCopBus(Delivery delivery)
+    : m_delivery(std::move(delivery)),
+      m_probeChannel("qcop/probe/" + QByteArray::number(QCoreApplication::applicationPid()))
 {
+    s_existing = this;
     if (forcedLocal()) {
         trace(3, "QCopChannel: MP_QCOP_LOCAL=1, channel messages stay in this process\n");
         return;
@@ -59,6 +66,30 @@ void QCopBus::publish(const QCString& channel, const QCString& message, const QB
     QDBusConnection::sessionBus().send(signal);
 }
 
+bool QCopBus::waitUntilListening(int timeoutMs)
+{
+    if (!m_connected)
+        return true;
+    m_probeHeard = false;
+    const QString proberName = QStringLiteral("qcop-prober");
+    {
+        // From a connection of its own, as another process would send: the
+        // probe comes back only through the rule that is to be proven.
+        QDBusConnection prober = QDBusConnection::connectToBus(QDBusConnection::SessionBus, proberName);
+        QDBusMessage probe =
+            QDBusMessage::createSignal(QLatin1String(kPath), QLatin1String(kInterface), QLatin1String(kSignal));
+        probe << m_probeChannel << QByteArray("probe()") << QByteArray();
+        // Sent again until heard: a probe sent before the rule took is lost.
+        const QDeadlineTimer deadline(timeoutMs);
+        while (!m_probeHeard && !deadline.hasExpired()) {
+            prober.send(probe);
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
+        }
+    }
+    QDBusConnection::disconnectFromBus(proberName);
+    return m_probeHeard;
+}
+
 void QCopBus::onSignal(const QDBusMessage& signal)
 {
     if (signal.service() == QDBusConnection::sessionBus().baseService())
@@ -76,5 +107,9 @@ void QCopBus::onSignal(const QDBusMessage& signal)
     const QByteArray message = arguments.at(1).toByteArray();
     if (channel.isEmpty() || message.isEmpty())
         return;
+    if (channel == m_probeChannel) {
+        m_probeHeard = true;  // a proof of listening, and not for any listener
+        return;
+    }
     m_delivery(channel, message, arguments.at(2).toByteArray());
 }

@@ -9,7 +9,9 @@
 // Names and payload travel as bytes, unchanged. A process's own signals come
 // back to it from the bus and are dropped: it has delivered them already.
 // Without a session bus (or with MP_QCOP_LOCAL=1) nothing goes out and
-// channels reach only the listeners of this process.
+// channels reach only the listeners of this process. waitUntilListening()
+// proves that the bus hands this process what others send, for a program
+// that tells another it may send now.
 
 #include <QObject>
 
@@ -30,16 +32,27 @@ public:
 
     /** Connects to the session bus once and hands what other processes send to @p delivery. */
     static QCopBus& instance(Delivery delivery);
+    /** The one made by instance(), or null before it. */
+    static QCopBus* existing() { return s_existing; }
 
     /** Sends one message to the other processes; does nothing without a bus. */
     void publish(const QCString& channel, const QCString& message, const QByteArray& data);
     bool isConnected() const { return m_connected; }
+    /** Returns once the bus is known to hand this process what others send:
+     *  asking for messages is answered before the bus applies the request,
+     *  so only a message that another connection sends and that comes back
+     *  proves it. Runs the event loop meanwhile (at most @p timeoutMs ms);
+     *  true when proven, and at once without a bus. */
+    bool waitUntilListening(int timeoutMs);
 
 private Q_SLOTS:
     void onSignal(const QDBusMessage& signal);
 
 private:
     explicit QCopBus(Delivery delivery);
+    static QCopBus* s_existing;
     Delivery m_delivery;
     bool m_connected = false;
+    QCString m_probeChannel;     ///< this process's own channel for the proof, heard by nobody else
+    bool m_probeHeard = false;
 };

@@ -7,6 +7,7 @@
 #include <QLoggingCategory>
 
 #include "host/platform/HostJournal.h"
+#include "host/platform/channels/QCopBacklog.h"
 #include "host/platform/channels/QCopBus.h"
 
 Q_LOGGING_CATEGORY(lcQCop, "mp.host.qcop")
@@ -14,6 +15,10 @@ Q_LOGGING_CATEGORY(lcQCop, "mp.host.qcop")
 namespace {
 
 const QEvent::Type kDeliveryEvent = QEvent::Type(QEvent::User + 700);
+// Hands on one message of another process. Posted again while more wait: the
+// event loop holds an event posted during a pass of posted events for the
+// next pass, so one message goes a turn and everything else gets its turn.
+const QEvent::Type kBacklogEvent = QEvent::Type(QEvent::User + 701);
 
 // One message on its way to the listeners of a channel.
 class DeliveryEvent : public QEvent {
@@ -31,7 +36,10 @@ public:
 
 // Keeps the listeners of every channel name and hands posted messages to
 // them when the event loop turns. The listeners are looked up at delivery
-// time, so a channel object destroyed meanwhile is never called.
+// time, so a channel object destroyed meanwhile is never called. Messages of
+// other processes wait in a bounded backlog and are handed on one per turn
+// of the event loop, so that whatever another process sends, everything else
+// (a termination signal, a timer) still gets its turn.
 class QCopDispatcher : public QObject {
 public:
     static QCopDispatcher& instance()
@@ -62,16 +70,14 @@ public:
 protected:
     bool event(QEvent* event) override
     {
+        if (event->type() == kBacklogEvent) {
+            deliverOneWaiting();
+            return true;
+        }
         if (event->type() != kDeliveryEvent)
             return QObject::event(event);
         const auto* delivery = static_cast<DeliveryEvent*>(event);
-        // A receiver may create or destroy channels: walk a copy and check
-        // that each listener is still registered before calling it.
-        const QList<QCopChannel*> receivers = m_listeners.value(delivery->channel);
-        for (QCopChannel* receiver : receivers) {
-            if (m_listeners.value(delivery->channel).contains(receiver))
-                Q_EMIT receiver->received(delivery->message, delivery->data);
-        }
+        deliver(delivery->channel, delivery->message, delivery->data);
         return true;
     }
 
@@ -81,8 +87,42 @@ private:
     QCopBus& bus()
     {
         return QCopBus::instance([this](const QCString& channel, const QCString& message, const QByteArray& data) {
-            post(channel, message, data);
+            const long long droppedBefore = m_backlog.dropped();
+            if (m_backlog.add({channel, message, data})) {
+                if (!m_backlogPosted) {
+                    m_backlogPosted = true;
+                    QCoreApplication::postEvent(this, new QEvent(kBacklogEvent));
+                }
+            } else if (m_backlog.dropped() != droppedBefore && m_backlog.dropped() % 10000 == 1) {
+                // Said once in a while during a flood, not once a message.
+                qCWarning(lcQCop) << "QCopChannel: other processes send faster than this one acts;"
+                                  << m_backlog.dropped() << "messages dropped so far";
+            }
         });
+    }
+
+    void deliverOneWaiting()
+    {
+        m_backlogPosted = false;
+        if (m_backlog.isEmpty())
+            return;
+        const QCopBacklog::Message waiting = m_backlog.take();
+        if (!m_backlog.isEmpty()) {
+            m_backlogPosted = true;
+            QCoreApplication::postEvent(this, new QEvent(kBacklogEvent));
+        }
+        deliver(waiting.channel, waiting.message, waiting.data);
+    }
+
+    void deliver(const QCString& channel, const QCString& message, const QByteArray& data)
+    {
+        // A receiver may create or destroy channels: walk a copy and check
+        // that each listener is still registered before calling it.
+        const QList<QCopChannel*> receivers = m_listeners.value(channel);
+        for (QCopChannel* receiver : receivers) {
+            if (m_listeners.value(channel).contains(receiver))
+                Q_EMIT receiver->received(message, data);
+        }
     }
 
     void post(const QCString& channel, const QCString& message, const QByteArray& data)
@@ -91,6 +131,8 @@ private:
     }
 
     QHash<QCString, QList<QCopChannel*>> m_listeners;
+    QCopBacklog m_backlog;  ///< messages of other processes, waiting for their turn
+    bool m_backlogPosted = false;  ///< a backlog event is on its way
 };
 
 QCopChannel::QCopChannel(const QCString& channel, QObject* parent) : QObject(parent), m_channel(channel)

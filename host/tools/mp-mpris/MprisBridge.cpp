@@ -1,41 +1,63 @@
 #include "host/tools/mp-mpris/MprisBridge.h"
 
+#include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
-#include <QDBusServiceWatcher>
 
 #include "host/platform/channels/QCopBus.h"
 #include "host/tools/mp-mpris/MediaPlayer2Adaptor.h"
 #include "host/tools/mp-mpris/PlayerAdaptor.h"
+#include "host/tools/mp-mpris/PlayerFeed.h"
 #include "host/tools/mp-mpris/PlayerMirror.h"
 #include "host/tools/mp-mpris/PlayerRequests.h"
 #include "host/tools/mp-mpris/PlayerSenderTracker.h"
-#include "platform/QCopChannel.h"
 
 const char* const MprisBridge::kServiceName = "org.mpris.MediaPlayer2.mediaplayer";
 const char* const MprisBridge::kObjectPath = "/org/mpris/MediaPlayer2";
 
+namespace {
+
+const char* const kBrowserQueryChannel = "MF_MSG_CHANNEL";
+const char* const kBrowserQuery = "queryMPNowPlaying()";
+const char* const kUpdateRequest = "/MP/Idle/Req/Update";
+
+bool isByteArray(const QVariant& value)
+{
+    return value.metaType().id() == QMetaType::QByteArray;
+}
+
+/** One channel message as the channels carry it over the bus; to
+ *  @p destination alone, or to every process when it is empty. */
+QDBusMessage channelSignal(const QString& destination, const QCString& channel, const QCString& message,
+                           const QByteArray& data)
+{
+    const QString path = QLatin1String(QCopBus::kPath);
+    const QString interface = QLatin1String(QCopBus::kInterface);
+    const QString name = QLatin1String(QCopBus::kSignal);
+    QDBusMessage signal = destination.isEmpty() ? QDBusMessage::createSignal(path, interface, name)
+                                                : QDBusMessage::createTargetedSignal(destination, path, interface, name);
+    signal << QByteArray(channel) << QByteArray(message) << data;
+    return signal;
+}
+
+} // namespace
+
 MprisBridge::MprisBridge(const TrackLookup& tracks, PlaySettings& settings)
     : m_mirror(std::make_unique<PlayerMirror>(tracks, settings)),
-      m_requests(std::make_unique<PlayerRequests>(*m_mirror, settings)),
-      m_senders(std::make_unique<PlayerSenderTracker>())
+      m_senders(std::make_unique<PlayerSenderTracker>()),
+      m_feed(std::make_unique<PlayerFeed>(*m_senders, *m_mirror)),
+      m_requests(std::make_unique<PlayerRequests>(
+          *m_mirror, settings, [this](const QCString& request, const QByteArray& data) {
+              sendToPlayer(PlayerMirror::kIdleChannel, request, data);
+          }))
 {
     // Children of this object: they go with it, before the mirror they read.
     new MediaPlayer2Adaptor(this, *m_mirror, *m_requests);
     new PlayerAdaptor(this, *m_mirror, *m_requests);
-    for (const char* name : {PlayerMirror::kIdleChannel, PlayerMirror::kBrowserChannel, PlayerMirror::kSetupChannel}) {
-        auto* channel = new QCopChannel(name, this);
-        connect(channel, &QCopChannel::received, this, [this, channel](const QCString& message, const QByteArray& data) {
-            m_mirror->receive(channel->channel(), message, data);
-        });
-    }
     connect(m_mirror.get(), &PlayerMirror::playerPropertiesChanged, this, &MprisBridge::onPlayerPropertiesChanged);
     connect(m_mirror.get(), &PlayerMirror::presenceChanged, this, &MprisBridge::onPresenceChanged);
-    connect(m_senders.get(), &PlayerSenderTracker::playerChanged, this, &MprisBridge::watchPlayer);
-    connect(m_senders.get(), &PlayerSenderTracker::playerGone, m_mirror.get(), &PlayerMirror::playerGone);
+    connect(m_senders.get(), &PlayerSenderTracker::playerChanged, this, &MprisBridge::askPlayerToReport);
 }
 
 MprisBridge::~MprisBridge()
@@ -51,58 +73,95 @@ bool MprisBridge::start(QString* error)
         *error = QStringLiteral("cannot offer %1 on the session bus").arg(QLatin1String(kObjectPath));
         return false;
     }
-    if (!bus.registerService(QLatin1String(kServiceName))) {
-        *error = QStringLiteral("cannot own %1 on the session bus: %2")
-                     .arg(QLatin1String(kServiceName), bus.lastError().message());
-        return false;
-    }
-    // The channels do not say who sent a message, so a killed player would
-    // stay on the desktop forever; the bus does, and tells when that sender
-    // leaves. So the same signals are heard here once more, raw.
-    m_playerWatcher = std::make_unique<QDBusServiceWatcher>(QString(), bus, QDBusServiceWatcher::WatchForUnregistration);
-    connect(m_playerWatcher.get(), &QDBusServiceWatcher::serviceUnregistered, m_senders.get(),
-            &PlayerSenderTracker::nameLeft);
-    if (!bus.connect(QString(), QLatin1String(QCopBus::kPath), QLatin1String(QCopBus::kInterface),
-                     QLatin1String(QCopBus::kSignal), this, SLOT(onChannelSignal(QDBusMessage)))) {
+    // Departures first, then the channels: the bus takes the rules in this
+    // order, so any process whose message reaches the bridge has its leaving
+    // reported too, after that message. Both arrive here through the same
+    // queue, in the order the bus sent them.
+    const bool listening =
+        bus.connect(QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
+                    QStringLiteral("org.freedesktop.DBus"), QStringLiteral("NameOwnerChanged"), this,
+                    SLOT(onNameOwnerChanged(QString, QString, QString)))
+        && bus.connect(QString(), QLatin1String(QCopBus::kPath), QLatin1String(QCopBus::kInterface),
+                       QLatin1String(QCopBus::kSignal), this, SLOT(onChannelSignal(QDBusMessage)));
+    // What the connection itself says when the bus goes away.
+    bus.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"), QStringLiteral("org.freedesktop.DBus.Local"),
+                QStringLiteral("Disconnected"), this, SLOT(onDisconnected()));
+    if (!listening) {
         *error = QStringLiteral("cannot listen for the player on the session bus: %1").arg(bus.lastError().message());
         return false;
     }
-    // A player that runs already answers these as it would its idle screen
+    if (!takeServiceName(error))
+        return false;
+    // Players that run already answer these as they would their idle screen
     // and media browser; one that does not will announce itself when it starts.
-    QCopChannel::send("MF_MSG_CHANNEL", "queryMPNowPlaying()");
-    QCopChannel::send(PlayerMirror::kIdleChannel, "/MP/Idle/Req/Update");
+    bus.send(channelSignal(QString(), kBrowserQueryChannel, kBrowserQuery, QByteArray()));
+    bus.send(channelSignal(QString(), PlayerMirror::kIdleChannel, kUpdateRequest, QByteArray()));
     return true;
+}
+
+bool MprisBridge::takeServiceName(QString* error)
+{
+    // MPRIS lets a second instance add ".instance<pid>" to the name.
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    const QString instanceName = QLatin1String(kServiceName) + QStringLiteral(".instance")
+                                 + QString::number(QCoreApplication::applicationPid());
+    for (const QString& name : {QString::fromLatin1(kServiceName), instanceName}) {
+        if (bus.registerService(name)) {
+            m_serviceName = name;
+            return true;
+        }
+    }
+    *error = QStringLiteral("cannot own %1 on the session bus: %2").arg(instanceName, bus.lastError().message());
+    return false;
 }
 
 void MprisBridge::onChannelSignal(const QDBusMessage& signal)
 {
     const QList<QVariant> arguments = signal.arguments();
-    // Only the channel and message names matter here; a signal that does not
-    // carry them as bytes is not a channel message.
-    if (arguments.size() != 3 || arguments.at(0).metaType().id() != QMetaType::QByteArray
-        || arguments.at(1).metaType().id() != QMetaType::QByteArray)
+    // Anything but three byte arrays with a channel and a message name is
+    // not a channel message.
+    if (arguments.size() != 3 || !isByteArray(arguments.at(0)) || !isByteArray(arguments.at(1))
+        || !isByteArray(arguments.at(2)))
         return;
-    m_senders->heard(signal.service(), arguments.at(0).toByteArray(), arguments.at(1).toByteArray());
+    const QByteArray channel = arguments.at(0).toByteArray();
+    const QByteArray message = arguments.at(1).toByteArray();
+    if (channel.isEmpty() || message.isEmpty())
+        return;
+    m_feed->channelMessage(signal.service(), channel, message, arguments.at(2).toByteArray());
 }
 
-void MprisBridge::watchPlayer(const QString& name)
+void MprisBridge::onNameOwnerChanged(const QString& name, const QString& oldOwner, const QString& newOwner)
 {
-    m_playerWatcher->setWatchedServices(name.isEmpty() ? QStringList() : QStringList{name});
+    // A unique name losing its owner is a process leaving the bus.
+    if (name.startsWith(QLatin1Char(':')) && !oldOwner.isEmpty() && newOwner.isEmpty())
+        m_feed->nameLeft(name);
+}
+
+void MprisBridge::onDisconnected()
+{
+    emit busLost();
+}
+
+void MprisBridge::askPlayerToReport(const QString& name)
+{
     if (name.isEmpty())
         return;
-    // The player may have left before the watch began, and then no leaving
-    // is ever told. The daemon answers this after it has taken the watch, so
-    // between the two nothing is missed. Asked without waiting, the answer
-    // comes after the player's message that named it has reached the mirror,
-    // which a "gone" must follow, not precede.
-    QDBusConnection bus = QDBusConnection::sessionBus();
-    auto* check = new QDBusPendingCallWatcher(bus.interface()->asyncCall(QStringLiteral("NameHasOwner"), name), this);
-    connect(check, &QDBusPendingCallWatcher::finished, this, [this, name](QDBusPendingCallWatcher* call) {
-        const QDBusPendingReply<bool> reply = *call;
-        if (!reply.isError() && !reply.value())
-            m_senders->nameLeft(name);
-        call->deleteLater();
-    });
+    // A player followed after another went has said everything already: it
+    // is asked to say it again, as a bridge starting would.
+    sendToPlayer(kBrowserQueryChannel, kBrowserQuery, QByteArray());
+    sendToPlayer(PlayerMirror::kIdleChannel, kUpdateRequest, QByteArray());
+}
+
+void MprisBridge::sendToPlayer(const QCString& channel, const QCString& message, const QByteArray& data)
+{
+    const QString player = m_senders->player();
+    if (player.isEmpty())
+        return;
+    // To the followed player alone: other players on the bus must not move.
+    QDBusConnection::sessionBus().send(channelSignal(player, channel, message, data));
+    // A request does not come back from the bus; the mirror hears it here
+    // (a seek request tells it that the next position is a jump).
+    m_mirror->receive(channel, message, data);
 }
 
 void MprisBridge::onPlayerPropertiesChanged(const QStringList& names)

@@ -299,6 +299,8 @@ QVariantMap PlayerMirror::playerProperties() const
         {QStringLiteral("CanPlay"), m_present},
         {QStringLiteral("CanPause"), m_present},
         {QStringLiteral("CanSeek"), m_present && m_totalMs > 0},
-        {QStringLiteral("CanControl"), m_present},
+        // Constant while the bridge runs, as MPRIS asks: the desktop may always
+        // try; the other flags say what a player (or none) allows now.
+        {QStringLiteral("CanControl"), true},
     };
 }

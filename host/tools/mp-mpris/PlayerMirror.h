@@ -34,14 +34,16 @@ public:
 
     /** Takes one message of one of the three channels; others are ignored. */
     void receive(const QCString& channel, const QCString& message, const QByteArray& data);
-    /** The player's process ended without saying so: taken as its exit message. */
+    /** The player shown is no longer followed (its process ended without
+     *  saying so, or another player is followed now): taken as its exit message. */
     void playerGone();
 
     /** Whether a player runs (its media-browser client announced itself, or it spoke). */
     bool isPresent() const { return m_present; }
-    /** The player-interface properties that can change, by their MPRIS names
-     *  (PlaybackStatus, LoopStatus, Shuffle, Metadata, Position, CanGoNext,
-     *  CanGoPrevious, CanPlay, CanPause, CanSeek, CanControl). */
+    /** The player-interface properties read from the mirror, by their MPRIS
+     *  names (PlaybackStatus, LoopStatus, Shuffle, Metadata, Position,
+     *  CanGoNext, CanGoPrevious, CanPlay, CanPause, CanSeek, and CanControl,
+     *  which is always true and so never changes). */
     QVariantMap playerProperties() const;
     QString playbackStatus() const;
     QVariantMap metadata() const;

@@ -2,9 +2,11 @@
 
 #include <QDataStream>
 
+#include <cstdint>
+#include <utility>
+
 #include "host/tools/mp-mpris/PlaySettings.h"
 #include "host/tools/mp-mpris/PlayerMirror.h"
-#include "platform/QCopChannel.h"
 #include "platform/StreamEncoding.h"
 
 namespace {
@@ -14,15 +16,15 @@ bool isPlaying(const PlayerMirror& mirror)
 }
 } // namespace
 
-PlayerRequests::PlayerRequests(const PlayerMirror& mirror, PlaySettings& settings)
-    : m_mirror(mirror), m_settings(settings)
+PlayerRequests::PlayerRequests(const PlayerMirror& mirror, PlaySettings& settings, Sender sender)
+    : m_mirror(mirror), m_settings(settings), m_sender(std::move(sender))
 {
 }
 
-void PlayerRequests::send(const char* request) const
+void PlayerRequests::send(const char* request, const QByteArray& data) const
 {
     if (m_mirror.isPresent())
-        QCopChannel::send(PlayerMirror::kIdleChannel, request);
+        m_sender(request, data);
 }
 
 // The player's play and pause requests both toggle: asking for what already
@@ -61,26 +63,49 @@ void PlayerRequests::previous() const
 
 void PlayerRequests::seek(qint64 offset) const
 {
-    if (!m_mirror.isPresent())
+    const qint64 position = m_mirror.position();
+    const qint64 length = m_mirror.length();
+    if (!m_mirror.isPresent() || length <= 0)
         return;
+    // Compared before anything is added, so that no offset can overflow:
+    // position and length are small, the offset may be any 64-bit value.
+    if (offset > length - position) {
+        next();
+        return;
+    }
+    if (offset <= -position) {
+        // Enough whole steps back to reach the start; the player stops at 0.
+        seekSteps(-((position + kSeekStep - 1) / kSeekStep));
+        return;
+    }
     // The player seeks only in whole steps; less than half a step is no seek.
-    const qint64 steps = (offset + (offset < 0 ? -kSeekStep : kSeekStep) / 2) / kSeekStep;
+    qint64 steps = offset / kSeekStep;
+    const qint64 rest = offset % kSeekStep;
+    if (rest >= kSeekStep / 2)
+        ++steps;
+    else if (rest <= -kSeekStep / 2)
+        --steps;
+    seekSteps(steps);
+}
+
+void PlayerRequests::seekSteps(qint64 steps) const
+{
+    // Within the item (at most its length in steps), so the count fits an int.
     if (steps == 0 || steps > INT32_MAX || steps < -qint64(INT32_MAX))
         return;
     QByteArray payload;
     QDataStream stream(&payload, QIODevice::WriteOnly);
     MP_SetPayloadFormat(stream);
     stream << qint32(steps < 0 ? -steps : steps);
-    QCopChannel::send(PlayerMirror::kIdleChannel, steps < 0 ? "/MP/Idle/Req/Seek/BACK" : "/MP/Idle/Req/Seek/Forth",
-                      payload);
-    QCopChannel::send(PlayerMirror::kIdleChannel, "/MP/Idle/Req/Seek/END");
+    send(steps < 0 ? "/MP/Idle/Req/Seek/BACK" : "/MP/Idle/Req/Seek/Forth", payload);
+    send("/MP/Idle/Req/Seek/END");
 }
 
 void PlayerRequests::setPosition(const QString& trackId, qint64 position) const
 {
     if (trackId != m_mirror.trackId() || position < 0 || position > m_mirror.length())
         return;
-    seek(position - m_mirror.position());
+    seek(position - m_mirror.position());  // both within the item: no overflow
 }
 
 void PlayerRequests::setShuffle(bool shuffle) const

@@ -1,48 +1,85 @@
 #include "host/tools/mp-mpris/PlayerSenderTracker.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "host/tools/mp-mpris/PlayerMirror.h"
+
+namespace {
+
+/** The connection serial of a unique bus name (":1.42" gives {1, 42});
+ *  {-1, -1} for a name of another form, which then counts as the oldest. */
+std::pair<long long, long long> connectionSerial(const QString& name)
+{
+    const int dot = name.indexOf(QLatin1Char('.'));
+    if (!name.startsWith(QLatin1Char(':')) || dot < 0)
+        return {-1, -1};
+    bool majorOk = false, minorOk = false;
+    const long long major = name.mid(1, dot - 1).toLongLong(&majorOk);
+    const long long minor = name.mid(dot + 1).toLongLong(&minorOk);
+    if (!majorOk || !minorOk)
+        return {-1, -1};
+    return {major, minor};
+}
+
+bool connectedBefore(const QString& a, const QString& b)
+{
+    return connectionSerial(a) < connectionSerial(b);
+}
+
+} // namespace
 
 PlayerSenderTracker::PlayerSenderTracker(QObject* parent) : QObject(parent)
 {
 }
 
+bool PlayerSenderTracker::isPlayerNews(const QCString& channel, const QCString& message)
+{
+    if (channel == PlayerMirror::kBrowserChannel)
+        return true;
+    // Requests pass on the idle channel too, from anyone: they name no player.
+    return channel == PlayerMirror::kIdleChannel && message.startsWith("/MP/Idle/Info/");
+}
+
 void PlayerSenderTracker::heard(const QString& sender, const QCString& channel, const QCString& message)
 {
-    if (sender.isEmpty())
+    if (sender.isEmpty() || !isPlayerNews(channel, message))
         return;
-    if (channel == PlayerMirror::kBrowserChannel) {
-        // A start names the player even over one still known: the old one
-        // may have died unseen, and a new start is the newest truth.
-        if (message == "MediaplayerStarted()")
-            setPlayer(sender);
-        else if (message == "MediaplayerExited()")
-            setPlayer(m_player == sender ? QString() : m_player);
-        else if (m_player.isEmpty())
-            setPlayer(sender);
-        return;
-    }
-    if (channel != PlayerMirror::kIdleChannel || !message.startsWith("/MP/Idle/Info/"))
-        return;  // requests pass on the idle channel too, from anyone: they name no player
-    if (message == "/MP/Idle/Info/Exit")
-        setPlayer(m_player == sender ? QString() : m_player);
-    else if (m_player.isEmpty())
-        // A bridge started after the player hears no start: the first
-        // process that speaks as the player is taken for it.
-        setPlayer(sender);
+    if (message == "MediaplayerExited()" || message == "/MP/Idle/Info/Exit")
+        remove(sender);
+    else
+        // A bridge started after a player hears no start: any news names it.
+        add(sender);
 }
 
 void PlayerSenderTracker::nameLeft(const QString& name)
 {
-    if (name.isEmpty() || name != m_player)
+    if (!m_players.contains(name))
         return;
-    setPlayer(QString());
-    emit playerGone();
+    m_departed.insert(name);
+    remove(name);
 }
 
-void PlayerSenderTracker::setPlayer(const QString& name)
+void PlayerSenderTracker::add(const QString& name)
 {
-    if (name == m_player)
+    if (m_players.contains(name) || m_departed.contains(name))
         return;
-    m_player = name;
-    emit playerChanged(name);
+    // Kept in connection order; a name of another form goes first (oldest).
+    m_players.insert(std::upper_bound(m_players.begin(), m_players.end(), name, connectedBefore), name);
+    followNewest();
+}
+
+void PlayerSenderTracker::remove(const QString& name)
+{
+    if (m_players.removeAll(name) > 0)
+        followNewest();
+}
+
+void PlayerSenderTracker::followNewest()
+{
+    const QString newest = m_players.isEmpty() ? QString() : m_players.last();
+    if (newest == m_player)
+        return;
+    m_player = newest;
+    emit playerChanged(newest);
 }

@@ -1,13 +1,19 @@
 #pragma once
-// Which process on the bus is the player, learnt from who sends the player's
-// messages. A channel message does not name its sender, so a player that is
-// killed never says goodbye; the bus, though, names the sender of every
-// signal and tells when that name leaves. This class keeps the name and says
-// when the player is gone; it holds no bus itself, so the bridge feeds it
-// what the bus says and watches the names it is asked to watch.
+// Which processes on the bus are players, and which one the bridge follows.
+// A channel message does not name its sender, but the bus names the sender of
+// every signal and tells when a name leaves. This class learns the players
+// from who sends the player's own messages (its start, its news), forgets one
+// that says it ended or leaves the bus, and follows the newest of those still
+// known: the one whose bus connection was made last (the bus daemon numbers
+// unique names in order of connection, ":1.7" after ":1.4"). When the
+// followed player goes, the newest of the others is followed. It holds no bus
+// itself: the bridge feeds it, in the order the bus delivered them, the
+// messages and the departures it hears.
 
 #include <QObject>
+#include <QSet>
 #include <QString>
+#include <QStringList>
 
 #include "platform/Qt2Compat.h"
 
@@ -18,19 +24,26 @@ public:
 
     /** Takes one channel message and the unique bus name of its sender. */
     void heard(const QString& sender, const QCString& channel, const QCString& message);
-    /** The bus name @p name has left the bus; "playerGone" when it was the player's. */
+    /** The bus name @p name has left the bus. */
     void nameLeft(const QString& name);
-    /** The player's bus name; empty while none is known. */
+    /** The followed player's bus name; empty while none is known. */
     QString player() const { return m_player; }
+    /** Every player known, oldest connection first. */
+    QStringList players() const { return m_players; }
+    /** Whether @p message on @p channel is news that only a player sends
+     *  (as opposed to requests and setup changes, which anyone may send). */
+    static bool isPlayerNews(const QCString& channel, const QCString& message);
 
 Q_SIGNALS:
-    /** Watching begins or ends: @p name is now the player's (empty: none is known). */
+    /** The bridge now follows @p name (empty: no player is known). */
     void playerChanged(const QString& name);
-    /** The player's process left the bus without saying it ended. */
-    void playerGone();
 
 private:
-    void setPlayer(const QString& name);
+    void add(const QString& name);
+    void remove(const QString& name);
+    void followNewest();
 
+    QStringList m_players;  ///< oldest connection first
+    QSet<QString> m_departed;  ///< players that left the bus: one name a player the bridge heard
     QString m_player;
 };

@@ -14,14 +14,16 @@
 
 namespace {
 
-enum ExitStatus { ExitEnded = 0, ExitNoBus = 1, ExitBadUsage = 2 };
+enum ExitStatus { ExitEnded = 0, ExitNoBus = 1, ExitBadUsage = 2, ExitBusLost = 3 };
 
 const char* const kUsage =
     "usage: mp-mpris [--data-dir DIR]\n"
-    "Offers the media player on the session bus as org.mpris.MediaPlayer2.mediaplayer until\n"
-    "interrupted. DIR is the player's data folder (default: MP_DATA_DIR, else the player's own),\n"
-    "where the titles of what plays are looked up.\n"
-    "Exit status: 0 ended, 1 no D-Bus session bus or the name is taken, 2 bad usage.\n";
+    "Offers the media player on the session bus as org.mpris.MediaPlayer2.mediaplayer (or, when\n"
+    "that name is taken, org.mpris.MediaPlayer2.mediaplayer.instance<pid>) until interrupted or\n"
+    "the bus goes away. DIR is the player's data folder (default: MP_DATA_DIR, else the\n"
+    "player's own), where the titles of what plays are looked up.\n"
+    "Exit status: 0 ended, 1 no D-Bus session bus or no name to take, 2 bad usage,\n"
+    "3 the session bus went away.\n";
 
 int badUsage(const char* reason)
 {
@@ -57,6 +59,11 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "mp-mpris: %s\n", qPrintable(error));
         return ExitNoBus;
     }
-    std::fprintf(stderr, "mp-mpris: offering %s\n", MprisBridge::kServiceName);
+    // Nothing can reach a bridge without its bus, and a new bus gets a new bridge.
+    QObject::connect(&bridge, &MprisBridge::busLost, &app, [] {
+        std::fprintf(stderr, "mp-mpris: the session bus went away\n");
+        QCoreApplication::exit(ExitBusLost);
+    });
+    std::fprintf(stderr, "mp-mpris: offering %s\n", qPrintable(bridge.serviceName()));
     return QCoreApplication::exec();
 }

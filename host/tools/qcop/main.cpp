@@ -4,8 +4,6 @@
 #include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
-#include <QDBusMessage>
-#include <QDeadlineTimer>
 
 #include <cstdio>
 
@@ -18,6 +16,9 @@
 namespace {
 
 enum ExitStatus { ExitSent = 0, ExitNoBus = 1, ExitBadUsage = 2 };
+
+// How long the bus may take to confirm that the listening has begun.
+const int kListeningProofMs = 5000;
 
 const char* const kUsage =
     "usage: qcop CHANNEL MESSAGE [ARG ...]   send MESSAGE on CHANNEL\n"
@@ -59,34 +60,6 @@ int send(const QStringList& arguments)
     return ExitSent;
 }
 
-// Qt hands the bus the listening rule from its own D-Bus thread, some time
-// after it was asked for, and a call's reply does not wait for that: messages
-// sent by others right after it could still be missed. A probe that another
-// connection sends and that comes back proves the rule is in place. It is
-// sent again until heard, since a probe sent before the rule took is lost.
-bool waitUntilListening()
-{
-    const QByteArray probeChannel = "qcop/probe/" + QByteArray::number(QCoreApplication::applicationPid());
-    QCopChannel probe(probeChannel);
-    bool heard = false;
-    QObject::connect(&probe, &QCopChannel::received, [&heard] { heard = true; });
-    const QString proberName = QStringLiteral("qcop-prober");
-    {
-        QDBusConnection prober = QDBusConnection::connectToBus(QDBusConnection::SessionBus, proberName);
-        QDBusMessage signal = QDBusMessage::createSignal(QLatin1String(QCopBus::kPath),
-                                                         QLatin1String(QCopBus::kInterface),
-                                                         QLatin1String(QCopBus::kSignal));
-        signal << probeChannel << QByteArray("probe()") << QByteArray();
-        const QDeadlineTimer deadline(5000);
-        while (!heard && !deadline.hasExpired()) {
-            prober.send(signal);
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
-        }
-    }
-    QDBusConnection::disconnectFromBus(proberName);
-    return heard;
-}
-
 int listen(const QStringList& channels)
 {
     if (channels.isEmpty())
@@ -104,7 +77,7 @@ int listen(const QStringList& channels)
                          });
     }
     // From the line below on, no message on these channels is missed.
-    if (!waitUntilListening())
+    if (!QCopBus::existing()->waitUntilListening(kListeningProofMs))
         std::fprintf(stderr, "qcop: the bus did not confirm listening; early messages may be missed\n");
     std::fprintf(stderr, "qcop: listening on %d channel(s)\n", int(channels.size()));
     return QCoreApplication::exec();

@@ -20,6 +20,7 @@
 #include "host/engine/HostEngineClock.h"
 #include "host/platform/HostJournal.h"
 #include "lists/MP_ListInterface.h"
+#include "platform/SETUP_SET_Manager.h"
 #include "platform/VmKbMainWidget.h"
 #include "tests/support/TestEnvironment.h"
 
@@ -421,6 +422,24 @@ TEST_F(HostEngineTest, LiveEngine_IsTheNewestStillAlive)
     newer.reset();
     EXPECT_EQ(HostEngine::liveEngine(), engine.get());
     MP_DestroyCommonPlayer(nullptr);
+}
+
+TEST_F(HostEngineTest, ShuffleKeyRelease_StoresTheNextModeBeforeItIsReported)
+{
+    const auto stored = [] {
+        int mode = -1;
+        SETUP_SET_Manager(71, true).getSettingInfo(QStringLiteral("MediaControlItem"), QStringLiteral("MusicShuffle"), mode, 0);
+        return mode;
+    };
+    QList<int> modesWhenReported;
+    QObject::connect(engine.get(), &HostEngine::SetupKeyEvent, [&](int, bool) { modesWhenReported.append(stored()); });
+    engine->pressSetupKey(0x4002, true);   // a press chooses nothing
+    engine->pressSetupKey(0x4002, false);  // off -> songs
+    engine->pressSetupKey(0x4002, false);  // songs -> off
+    SETUP_SET_Manager(71, false).setSettingInfo(QStringLiteral("MediaControlItem"), QStringLiteral("MusicShuffle"), 2);
+    engine->pressSetupKey(0x4002, false);  // albums -> off
+    engine->pressSetupKey(0x4003, false);  // another key leaves it
+    EXPECT_EQ(modesWhenReported, (QList<int>{0, 1, 0, 0, 0}));
 }
 
 TEST_F(HostEngineTest, Journal_RecordsCallsAndEachReportOnce)

@@ -72,7 +72,10 @@ protected:
     TableTracks tracks;
     MemorySettings settings;
     PlayerMirror mirror{tracks, settings};
-    PlayerRequests requests{mirror, settings};
+    MessageLines sent;  ///< the requests sent to the player: name, a space, the payload in hex
+    PlayerRequests requests{mirror, settings, [this](const QCString& request, const QByteArray& data) {
+                                sent.push_back((request + ' ' + data.toHex()).toStdString());
+                            }};
 };
 
 TEST_F(PlayerMirrorTest, ThePlayersPresenceFollowsItsStartAndExit)
@@ -84,8 +87,8 @@ TEST_F(PlayerMirrorTest, ThePlayersPresenceFollowsItsStartAndExit)
     EXPECT_TRUE(mirror.isPresent());
     ASSERT_EQ(changes.size(), 1);
     EXPECT_EQ(changes.at(0).at(0).toStringList(),
-              (QStringList{"CanControl", "CanGoNext", "CanGoPrevious", "CanPause", "CanPlay", "LoopStatus"}))
-        << "the settings are read when the player comes; no seek without a length";
+              (QStringList{"CanGoNext", "CanGoPrevious", "CanPause", "CanPlay", "LoopStatus"}))
+        << "the settings are read when the player comes; no seek without a length; CanControl never changes";
 
     nowPlaying("/m/a.mp3");
     meta("Afterglow - Northern Lights - Aurora Lane");
@@ -115,7 +118,8 @@ TEST_F(PlayerMirrorTest, ThePlayersPresenceFollowsItsStartAndExit)
     EXPECT_EQ(presence.size(), 6);
     ASSERT_EQ(changes.size(), 1);
     EXPECT_EQ(changes.at(0).at(0).toStringList(),
-              (QStringList{"CanControl", "CanGoNext", "CanGoPrevious", "CanPause", "CanPlay", "PlaybackStatus"}));
+              (QStringList{"CanGoNext", "CanGoPrevious", "CanPause", "CanPlay", "PlaybackStatus"}));
+    EXPECT_EQ(mirror.playerProperties().value("CanControl"), QVariant(true));
 }
 
 TEST_F(PlayerMirrorTest, MetadataComesFromTheDatabaseWhileTheNowPlayingPathIsTheItemShown)
@@ -191,9 +195,11 @@ TEST_F(PlayerMirrorTest, RequestsAreTheIdleScreensAndOnlyWhileThePlayerRuns)
 {
     requests.next();
     requests.seek(10000000);
-    EXPECT_EQ(channelMessages(kIdle), MessageLines()) << "no player";
+    EXPECT_EQ(sent, MessageLines()) << "no player";
 
     browser("MediaplayerStarted()");
+    requests.seek(10000000);
+    EXPECT_EQ(sent, MessageLines()) << "no length yet: no seek";
     mirror.receive(kIdle, "/MP/Idle/Info/TotalTime", payload(QStringLiteral("3:00")));
     elapsed("0:20");
     playing();
@@ -208,13 +214,29 @@ TEST_F(PlayerMirrorTest, RequestsAreTheIdleScreensAndOnlyWhileThePlayerRuns)
     requests.setLoopStatus("Track");
     requests.setLoopStatus("Sometimes");
     requests.raise();
-    EXPECT_EQ(channelMessages(kIdle), (MessageLines{"/MP/Idle/Req/Pause ",
-                                                    "/MP/Idle/Req/Seek/Forth 00000001", "/MP/Idle/Req/Seek/END ",
-                                                    "/MP/Idle/Req/Seek/BACK 00000003", "/MP/Idle/Req/Seek/END ",
-                                                    "/MP/Idle/Req/Seek/Forth 00000008", "/MP/Idle/Req/Seek/END ",
-                                                    "/MP/Idle/Req/Shuffle ", "/MP/Idle/Req/Repeat ",
-                                                    "/MP/Idle/Req/Restore "}));
+    EXPECT_EQ(sent, (MessageLines{"/MP/Idle/Req/Pause ",
+                                  "/MP/Idle/Req/Seek/Forth 00000001", "/MP/Idle/Req/Seek/END ",
+                                  "/MP/Idle/Req/Seek/BACK 00000003", "/MP/Idle/Req/Seek/END ",
+                                  "/MP/Idle/Req/Seek/Forth 00000008", "/MP/Idle/Req/Seek/END ",
+                                  "/MP/Idle/Req/Shuffle ", "/MP/Idle/Req/Repeat ",
+                                  "/MP/Idle/Req/Restore "}));
     EXPECT_EQ(settings.shuffle, 1) << "the shuffle request applies the stored mode";
+}
+
+TEST_F(PlayerMirrorTest, SeeksBeyondTheItemAreNextOrTheStart_WhateverTheOffset)
+{
+    browser("MediaplayerStarted()");
+    mirror.receive(kIdle, "/MP/Idle/Info/TotalTime", payload(QStringLiteral("3:00")));
+    elapsed("0:22");
+    requests.seek(INT64_MAX);
+    requests.seek(158000001);   // just past the end
+    requests.seek(INT64_MIN);   // back to the start: five steps from 0:22
+    requests.seek(-22000000);
+    requests.seek(158000000);   // to the very end: 31.6 steps round to 32
+    EXPECT_EQ(sent, (MessageLines{"/MP/Idle/Req/Next ", "/MP/Idle/Req/Next ",
+                                  "/MP/Idle/Req/Seek/BACK 00000005", "/MP/Idle/Req/Seek/END ",
+                                  "/MP/Idle/Req/Seek/BACK 00000005", "/MP/Idle/Req/Seek/END ",
+                                  "/MP/Idle/Req/Seek/Forth 00000020", "/MP/Idle/Req/Seek/END "}));
 }
 
 } // namespace

@@ -3,15 +3,18 @@
 
 #include <QDBusArgument>
 #include <QDBusConnection>
+#include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QDBusObjectPath>
 #include <QDBusVariant>
 #include <QDeadlineTimer>
 #include <QFile>
+#include <QJsonDocument>
 #include <QProcess>
 #include <QCoreApplication>
 
 #include <functional>
+#include <limits>
 
 #include <gtest/gtest.h>
 
@@ -59,7 +62,7 @@ protected:
 
     void TearDown() override
     {
-        for (QProcess* process : {&m_player, &m_tool}) {
+        for (QProcess* process : {&m_player, &m_tool, &m_second}) {
             process->kill();
             process->waitForFinished(kWaitMs);
         }
@@ -86,11 +89,43 @@ protected:
     /** Starts mp-mpris and connects the test to the bus; true once it offers the player. */
     bool startBridge()
     {
-        if (!QDBusConnection::connectToBus(m_bus.address(), QStringLiteral("player-process-test")).isConnected())
+        if (!connectTest())
             return false;
         start(m_tool, "mp-mpris", {"--data-dir", m_run.dataDir() + "/data"});
         const QString offering = "mp-mpris: offering org.mpris.MediaPlayer2.mediaplayer";
         return readUntil(m_tool, QProcess::StandardError, offering) == offering;
+    }
+
+    bool connectTest()
+    {
+        return QDBusConnection::connectToBus(m_bus.address(), QStringLiteral("player-process-test")).isConnected();
+    }
+
+    /** Starts a player in @p process on @p script (written as NAME.mps, journaled to NAME.jsonl,
+     *  on the shared data folder); true once the script's first await listens on @p awaiting. */
+    bool startPlayerOn(QProcess& process, const QString& name, const QByteArray& script, const QString& awaiting,
+                       const QStringList& extraArguments = {})
+    {
+        QFile file(m_run.dataDir() + "/" + name + ".mps");
+        if (!file.open(QIODevice::WriteOnly) || file.write(script) != script.size())
+            return false;
+        file.close();
+        start(process, "mediaplayer",
+              QStringList{"--data-dir", m_run.dataDir() + "/data", "--journal", journalOf(name), "--quiet", "--log",
+                          m_run.dataDir() + "/" + name + ".log", "--script", file.fileName()}
+                  + extraArguments);
+        return readUntil(process, QProcess::StandardError, awaiting).endsWith(awaiting);
+    }
+
+    QString journalOf(const QString& name) const { return m_run.dataDir() + "/" + name + ".jsonl"; }
+
+    /** Sends a channel message from the test's own bus connection, at once. */
+    void tell(const QByteArray& channel, const QByteArray& message)
+    {
+        QDBusMessage signal = QDBusMessage::createSignal("/org/mediaplayerhost/QCop", "org.mediaplayerhost.QCop",
+                                                         "Message");
+        signal << channel << message << QByteArray();
+        QDBusConnection(QStringLiteral("player-process-test")).send(signal);
     }
 
     int qcop(const QStringList& arguments)
@@ -113,6 +148,7 @@ protected:
     ScenarioRun m_run;
     QProcess m_player;
     QProcess m_tool;  ///< the listener or the bridge
+    QProcess m_second;  ///< a second player or bridge
 };
 
 TEST_F(PlayerProcessTest, QcopHearsThePlayersIdleMessagesAndMovesItOn)
@@ -179,6 +215,62 @@ bool callBridge(const QString& method)
     QDBusMessage call = QDBusMessage::createMethodCall("org.mpris.MediaPlayer2.mediaplayer", "/org/mpris/MediaPlayer2",
                                                        "org.mpris.MediaPlayer2.Player", method);
     return QDBusConnection(QStringLiteral("player-process-test")).call(call).type() == QDBusMessage::ReplyMessage;
+}
+
+bool setBridgeProperty(const QString& name, const QVariant& value)
+{
+    QDBusMessage set = QDBusMessage::createMethodCall("org.mpris.MediaPlayer2.mediaplayer", "/org/mpris/MediaPlayer2",
+                                                      "org.freedesktop.DBus.Properties", "Set");
+    set << QStringLiteral("org.mpris.MediaPlayer2.Player") << name << QVariant::fromValue(QDBusVariant(value));
+    return QDBusConnection(QStringLiteral("player-process-test")).call(set).type() == QDBusMessage::ReplyMessage;
+}
+
+QVariant playerProperty(const QString& name)
+{
+    return bridgeProperty("org.mpris.MediaPlayer2.Player", name);
+}
+
+QString title()
+{
+    return bridgeMetadata().value("xesam:title").toString();
+}
+
+/** The args of one kind and call in a journal file, in order. */
+QList<QJsonArray> journalArgs(const QString& path, const QString& kind, const QString& call)
+{
+    QList<QJsonArray> args;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return args;
+    for (const QByteArray& line : file.readAll().split('\n')) {
+        const QJsonObject object = QJsonDocument::fromJson(line).object();
+        if (object.value("kind").toString() == kind && object.value("call").toString() == call)
+            args.append(object.value("args").toArray());
+    }
+    return args;
+}
+
+/** Whether @p name has an owner on the test's bus; its process id in @p pid. */
+bool busNameOwned(const QString& name, uint* pid = nullptr)
+{
+    QDBusConnectionInterface* bus = QDBusConnection(QStringLiteral("player-process-test")).interface();
+    if (!bus->isServiceRegistered(name).value())
+        return false;
+    if (pid)
+        *pid = bus->servicePid(name).value();
+    return true;
+}
+
+/** Whether process @p pid runs (an ended one that nobody has reaped yet does not). */
+bool processRuns(uint pid)
+{
+    QFile stat(QStringLiteral("/proc/%1/stat").arg(pid));
+    if (!stat.open(QIODevice::ReadOnly))
+        return false;
+    const QByteArray line = stat.readAll();
+    const int afterName = line.lastIndexOf(')');
+    const char state = afterName >= 0 && afterName + 2 < line.size() ? line.at(afterName + 2) : 'X';
+    return state != 'Z' && state != 'X';
 }
 
 /** Runs the event loop until @p condition holds, at most kWaitMs. */
@@ -249,6 +341,156 @@ TEST_F(PlayerProcessTest, TheBridgeNoticesAKilledPlayerAndFollowsTheNextOne)
         EXPECT_TRUE(waitFor([] { return playbackStatus() == "Playing"; })) << "round " << round;
     }
     ASSERT_EQ(endPlayer(), 0);
+}
+
+// The album from song FIRST, on the manual clock; each await is a step the test takes.
+QByteArray albumScript(int first, const QByteArray& control, const QByteArray& steps)
+{
+    return "clock manual\n"
+           "action PlayMusicListInMediaplayer isAllArtist=1 isAllAlbum=0 \"Album=Northern Lights\" isAllGenre=1 "
+           "isAllComposer=1 FirstIndex=" + QByteArray::number(first) + " StorageLocation=2\n"
+           + steps + "await " + control + " done 60000\nquit\n";
+}
+
+TEST_F(PlayerProcessTest, ShuffleAndLoopStatusReadBackWhatTheDesktopAsked_AndTheShuffleKeyTwiceReturns)
+{
+    const QByteArray keys = "await TEST/Control keys 60000\nsetupkey 0x4002 pressed\nsetupkey 0x4002 released\n"
+                            "await TEST/Control again 60000\nsetupkey 0x4002 pressed\nsetupkey 0x4002 released\n";
+    ASSERT_TRUE(startBridge());
+    ASSERT_TRUE(startPlayerOn(m_player, "keys", albumScript(0, "TEST/Control", keys),
+                              "await: listening on TEST/Control for keys"));
+    ASSERT_TRUE(waitFor([] { return playbackStatus() == "Playing"; }));
+    const auto shuffleIs = [](bool on) { return waitFor([on] { return playerProperty("Shuffle") == QVariant(on); }); };
+    const auto loopIs = [](const char* status) {
+        return waitFor([status] { return playerProperty("LoopStatus") == QVariant(status); });
+    };
+
+    ASSERT_TRUE(setBridgeProperty("Shuffle", true));
+    EXPECT_TRUE(shuffleIs(true));
+    ASSERT_TRUE(setBridgeProperty("Shuffle", false));
+    EXPECT_TRUE(shuffleIs(false));
+    ASSERT_TRUE(setBridgeProperty("LoopStatus", "Playlist"));
+    EXPECT_TRUE(loopIs("Playlist"));
+    ASSERT_TRUE(setBridgeProperty("Shuffle", true));
+    EXPECT_TRUE(shuffleIs(true));
+    ASSERT_TRUE(setBridgeProperty("LoopStatus", "None"));
+    EXPECT_TRUE(loopIs("None"));
+    EXPECT_TRUE(shuffleIs(false)) << "changing repeat turns shuffle off";
+
+    // The player screen's key, twice: on, then back off.
+    tell("TEST/Control", "keys");
+    EXPECT_TRUE(shuffleIs(true));
+    readUntil(m_player, QProcess::StandardError, "await: listening on TEST/Control for again");
+    tell("TEST/Control", "again");
+    EXPECT_TRUE(shuffleIs(false));
+    readUntil(m_player, QProcess::StandardError, "await: listening on TEST/Control for done");
+    tell("TEST/Control", "done");
+    ASSERT_TRUE(m_player.waitForFinished(kWaitMs));
+    EXPECT_EQ(m_player.exitCode(), 0) << m_player.readAllStandardError().toStdString();
+    // What the engine was told after the list's installation, as the window applied it.
+    const QList<QJsonArray> told = journalArgs(journalOf("keys"), "engine", "setShuffleRepeat");
+    ASSERT_GE(told.size(), 12);
+    for (const QJsonArray& installed : told.mid(0, told.size() - 12))
+        EXPECT_EQ(installed, (QJsonArray{false, false}));
+    EXPECT_EQ(told.mid(told.size() - 12),
+              (QList<QJsonArray>{{true, false}, {true, false},     // Shuffle on: the window, the idle client
+                                 {false, false}, {false, false},   // off
+                                 {false, true}, {false, true},     // LoopStatus Playlist
+                                 {true, true}, {true, true},       // Shuffle on
+                                 {false, false}, {false, false},   // LoopStatus None
+                                 {true, false}, {false, false}})); // the key twice
+}
+
+TEST_F(PlayerProcessTest, OfTwoPlayersTheNewestIsFollowedAndDriven_ThenTheOneLeft)
+{
+    ASSERT_TRUE(startPlayerOn(m_player, "a", albumScript(0, "TEST/A", "await TEST/A tick 60000\nadvance 3000\n"),
+                              "await: listening on TEST/A for tick"));
+    ASSERT_TRUE(startBridge());
+    ASSERT_TRUE(waitFor([] { return playbackStatus() == "Playing" && !title().isEmpty(); }));
+    const QString titleOfA = title();
+
+    ASSERT_TRUE(startPlayerOn(m_second, "b", albumScript(2, "TEST/B", ""), "await: listening on TEST/B for done"));
+    ASSERT_TRUE(waitFor([&] { return !title().isEmpty() && title() != titleOfA; })) << title().toStdString();
+    const QString titleOfB = title();
+
+    // The older player speaks; the bridge keeps showing the newer one.
+    tell("TEST/A", "tick");
+    ASSERT_TRUE(readUntil(m_player, QProcess::StandardError, "await: listening on TEST/A for done")
+                    .endsWith("await: listening on TEST/A for done"));
+    for (int read = 0; read < 50; ++read) {
+        ASSERT_EQ(title(), titleOfB) << "read " << read;
+        ASSERT_EQ(playerProperty("Position").toLongLong(), 0) << "read " << read;
+    }
+    ASSERT_TRUE(callBridge("Next"));
+    ASSERT_TRUE(waitFor([&] { return journalArgs(journalOf("b"), "control", "next").size() == 1; }));
+
+    // The newer one dies; the bridge shows the older one as it plays on.
+    m_second.kill();
+    ASSERT_TRUE(m_second.waitForFinished(kWaitMs));
+    EXPECT_TRUE(waitFor([&] {
+        return playbackStatus() == "Playing" && title() == titleOfA && playerProperty("Position").toLongLong() == 3000000;
+    })) << playbackStatus().toStdString() << " " << title().toStdString();
+    tell("TEST/A", "done");
+    ASSERT_TRUE(m_player.waitForFinished(kWaitMs));
+    EXPECT_EQ(journalArgs(journalOf("a"), "control", "next").size(), 0) << "only the followed player moves";
+}
+
+TEST_F(PlayerProcessTest, ExtremeSeeksAnswer_CanControlHolds_AndASecondBridgeTakesAnInstanceName)
+{
+    ASSERT_TRUE(startBridge());
+    EXPECT_EQ(playerProperty("CanControl"), QVariant(true)) << "without a player too";
+    ASSERT_TRUE(startPlayerOn(m_player, "seek", albumScript(0, "TEST/Control", ""),
+                              "await: listening on TEST/Control for done"));
+    ASSERT_TRUE(waitFor([] { return playerProperty("CanSeek") == QVariant(true); }));
+    const QString first = title();
+    const auto seek = [](qlonglong offset) {
+        QDBusMessage call = QDBusMessage::createMethodCall("org.mpris.MediaPlayer2.mediaplayer",
+                                                           "/org/mpris/MediaPlayer2", "org.mpris.MediaPlayer2.Player",
+                                                           "Seek");
+        call << offset;
+        return QDBusConnection(QStringLiteral("player-process-test")).call(call).type();
+    };
+    EXPECT_EQ(seek(std::numeric_limits<qlonglong>::min()), QDBusMessage::ReplyMessage);
+    EXPECT_EQ(seek(std::numeric_limits<qlonglong>::max()), QDBusMessage::ReplyMessage);
+    EXPECT_TRUE(waitFor([&] { return !title().isEmpty() && title() != first; })) << "past the end is Next";
+    EXPECT_EQ(journalArgs(journalOf("seek"), "control", "seek").size(), 0) << "already at the start";
+    EXPECT_EQ(journalArgs(journalOf("seek"), "control", "next").size(), 1);
+    EXPECT_EQ(playerProperty("CanControl"), QVariant(true));
+
+    start(m_second, "mp-mpris", {"--data-dir", m_run.dataDir() + "/data"});
+    ASSERT_TRUE(m_second.waitForStarted(kWaitMs));
+    const QString instance = "mp-mpris: offering org.mpris.MediaPlayer2.mediaplayer.instance"
+                             + QString::number(m_second.processId());
+    EXPECT_EQ(readUntil(m_second, QProcess::StandardError, instance), instance);
+    tell("TEST/Control", "done");
+    ASSERT_TRUE(m_player.waitForFinished(kWaitMs));
+}
+
+TEST_F(PlayerProcessTest, TheBridgeEndsWithAKilledPlayerThatStartedIt_AndWithItsBus)
+{
+    ASSERT_TRUE(connectTest());
+    ASSERT_TRUE(startPlayerOn(m_player, "mpris", albumScript(0, "TEST/Control", ""),
+                              "await: listening on TEST/Control for done", {"--mpris"}));
+    uint bridgePid = 0;
+    ASSERT_TRUE(waitFor([&] { return busNameOwned("org.mpris.MediaPlayer2.mediaplayer", &bridgePid); }));
+    ASSERT_NE(bridgePid, 0u);
+    m_player.kill();
+    ASSERT_TRUE(m_player.waitForFinished(kWaitMs));
+    EXPECT_TRUE(waitFor([&] {
+        return !busNameOwned("org.mpris.MediaPlayer2.mediaplayer") && !processRuns(bridgePid);
+    })) << "the bridge " << bridgePid << " outlived its player";
+
+    // A bridge of its own ends when its bus goes.
+    start(m_tool, "mp-mpris", {"--data-dir", m_run.dataDir() + "/data"});
+    ASSERT_EQ(readUntil(m_tool, QProcess::StandardError, "mp-mpris: offering org.mpris.MediaPlayer2.mediaplayer"),
+              "mp-mpris: offering org.mpris.MediaPlayer2.mediaplayer");
+    QDBusConnection::disconnectFromBus(QStringLiteral("player-process-test"));
+    m_bus.stop();
+    ASSERT_TRUE(m_tool.waitForFinished(kWaitMs));
+    EXPECT_EQ(m_tool.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(m_tool.exitCode(), 3);
+    EXPECT_EQ(readUntil(m_tool, QProcess::StandardError, "mp-mpris: the session bus went away"),
+              "mp-mpris: the session bus went away");
 }
 
 } // namespace

@@ -1,22 +1,52 @@
-// Which process the bridge takes for the player, from the senders of the
-// player's messages, and when it says the player is gone.
+// Which process the bridge follows, from the senders of the player's
+// messages and the processes leaving the bus, and what reaches its picture
+// of the player when those come in the order that once made ghosts.
 
+#include <QDataStream>
 #include <QSignalSpy>
 
+#include "host/tools/mp-mpris/PlaySettings.h"
+#include "host/tools/mp-mpris/PlayerFeed.h"
 #include "host/tools/mp-mpris/PlayerMirror.h"
 #include "host/tools/mp-mpris/PlayerSenderTracker.h"
+#include "host/tools/mp-mpris/TrackLookup.h"
+#include "platform/StreamEncoding.h"
 #include "tests/support/TestEnvironment.h"
 
 namespace {
 
+class NoTracks : public TrackLookup {
+public:
+    std::optional<MediaRecord> find(const QString&) const override { return std::nullopt; }
+};
+
+class NoSettings : public PlaySettings {
+public:
+    int shuffleMode() const override { return 0; }
+    bool repeat() const override { return false; }
+    void storeShuffleMode(int) override {}
+};
+
+QByteArray state(qint32 value)
+{
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    MP_SetPayloadFormat(stream);
+    stream << value;
+    return bytes;
+}
+
 class PlayerSenderTrackerTest : public TestEnvironment {
 protected:
-    void idle(const QString& sender, const QCString& message) { tracker.heard(sender, PlayerMirror::kIdleChannel, message); }
-    void browser(const QString& sender, const QCString& message)
+    void idle(const QString& sender, const QCString& message, const QByteArray& data = {})
     {
-        tracker.heard(sender, PlayerMirror::kBrowserChannel, message);
+        feed.channelMessage(sender, PlayerMirror::kIdleChannel, message, data);
     }
-    QStringList watched() const
+    void browser(const QString& sender, const QCString& message, const QByteArray& data = {})
+    {
+        feed.channelMessage(sender, PlayerMirror::kBrowserChannel, message, data);
+    }
+    QStringList followed() const
     {
         QStringList names;
         for (const QList<QVariant>& call : changes)
@@ -25,47 +55,57 @@ protected:
     }
 
     PlayerSenderTracker tracker;
+    NoTracks tracks;
+    NoSettings settings;
+    PlayerMirror mirror{tracks, settings};
+    PlayerFeed feed{tracker, mirror};
     QSignalSpy changes{&tracker, &PlayerSenderTracker::playerChanged};
-    QSignalSpy gone{&tracker, &PlayerSenderTracker::playerGone};
 };
 
-TEST_F(PlayerSenderTrackerTest, TheFirstPlayerMessageNamesThePlayerAndAStartRenamesIt)
+TEST_F(PlayerSenderTrackerTest, TheNewestPlayerIsFollowed_AndWhenItGoesTheNewestOfTheOthers)
 {
     idle(":1.9", "/MP/Idle/Req/Next");
-    tracker.heard(":1.9", "MF_MSG_CHANNEL", "queryMPNowPlaying()");
-    idle("", "/MP/Idle/Info/State");
+    feed.channelMessage(":1.9", "MF_MSG_CHANNEL", "queryMPNowPlaying()", {});
+    idle("", "/MP/Idle/Info/State", state(1));
     EXPECT_EQ(tracker.player(), "") << "requests, other channels and nameless senders name no player";
 
-    idle(":1.4", "/MP/Idle/Info/State");
-    idle(":1.5", "/MP/Idle/Info/State");
-    browser(":1.5", "NowplayingState(int)");
-    EXPECT_EQ(tracker.player(), ":1.4") << "the first one to speak stays the player";
-    browser(":1.5", "MediaplayerStarted()");
-    EXPECT_EQ(tracker.player(), ":1.5");
+    idle(":1.12", "/MP/Idle/Info/State", state(1));
+    idle(":1.4", "/MP/Idle/Info/State", state(2));
+    browser(":1.30", "MediaplayerStarted()");
+    EXPECT_EQ(tracker.players(), (QStringList{":1.4", ":1.12", ":1.30"})) << "in the order they connected";
+    EXPECT_EQ(tracker.player(), ":1.30");
+    idle(":1.12", "/MP/Idle/Info/State", state(1));
+    EXPECT_EQ(mirror.playbackStatus(), "Stopped") << "news of a player not followed is not shown";
 
-    tracker.nameLeft(":1.4");
     tracker.nameLeft(":1.9");
-    EXPECT_EQ(gone.size(), 0);
-    tracker.nameLeft(":1.5");
-    EXPECT_EQ(gone.size(), 1);
-    EXPECT_EQ(tracker.player(), "");
-    EXPECT_EQ(watched(), (QStringList{":1.4", ":1.5", ""}));
+    browser(":1.30", "MediaplayerExited()");
+    EXPECT_EQ(tracker.player(), ":1.12");
+    idle(":1.12", "/MP/Idle/Info/State", state(1));
+    EXPECT_EQ(mirror.playbackStatus(), "Playing");
+    feed.nameLeft(":1.12");
+    EXPECT_EQ(tracker.player(), ":1.4");
+    EXPECT_EQ(mirror.playbackStatus(), "Stopped") << "what was shown was the gone player's";
+    idle(":1.4", "/MP/Idle/Info/Exit");
+    EXPECT_EQ(followed(), (QStringList{":1.12", ":1.30", ":1.12", ":1.4", ""}));
 }
 
-TEST_F(PlayerSenderTrackerTest, APlayerThatSaidItEndedIsNotGoneTwice)
+TEST_F(PlayerSenderTrackerTest, NewsOfAPlayerThatLeftNeverBringsItBack)
 {
-    browser(":1.4", "MediaplayerStarted()");
-    browser(":1.7", "MediaplayerExited()");
-    idle(":1.7", "/MP/Idle/Info/Exit");
-    EXPECT_EQ(tracker.player(), ":1.4") << "only the player's own exit ends it";
-    browser(":1.4", "MediaplayerExited()");
-    tracker.nameLeft(":1.4");
+    // Its last news, its death, then news that was under way: in this order
+    // two paths once delivered them, and the dead player stayed on show.
+    idle(":1.5", "/MP/Idle/Info/State", state(1));
+    EXPECT_TRUE(mirror.isPresent());
+    feed.nameLeft(":1.5");
+    idle(":1.5", "/MP/Idle/Info/State", state(1));
+    browser(":1.5", "NowplayingState(int)", state(1));
+    EXPECT_FALSE(mirror.isPresent());
+    EXPECT_EQ(mirror.playbackStatus(), "Stopped");
+    EXPECT_EQ(tracker.player(), "");
 
-    idle(":1.6", "/MP/Idle/Info/MetaInfo");
-    idle(":1.6", "/MP/Idle/Info/Exit");
-    tracker.nameLeft(":1.6");
-    EXPECT_EQ(gone.size(), 0);
-    EXPECT_EQ(watched(), (QStringList{":1.4", "", ":1.6", ""}));
+    // The next player is followed as usual.
+    browser(":1.6", "MediaplayerStarted()");
+    browser(":1.6", "NowplayingState(int)", state(2));
+    EXPECT_EQ(mirror.playbackStatus(), "Paused");
 }
 
 } // namespace

@@ -1,0 +1,185 @@
+// A flood of requests from another process: the player's memory stays
+// bounded, and a termination ends it at once, whatever is still queued.
+// Bounded by the number of messages sent, never by time.
+
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QEventLoop>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTimer>
+
+#include <algorithm>
+
+#include <gtest/gtest.h>
+#include <signal.h>
+
+#include "tests/scenarios/ScenarioRun.h"
+#include "tests/support/PrivateBus.h"
+
+namespace {
+
+const int kWaitMs = 15000;
+const int kFloodSize = 100000;
+const int kSampleEvery = 1000;
+const long kResidentLimitKb = 100 * 1024;
+// What the player may still do between the signal and its end: the request
+// it is acting on, not the queue behind it.
+const int kNextsAfterTermination = 5;
+
+/** The resident memory of process @p pid in kB; 0 when it cannot be read. */
+long residentKb(qint64 pid)
+{
+    QFile status(QStringLiteral("/proc/%1/status").arg(pid));
+    if (!status.open(QIODevice::ReadOnly))
+        return 0;
+    for (const QByteArray& line : status.readAll().split('\n')) {
+        if (line.startsWith("VmRSS:"))
+            return line.mid(6).trimmed().split(' ').value(0).toLong();
+    }
+    return 0;
+}
+
+// Hears the channel messages on the bus, to know when the player speaks.
+class ChannelHearing : public QObject {
+    Q_OBJECT
+public:
+    bool heardPlayer = false;
+
+Q_SIGNALS:
+    void playerSpoke();
+
+public Q_SLOTS:
+    void onMessage(const QDBusMessage& signal)
+    {
+        if (!heardPlayer && signal.arguments().value(1).toByteArray().startsWith("/MP/Idle/Info/")) {
+            heardPlayer = true;
+            emit playerSpoke();
+        }
+    }
+};
+
+class PlayerFloodTest : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        if (m_bus.address().isEmpty())
+            GTEST_SKIP() << m_bus.error().toStdString();
+        ASSERT_TRUE(m_run.scanSampleLibrary());
+        // Repeat, so that the player plays on however often it is moved on.
+        ASSERT_EQ(m_run.runText("setting MediaControlItem MusicRepeat bool:true\nquit\n"), 0);
+        ASSERT_TRUE(QDBusConnection::connectToBus(m_bus.address(), kConnection).isConnected());
+    }
+
+    void TearDown() override
+    {
+        m_player.kill();
+        m_player.waitForFinished(kWaitMs);
+        QDBusConnection::disconnectFromBus(kConnection);
+    }
+
+    /** Starts the player without a script, as a person would; true once it speaks on the bus. */
+    bool startPlayer()
+    {
+        ChannelHearing hearing;
+        QDBusConnection bus(kConnection);
+        bus.connect(QString(), "/org/mediaplayerhost/QCop", "org.mediaplayerhost.QCop", "Message", &hearing,
+                    SLOT(onMessage(QDBusMessage)));
+        QProcessEnvironment environment = m_bus.environment();
+#if defined(__SANITIZE_ADDRESS__)
+        // Freed memory the sanitizer holds back would count as resident.
+        environment.insert("ASAN_OPTIONS", environment.value("ASAN_OPTIONS") + ":quarantine_size_mb=8");
+#endif
+        m_player.setProcessEnvironment(environment);
+        m_player.setWorkingDirectory(ScenarioRun::sampleLibrary());
+        m_player.start(QStringLiteral(MP_BIN_DIR "/mediaplayer"),
+                       {"--data-dir", m_run.dataDir() + "/data", "--journal", journal(), "--quiet", "--log",
+                        m_run.dataDir() + "/flood.log", "--action", "PlayMusicListInMediaplayer", "isAllArtist=1",
+                        "isAllAlbum=0", "Album=Northern Lights", "isAllGenre=1", "isAllComposer=1", "FirstIndex=0",
+                        "StorageLocation=2"});
+        // It says where it is every second while it plays.
+        QEventLoop loop;
+        QObject::connect(&hearing, &ChannelHearing::playerSpoke, &loop, &QEventLoop::quit);
+        QTimer::singleShot(kWaitMs, &loop, &QEventLoop::quit);
+        loop.exec();
+        bus.disconnect(QString(), "/org/mediaplayerhost/QCop", "org.mediaplayerhost.QCop", "Message", &hearing,
+                       SLOT(onMessage(QDBusMessage)));
+        return hearing.heardPlayer;
+    }
+
+    /** Sends @p request kFloodSize times on the idle channel; the player's largest resident memory meanwhile. */
+    long flood(const QByteArray& request)
+    {
+        QDBusConnection bus(kConnection);
+        QDBusMessage signal =
+            QDBusMessage::createSignal("/org/mediaplayerhost/QCop", "org.mediaplayerhost.QCop", "Message");
+        signal << QByteArray("/MP/Idle/Channel") << request << QByteArray();
+        long peak = residentKb(m_player.processId());
+        for (int sent = 1; sent <= kFloodSize; ++sent) {
+            bus.send(signal);
+            if (sent % kSampleEvery == 0) {
+                // A call returns after the signals before it have left: the player has them.
+                bus.interface()->isServiceRegistered(QStringLiteral("org.freedesktop.DBus"));
+                peak = std::max(peak, residentKb(m_player.processId()));
+            }
+        }
+        return peak;
+    }
+
+    QString journal() const { return m_run.dataDir() + "/flood.jsonl"; }
+
+    /** Journal lines of @p kind whose call, or message, is @p name, in the journal's first @p bytes. */
+    int count(const QString& kind, const QString& name, qint64 bytes = -1) const
+    {
+        QFile file(journal());
+        if (!file.open(QIODevice::ReadOnly))
+            return 0;
+        int found = 0;
+        for (const QByteArray& line : file.read(bytes < 0 ? file.size() : bytes).split('\n')) {
+            const QJsonObject object = QJsonDocument::fromJson(line).object();
+            found += object.value("kind").toString() == kind
+                     && (object.value("call").toString() == name || object.value("message").toString() == name);
+        }
+        return found;
+    }
+
+    const QString kConnection = QStringLiteral("player-flood-test");
+    PrivateBus m_bus;
+    ScenarioRun m_run;
+    QProcess m_player;
+};
+
+TEST_F(PlayerFloodTest, UpdateAndNextFloods_KeepMemoryBounded_AndTerminationEndsThePlayerAtOnce)
+{
+    ASSERT_TRUE(startPlayer()) << m_player.readAllStandardError().toStdString();
+    const long before = residentKb(m_player.processId());
+    ASSERT_GT(before, 0);
+
+    const long updatePeak = flood("/MP/Idle/Req/Update");
+    const long nextPeak = flood("/MP/Idle/Req/Next");
+    // Where the journal stood when the signal went: the player writes it line by line.
+    const qint64 journalAtTermination = QFileInfo(journal()).size();
+    ASSERT_EQ(::kill(pid_t(m_player.processId()), SIGTERM), 0);
+    ASSERT_TRUE(m_player.waitForFinished(kWaitMs));
+    const int nextsAtTermination = count("control", "next", journalAtTermination);
+    EXPECT_EQ(m_player.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(m_player.exitCode(), 0) << m_player.readAllStandardError().toStdString();
+
+    EXPECT_GT(nextsAtTermination, 0) << "the player acted on the requests";
+    EXPECT_LE(count("control", "next") - nextsAtTermination, kNextsAfterTermination)
+        << "acted on " << count("control", "next") - nextsAtTermination << " queued requests after SIGTERM";
+    EXPECT_LT(std::max(updatePeak, nextPeak) - before, kResidentLimitKb - 31 * 1024)
+        << "from " << before << " kB to " << updatePeak << " kB (Update) and " << nextPeak << " kB (Next)";
+#if !defined(__SANITIZE_ADDRESS__)
+    EXPECT_LT(std::max(updatePeak, nextPeak), kResidentLimitKb) << updatePeak << " kB, " << nextPeak << " kB";
+#endif
+}
+
+} // namespace
+
+#include "PlayerFloodTest.moc"
