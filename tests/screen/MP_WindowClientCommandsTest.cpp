@@ -303,7 +303,8 @@ TEST_F(MP_WindowClientCommandsTest, BuyMore_NoticeOnlyWhenTheFlagWasSet)
     engine.path = folder + "/x.mp3";
     run("onMenuBuyMore");
     EXPECT_EQ(dialogs(), QStringList{"Buy More|This song has been marked. During synchronization with a PC you will be "
-                                     "prompted to buy more related content.|0"});
+                                     "prompted to buy more related content.|1"})
+        << "a notice: one button, answered 1";
     for (const QJsonObject& line : journal()) {
         if (line.value("kind").toString() == QLatin1String("dialog")) {
             EXPECT_EQ(line.value("class").toString() + QString::number(line.value("type").toInt()), "VmMessageDlg2")
