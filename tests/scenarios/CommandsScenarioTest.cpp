@@ -68,6 +68,21 @@ TEST(CommandsScenarioTest, DeletingThePlayingSong_DeletesItsFileAndPlaysTheNext)
     EXPECT_EQ(scenario.titlesPlayed().mid(0, 2), (QStringList{"Paper Boats", "Rain on Glass"}));
 }
 
+TEST(CommandsScenarioTest, DeleteAnsweredAfterTheSongEnded_DeletesNeitherSong)
+{
+    ScenarioRun scenario;
+    QTemporaryDir folder;
+    ASSERT_TRUE(copyPaperBoats(folder, &scenario));
+    ASSERT_EQ(scenario.run(ScenarioRun::script("commands_delete_after_song_ended.mps"), kPaperBoats), 0)
+        << qPrintable(scenario.errorOutput());
+    EXPECT_EQ(dialogAnswers(scenario), QStringList({"Delete 1", "Delete 1"})) << "the question, then the notice";
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files),
+              QStringList({"01 Paper Boats.wav", "02 Rain on Glass.wav", "03 Lanterns.wav"}));
+    EXPECT_TRUE(scenario.argsOf("file", "deleted").isEmpty());
+    EXPECT_EQ(scenario.calls().count("engine:notifyCurrentChanged"), 0);
+    EXPECT_EQ(scenario.titlesPlayed(), (QStringList{"Paper Boats", "Rain on Glass"})) << "and it plays on";
+}
+
 TEST(CommandsScenarioTest, DeletingFromAFolder_PlaysTheFolderOn)
 {
     QTemporaryDir folder;
