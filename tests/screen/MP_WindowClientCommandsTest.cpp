@@ -302,7 +302,7 @@ TEST_F(MP_WindowClientCommandsTest, Delete_OfAFileReplacedUnderItsName_KeepsTheN
     // The database list compares with the size and time the database holds.
     auto database = MediaDatabase::open(MediaDatabase::defaultFile());
     const QString music = makeFolder("music", {"x.mp3", "y.mp3"});
-    for (const QString name : {QStringLiteral("X"), QStringLiteral("Y")}) {
+    for (const QString& name : QStringList{"X", "Y"}) {
         const QString path = music + '/' + name.toLower() + ".mp3";
         database->addMedia(song(path).title(name).stampOf(QFileInfo(path)));
     }
