@@ -87,7 +87,8 @@ public:
      *  arbitrary bytes. */
     static std::optional<int> readSetupValue(const QByteArray& payload);
 
-    /** Removes the current entry: from its group for a group list, else deletes its file. */
+    /** Removes the current entry: from its group for a group list, else deletes its file,
+     *  but only while that file is still the one the database holds. True when done. */
     bool removeCurrent();
 
     // Read-only views for the rest of the player.

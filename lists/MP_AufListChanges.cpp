@@ -44,7 +44,17 @@ bool MP_AufList::removeCurrent()
         return metadataRemoveItemsFromGroup(m_handler, &m_removeRecord, &status) == 0;
     }
     AufChangeTrace(3, "system list\n");
-    return ::unlink(m_currentItem.path.toUtf8().constData()) == 0;
+    const QByteArray path = m_currentItem.path.toUtf8();
+    // The list knows its songs by path only: a file that another program put
+    // under the same name since (a rename over it) is not the song the user
+    // chose to delete. Deleted only while it is still the file the database
+    // holds; anything else (changed, unknown, no answer) keeps it.
+    const int check = metadataCheckFile(m_handler, path.constData());
+    if (check != METADATA_FILE_AS_STORED) {
+        AufChangeTrace(3, "not the file the database holds (%d), kept: %s\n", check, path.constData());
+        return false;
+    }
+    return ::unlink(path.constData()) == 0;
 }
 
 void MP_AufList::indication_callback(void* self, unsigned short indication, void* data)

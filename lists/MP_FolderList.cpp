@@ -69,6 +69,8 @@ void MP_FolderList::initialize()
         }
     }
     m_entries->sort();
+    for (int i = 0; i < m_entries->count(); ++i)
+        m_stamps.push_back(MP_FileStamp::of(m_entries->at(i)->absFilePath()));
 
     m_currentIndex = 0;
     const QFileInfo start(m_file);
@@ -137,9 +139,20 @@ void MP_FolderList::verifyIndex()
 bool MP_FolderList::removeItem(int index)
 {
     const MYSTUFF_FileInfo* entry = m_entries->at(index);
-    if (!entry || !QFile::remove(entry->absFilePath()))
+    if (!entry)
+        return false;
+    const QString path = entry->absFilePath();
+    // The entry names a file by path only. Another program may have put
+    // another file under that name since the folder was read (a rename over
+    // it): that one is not the file the user chose to delete, so it stays.
+    if (!MP_FileStamp::of(path).isSameFileAs(m_stamps[size_t(index)])) {
+        FolderListTrace(3, "MP_FolderList::removeItem, %s is not the file listed, kept\n", qPrintable(path));
+        return false;
+    }
+    if (!QFile::remove(path))
         return false;
     m_entries->remove(index);
+    m_stamps.erase(m_stamps.begin() + index);
     // A later current entry moves back with the list, so it stays on its
     // file; a removed current entry is followed by the one that took its
     // place (or the new last one), so the index stays inside the list.

@@ -3,7 +3,8 @@
 // plain current index and no shuffle, repeat or database. Built from the
 // file to start with; it holds every file of that file's folder with a
 // supported extension of the same media class (audio, video or picture).
-// Removing an entry deletes its file.
+// Removing an entry deletes its file, but only while it is still the file
+// that was listed (see MP_FileStamp).
 //
 // Part of the library's exported interface, beside the three entry points:
 // a host that wants to play a folder builds one and hands it to its engine.
@@ -12,7 +13,9 @@
 #include <QString>
 
 #include <memory>
+#include <vector>
 
+#include "lists/MP_FileStamp.h"
 #include "lists/MP_ListInterface.h"
 
 class MYSTUFF_FileInfoList;
@@ -41,7 +44,8 @@ public:
     /** Moves to @p index, clamped into the list. */
     void moveTo(int index) override;
     /** Deletes the file at @p index and drops its entry; false when the index is
-     *  outside the list or the file cannot be deleted (then nothing changes). */
+     *  outside the list, the file is no longer the one listed (replaced or
+     *  changed since), or it cannot be deleted (then nothing changes). */
     bool removeItem(int index) override;
     /** Null: a folder list has no stored description. */
     QByteArray* getReservedData() override;
@@ -56,6 +60,8 @@ private:
     QString m_file;
     int m_currentIndex = 0;
     std::unique_ptr<MYSTUFF_FileInfoList> m_entries;  // owns its entries
+    /** The stamp of each entry's file when the folder was read, in entry order. */
+    std::vector<MP_FileStamp> m_stamps;
 
     MP_FolderList(const MP_FolderList&) = delete;
     MP_FolderList& operator=(const MP_FolderList&) = delete;

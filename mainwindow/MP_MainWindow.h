@@ -138,7 +138,8 @@ public Q_SLOTS:
     /** The flip closed: hides to the idle screen when the player screen
      *  wants to keep playing (unless the engine dealt with it), else quits. */
     void onFlipClosed();
-    /** The list's current entry changed: play it, or quit when the list is empty. */
+    /** The current entry of the list the engine plays (the window's own, or one
+     *  the host gave the engine) changed: play it, or quit when the list is empty. */
     void onCurrentItemChanged();
     /** The list's shuffle or repeat mode changed: tell the engine and the media browser. */
     void onShuffleRepeat(int shuffleMode, bool repeat);

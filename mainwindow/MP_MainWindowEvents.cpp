@@ -265,7 +265,14 @@ void MP_MainWindow::slotContentTypeChanged(MP_CONTENT_TYPE type)
 
 void MP_MainWindow::onCurrentItemChanged()
 {
-    if (m_list && m_list->count() != 0) {
+    // The list the engine plays decides, not only the window's own: a host
+    // may hand the engine a list of its own (a folder list), and the window
+    // then has none. Judged by the window's list alone, deleting one file of
+    // a folder would quit the player with the rest of the folder unplayed.
+    MP_ListInterface* list = m_commonPlayer ? m_commonPlayer->getCurrentList() : nullptr;
+    if (!list)
+        list = m_list.get();
+    if (list && list->count() != 0) {
         if (m_commonPlayer)
             m_commonPlayer->notifyCurrentChanged();
     } else {

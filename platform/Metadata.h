@@ -352,6 +352,19 @@ int saveLastPlayedSong(const char* latin1Path, int index);
 /** Nonzero when @p path (UTF-8) is a media file of the library's database. */
 int isMediaFile(const char* path);
 
+/** What metadataCheckFile finds. */
+enum {
+    METADATA_FILE_AS_STORED = 0,   ///< the file has the size and modification time the database holds
+    METADATA_FILE_CHANGED = 1,     ///< the database holds the path, but the file differs from it or is gone
+    METADATA_FILE_NOT_STORED = 2,  ///< the database holds no media object at the path
+    METADATA_FILE_UNKNOWN = 3,     ///< no path, no connection for the handle, or the database failed
+};
+/** Compares the file at @p utf8Path with the media object the database holds for that
+ *  path, as @p handle's connection sees the database (a list's view of it): whether it
+ *  is still the file that was stored, or another file under the same name. One of the
+ *  METADATA_FILE_ values. */
+int metadataCheckFile(unsigned int handle, const char* utf8Path);
+
 // ---------------------------------------------------------------------------
 // Marks and the apply-to function
 // ---------------------------------------------------------------------------

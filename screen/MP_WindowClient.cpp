@@ -104,6 +104,9 @@ MP_WindowClient::~MP_WindowClient()
 void MP_WindowClient::setUserList(bool userList)
 {
     m_isUserList = userList;
+    // An open menu must not go on offering Remove for a list that now
+    // deletes files, or Delete for one that does not.
+    refreshItemRules();
 }
 
 void MP_WindowClient::setBackHide(bool backHide)
@@ -194,8 +197,7 @@ void MP_WindowClient::onShowMenu()
     if (!isValidScreen(m_screenIndex))
         return;
     refreshMenu();
-    if (m_screenIndex == 0)
-        refreshLocalSoundItems();
+    refreshItemRules();
     // "Send to" stays visible: its entries decide for themselves.
 }
 
@@ -209,6 +211,29 @@ void MP_WindowClient::refreshMenu()
         m_optionsMenu->setItemVisible(screen.sdIndex, STUFF_Global::hasMMCSDCard(true));
     hideDynamicItem(screen.useBTIndex);
     hideDynamicItem(screen.useHSIndex);
+}
+
+void MP_WindowClient::refreshItemRules()
+{
+    // Decided for the item that plays now, not once per screen: stepping to
+    // the next song (a preloaded one, say) keeps the screen but not the rules.
+    if (!m_optionsMenu || !isValidScreen(m_screenIndex))
+        return;
+    switch (m_screenIndex) {
+    case 0:
+        checkDeleteOrRemoveMenuItem(1005, 1006);
+        refreshLocalSoundItems();
+        break;
+    case 1:
+        checkDeleteOrRemoveMenuItem(2005, 2006);
+        break;
+    case 4:
+        checkBookmarkMenuItem(6002, 6003);
+        break;
+    case 5:
+        checkBookmarkMenuItem(7001, 7002);
+        break;
+    }
 }
 
 void MP_WindowClient::hideDynamicItem(int index)
@@ -245,13 +270,13 @@ void MP_WindowClient::setupMenu()
     m_optionsMenu->setMenu(m_menuParser.get(), QString::fromLatin1(screen.screenName));
     const MENUITEM_TABLE table = menuItemsOfScreen(m_screenIndex);
     setMenuTextAndSlot(table.items, table.count);
+    // The rules that depend on the item being played follow at every opening
+    // (refreshItemRules).
     switch (m_screenIndex) {
     case 0:
-        checkDeleteOrRemoveMenuItem(1005, 1006);
         checkBlogMenuItem(1010);
         break;
     case 1:
-        checkDeleteOrRemoveMenuItem(2005, 2006);
         checkBlogMenuItem(2013);
         break;
     case 2:
@@ -261,12 +286,6 @@ void MP_WindowClient::setupMenu()
     case 3:
     case 7:
         checkHideDownloadMenuItem(5001, 5004);
-        break;
-    case 4:
-        checkBookmarkMenuItem(6002, 6003);
-        break;
-    case 5:
-        checkBookmarkMenuItem(7001, 7002);
         break;
     }
 }
@@ -294,20 +313,25 @@ void MP_WindowClient::setMenuTextAndSlot(const MENUITEM_PROPERTY* table, int cou
 
 void MP_WindowClient::checkDeleteOrRemoveMenuItem(int deleteIndex, int removeIndex)
 {
-    if (m_isUserList) {
-        if (removeIndex != -1)
-            m_optionsMenu->setItemVisible(removeIndex, true);
-        if (deleteIndex != -1)
-            m_optionsMenu->setItemVisible(deleteIndex, false);
-        return;
-    }
     if (removeIndex != -1)
-        m_optionsMenu->setItemVisible(removeIndex, false);
-    if (deleteIndex == -1)
-        return;
-    const QString folder = QFileInfo(getCurrentFile()).absolutePath();
-    const bool fixed = MYSTUFF_FixedFolder::isPreloadFolder(folder) || !QFileInfo(folder).isWritable();
-    m_optionsMenu->setItemVisible(deleteIndex, !fixed);
+        m_optionsMenu->setItemVisible(removeIndex, isRemovalOffered(Removal::Remove));
+    if (deleteIndex != -1)
+        m_optionsMenu->setItemVisible(deleteIndex, isRemovalOffered(Removal::Delete));
+}
+
+bool MP_WindowClient::isRemovalOffered(Removal removal)
+{
+    // A single file plays without a list, and there is nothing to take it out
+    // of: both items are hidden rather than asking and then doing nothing.
+    const QString path = getCurrentFile();
+    if (!getCommonPlayer()->getCurrentList() || path.isEmpty())
+        return false;
+    if (removal == Removal::Remove)
+        return m_isUserList;
+    if (m_isUserList)
+        return false;
+    const QString folder = QFileInfo(path).absolutePath();
+    return !MYSTUFF_FixedFolder::isPreloadFolder(folder) && QFileInfo(folder).isWritable();
 }
 
 void MP_WindowClient::checkBlogMenuItem(int blogIndex)
@@ -326,7 +350,24 @@ void MP_WindowClient::checkBookmarkMenuItem(int editIndex, int saveIndex)
 {
     const bool bookmarksElsewhere = readFlexBit(kBookmarkBit);
     m_optionsMenu->setItemVisible(saveIndex, !bookmarksElsewhere);
-    m_optionsMenu->setItemVisible(editIndex, !bookmarksElsewhere && !m_bookmark.isEmpty());
+    m_optionsMenu->setItemVisible(editIndex, !bookmarksElsewhere && hasBookmarkOfCurrentItem());
+}
+
+bool MP_WindowClient::hasBookmarkOfCurrentItem()
+{
+    forgetBookmarkOfOtherItem();
+    return m_bookmarkSaved && !m_bookmark.isEmpty();
+}
+
+void MP_WindowClient::forgetBookmarkOfOtherItem()
+{
+    // The bookmark belongs to the stream it was saved on: on another one,
+    // "Edit Bookmark" would edit the wrong stream's bookmark.
+    if (m_bookmarkSaved && getCurrentFile() != m_bookmarkPath) {
+        m_bookmarkSaved = false;
+        m_bookmark = QString();
+        m_bookmarkPath = QString();
+    }
 }
 
 void MP_WindowClient::setDownloading(bool downloading)
@@ -347,6 +388,9 @@ void MP_WindowClient::updateMetaInfo(const QString&, const QString&, const QStri
 {
     if (!m_optionsMenu)
         initializeMenu();
+    // Another item may play now.
+    forgetBookmarkOfOtherItem();
+    refreshItemRules();
 }
 
 void MP_WindowClient::updateListInfo(MP_ListInterface*)
@@ -357,6 +401,9 @@ void MP_WindowClient::updateListInfo(MP_ListInterface*)
     else
         closeDlmSession();
     setDownloading(mediumType == MP_MEDIUM_PROGRESSIVE_DOWNLOAD || mediumType == MP_MEDIUM_TRANSFER_SESSION);
+    // The list stepped, or another list (or none) plays.
+    forgetBookmarkOfOtherItem();
+    refreshItemRules();
 }
 
 void MP_WindowClient::updateDownloadProgress(int progress, int value)

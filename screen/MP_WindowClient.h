@@ -9,7 +9,10 @@
 //
 // The menu is created at the first meta-information report, gets its items
 // at its first opening, is rebuilt whenever it opens on another screen than
-// the last time, and has its visibility refreshed at every opening.
+// the last time, and has its visibility refreshed at every opening. The
+// items that depend on the item being played (Delete or Remove, the local
+// sound items, Edit Bookmark) are decided anew at every opening and whenever
+// the engine reports another item or list.
 //
 // The commands behind the menu items and the Back key act on the item being
 // played (getCurrentFile()); they live in MP_WindowClientCommands.cpp (the
@@ -44,8 +47,8 @@ public:
      *  widget, and no registered action is destroyed. */
     ~MP_WindowClient() override;
 
-    /** Whether the list is a user play list (Remove instead of Delete); takes
-     *  effect when the menu is next built. */
+    /** Whether the list is a user play list (Remove instead of Delete); the
+     *  menu follows at once. */
     void setUserList(bool userList);
     /** Whether Back hides the player rather than quitting it. */
     void setBackHide(bool backHide);
@@ -146,9 +149,35 @@ private:
     /** Tells the download manager that the user cancelled a progressive
      *  download, or closes the transfer session. */
     void cancelDownload();
+    /** The two ways of taking the current item out: Delete (the file goes)
+     *  and Remove (it leaves a user play list). */
+    enum class Removal { Delete, Remove };
+    /** The item a Delete or Remove was chosen on, taken before the question. */
+    struct ChosenItem {
+        MP_ListInterface* list = nullptr;  // the engine's list; not owned
+        int index = -1;
+        QString path;
+    };
+    /** Whether @p removal applies to what plays now: a list plays, Remove
+     *  only in a user play list, Delete only outside one and only for a file
+     *  in a folder that is neither preloaded nor read-only. */
+    bool isRemovalOffered(Removal removal);
+    ChosenItem currentItem();
+    /** Whether @p chosen is still the engine's list's current item. */
+    bool isStillCurrent(const ChosenItem& chosen);
+    /** Asks, then takes out the item that was current when the command was chosen. */
+    void confirmAndRemove(Removal removal);
     /** Removes the current item from the engine's list; quits when that
-     *  empties it, else moves playback to the new current item. */
-    void removeCurrent();
+     *  empties it, else moves playback to the new current item. False when
+     *  the list refused at once. */
+    bool removeCurrent();
+    /** An information notice with one button. */
+    static void showNotice(const QString& title, const QString& text);
+    /** Re-decides the menu items that depend on the item being played. */
+    void refreshItemRules();
+    /** Forgets a saved bookmark once another item plays. */
+    void forgetBookmarkOfOtherItem();
+    bool hasBookmarkOfCurrentItem();
     void initDlmSession();
     void closeDlmSession();
 
@@ -169,7 +198,8 @@ private:
     bool m_sessionStarted;
     MP_ActionList m_actionList;  // registered actions, not owned
     QString m_bookmark;          // the bookmark saved for the current stream
-    bool m_bookmarkSaved;
+    bool m_bookmarkSaved;        // a save stored a bookmark (m_bookmark) for m_bookmarkPath
+    QString m_bookmarkPath;      // the stream the bookmark was saved for
     std::unique_ptr<QCopChannel> m_fileManagerChannel;
 
     Q_DISABLE_COPY(MP_WindowClient)

@@ -5,6 +5,8 @@
 
 #include "screen/MP_WindowClient.h"
 
+#include <QFileInfo>
+
 #include "lists/MP_ListInterface.h"
 #include "platform/MP_CommonPlayer.h"
 #include "platform/MP_Utility.h"
@@ -25,6 +27,7 @@ const char* const kUserCancelMessage = "MPUserCancelDL()";
 const char* const kShowUIMessage = "ShowUI";
 
 const int kQuestionDialog = 1;
+const int kInformationDialog = 2;
 const int kYes = 1;
 const int kLeftKey = 0;
 // A content type beyond sound and video that the engine may report; its
@@ -106,32 +109,92 @@ void MP_WindowClient::onMenuSetup()
 
 void MP_WindowClient::onMenuDelete()
 {
-    if (askYesNo("TXT_RID_HEADER_DELETE", "Delete", "TXT_RID_INSTRUCTIONALTXT_DELETE_THIS_FILE",
-                 "Are you sure you want to delete this file?"))
-        removeCurrent();
+    confirmAndRemove(Removal::Delete);
 }
 
 void MP_WindowClient::onMenuRemove()
 {
-    if (askYesNo("TXT_RID_HEADER_REMOVE", "Remove", "TXT_RID_INSTRUCTIONALTXT_REMOVE_THIS_FILE",
-                 "Are you sure you want to remove this file?"))
-        removeCurrent();
+    confirmAndRemove(Removal::Remove);
 }
 
-void MP_WindowClient::removeCurrent()
+void MP_WindowClient::confirmAndRemove(Removal removal)
+{
+    const bool deletes = removal == Removal::Delete;
+    // Decided again now, not only when the menu was built: the list or its
+    // item may have changed under an open menu.
+    if (!isRemovalOffered(removal)) {
+        WindowCommandTrace(3, "MP_WindowClient::confirmAndRemove, not offered for what plays now\n");
+        return;
+    }
+    const ChosenItem chosen = currentItem();
+    const bool yes = deletes ? askYesNo("TXT_RID_HEADER_DELETE", "Delete", "TXT_RID_INSTRUCTIONALTXT_DELETE_THIS_FILE",
+                                        "Are you sure you want to delete this file?")
+                             : askYesNo("TXT_RID_HEADER_REMOVE", "Remove", "TXT_RID_INSTRUCTIONALTXT_REMOVE_THIS_FILE",
+                                        "Are you sure you want to remove this file?");
+    if (!yes)
+        return;
+    const QString title = deletes ? MP_tr("TXT_RID_HEADER_DELETE", "Delete") : MP_tr("TXT_RID_HEADER_REMOVE", "Remove");
+    // The question is modal, but the engine plays on under it: the song it
+    // was asked about may have ended, or another list may play, by the time
+    // of the answer. The answer was about the chosen item, so it is never
+    // applied to whatever plays now; nor is the chosen item taken out behind
+    // the user's back while the screen shows another. Nothing is changed and
+    // a notice says why; choosing the command again acts on what plays.
+    if (!isStillCurrent(chosen) || !isRemovalOffered(removal)) {
+        WindowCommandTrace(3, "MP_WindowClient::confirmAndRemove, playback moved on, nothing changed\n");
+        showNotice(title, MP_tr("TXT_RID_INSTRUCTIONALTXT_FILE_NO_LONGER_PLAYING",
+                                "The file you chose is no longer playing. Nothing was changed."));
+        return;
+    }
+    // The list refuses to delete a file that is no longer the one it listed
+    // (another file renamed over it); the file is then still there.
+    if (!removeCurrent() && deletes && QFileInfo::exists(chosen.path)) {
+        showNotice(title, MP_tr("TXT_RID_INSTRUCTIONALTXT_FILE_NOT_DELETED",
+                                "The file was not deleted: it was changed or replaced since it was listed, "
+                                "or it cannot be deleted."));
+    }
+}
+
+MP_WindowClient::ChosenItem MP_WindowClient::currentItem()
+{
+    ChosenItem item;
+    item.list = getCommonPlayer()->getCurrentList();
+    if (item.list) {
+        item.index = item.list->getCurrentIndex();
+        item.path = item.list->getCurrent();
+    }
+    return item;
+}
+
+bool MP_WindowClient::isStillCurrent(const ChosenItem& chosen)
+{
+    // The path as well as the list and the index: a list deleted meanwhile
+    // may have left its address to a new one.
+    const ChosenItem now = currentItem();
+    return chosen.list && now.list == chosen.list && now.index == chosen.index && now.path == chosen.path;
+}
+
+bool MP_WindowClient::removeCurrent()
 {
     MP_ListInterface* list = getCommonPlayer()->getCurrentList();
     if (!list)
-        return;
+        return false;
     // A database list answers false and reports the change itself later.
     if (!list->removeItem(list->getCurrentIndex())) {
-        WindowCommandTrace(3, "MP_WindowClient::removeCurrent, the list removes later\n");
-        return;
+        WindowCommandTrace(3, "MP_WindowClient::removeCurrent, the list removes later or refused\n");
+        return false;
     }
     if (list->count() == 0)
         emit quitApp();
     else
         emit signalCurrentChanged();
+    return true;
+}
+
+void MP_WindowClient::showNotice(const QString& title, const QString& text)
+{
+    VmMessageDlg notice(kInformationDialog, title, text);
+    notice.exec();
 }
 
 void MP_WindowClient::onNormalSize()

@@ -65,7 +65,9 @@ void MP_WindowClient::onMenuPlaylist()
 
 void MP_WindowClient::onMenuEditBookmark()
 {
-    if (m_bookmarkSaved)
+    // Only the bookmark of the stream that plays: one saved on another
+    // stream is forgotten, never edited in its place.
+    if (hasBookmarkOfCurrentItem())
         MP_ShareUtility::editBookmark(m_bookmark);
 }
 
@@ -74,11 +76,19 @@ void MP_WindowClient::onMenuSaveBookmark()
     const QString path = getCurrentFile();
     if (path.isEmpty())
         return;
+    QString identity;
+    MP_ShareUtility::saveBookmark(path, identity);
+    // Saved only when the store gave the bookmark an identity: a save that
+    // stored nothing leaves nothing to edit, and an earlier bookmark of this
+    // stream stays the one to edit.
+    if (identity.isEmpty()) {
+        WindowShareTrace(3, "MP_WindowClient::onMenuSaveBookmark, nothing stored\n");
+        return;
+    }
     m_bookmarkSaved = true;
-    m_bookmark = QString();
-    MP_ShareUtility::saveBookmark(path, m_bookmark);
-    // A save that stored nothing leaves nothing to edit: the item stays hidden.
-    if (m_bookmark.isEmpty() || !m_optionsMenu)
+    m_bookmark = identity;
+    m_bookmarkPath = path;
+    if (!m_optionsMenu)
         return;
     const int contentType = getCommonPlayer()->getContentType();
     if (contentType == MP_CONTENT_SOUND)

@@ -151,6 +151,14 @@
         <source>Are you sure you want to remove this file?</source>
         <translation>Möchten Sie diese Datei wirklich entfernen?</translation>
     </message>
+    <message id="TXT_RID_INSTRUCTIONALTXT_FILE_NO_LONGER_PLAYING">
+        <source>The file you chose is no longer playing. Nothing was changed.</source>
+        <translation>Die gewählte Datei wird nicht mehr abgespielt. Es wurde nichts geändert.</translation>
+    </message>
+    <message id="TXT_RID_INSTRUCTIONALTXT_FILE_NOT_DELETED">
+        <source>The file was not deleted: it was changed or replaced since it was listed, or it cannot be deleted.</source>
+        <translation>Die Datei wurde nicht gelöscht: Sie wurde seit dem Einlesen geändert oder ersetzt, oder sie kann nicht gelöscht werden.</translation>
+    </message>
     <message id="TXT_RID_HEADER_BUY_MORE">
         <source>Buy More</source>
         <translation>Mehr kaufen</translation>

@@ -302,13 +302,27 @@ bool ScriptRunner::commandRemove(const QStringList& arguments, QString* error)
 
 bool ScriptRunner::commandDialog(const QStringList& arguments, QString* error)
 {
-    bool ok = arguments.size() == 2 && arguments.first() == QLatin1String("answer");
+    const bool hasDelay = arguments.size() == 4 && arguments.at(2) == QLatin1String("after");
+    bool ok = (arguments.size() == 2 || hasDelay) && arguments.first() == QLatin1String("answer");
     const int answer = ok ? arguments.at(1).toInt(&ok) : 0;
     if (!ok) {
-        *error = QStringLiteral("expects \"answer N\"");
+        *error = QStringLiteral("expects \"answer N\" or \"answer N after MS\"");
         return false;
     }
-    HostDialogs::queueAnswer(answer);
+    if (!hasDelay) {
+        HostDialogs::queueAnswer(answer);
+        return true;
+    }
+    int milliseconds = 0;
+    if (!ScriptArguments::milliseconds(arguments.mid(3), &milliseconds, error))
+        return false;
+    if (!HostEngineClock::isManual()) {
+        *error = QStringLiteral("the clock is not manual (say \"clock manual\" first)");
+        return false;
+    }
+    // The engine plays on while the question is open, as under a person
+    // who takes that long to answer.
+    HostDialogs::queueAnswer(answer, [milliseconds] { HostEngineClock::advance(milliseconds); });
     return true;
 }
 

@@ -11,7 +11,7 @@
 //   setting GROUP KEY int:N|bool:true|false   write the player's settings store (application 71)
 //   next | previous | playpause the playback control, as a headset or the screen would
 //   remove                      remove the playing entry through the list, without asking
-//   dialog answer N             the next dialog answers N
+//   dialog answer N [after MS]  the next question answers N (after the manual clock moved MS while it was open)
 //   db add|remove|touch PATH    change the media database as the scanner does
 //   flip open|closed            the phone's flip moves; the application tells the window
 //   display COMMAND [ARG]       the user's command on the external display (DisplayCommandParser)

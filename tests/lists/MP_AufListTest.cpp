@@ -513,7 +513,8 @@ TEST_F(MP_AufListTest, RemoveItem_TakesTheCurrentOutOfItsGroupOrDeletesItsFile)
         const QString path = files.filePath(QStringLiteral("song%1.mp3").arg(i));
         QFile file(path);
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        ids.append(database->addMedia(song(path).title(QStringLiteral("Song %1").arg(i))));
+        file.close();
+        ids.append(database->addMedia(song(path).title(QStringLiteral("Song %1").arg(i)).stampOf(QFileInfo(path))));
     }
     const quint32 group = database->addGroup(METADATA_GROUP_USER, QStringLiteral("Mine"));
     ASSERT_TRUE(database->setGroupMembers(group, {ids.at(2), ids.at(0), ids.at(1)}));

@@ -35,27 +35,66 @@ QStringList downloadManagerMessages(const ScenarioRun& scenario)
     return messages;
 }
 
+/** Copies one album of the sample library into @p folder (so the library stays
+ *  whole) and, with @p scenario, scans the copy into that run's database. */
+bool copyPaperBoats(const QTemporaryDir& folder, const ScenarioRun* scenario)
+{
+    const QDir album(ScenarioRun::sampleLibrary() + "/Music/Aurora Lane/Paper Boats");
+    for (const QString& name : album.entryList(QDir::Files)) {
+        if (!QFile::copy(album.filePath(name), folder.filePath(name)))
+            return false;
+    }
+    if (!scenario)
+        return true;
+    QProcess scan;
+    scan.start(MP_BIN_DIR "/mp-scan", {"--data-dir", scenario->dataDir() + "/data", folder.path()});
+    return scan.waitForFinished(60000) && scan.exitCode() == 0;
+}
+
+const QStringList kPaperBoats{"--action", "PlayMusicListInMediaplayer", "isAllArtist=1", "isAllAlbum=0",
+                              "Album=Paper Boats", "isAllGenre=1", "isAllComposer=1", "StorageLocation=2"};
+
 TEST(CommandsScenarioTest, DeletingThePlayingSong_DeletesItsFileAndPlaysTheNext)
 {
-    // A copy of one album, scanned on its own: the sample library stays whole.
     ScenarioRun scenario;
     QTemporaryDir folder;
-    const QDir album(ScenarioRun::sampleLibrary() + "/Music/Aurora Lane/Paper Boats");
-    for (const QString& name : album.entryList(QDir::Files))
-        ASSERT_TRUE(QFile::copy(album.filePath(name), folder.filePath(name)));
-    QProcess scan;
-    scan.start(MP_BIN_DIR "/mp-scan", {"--data-dir", scenario.dataDir() + "/data", folder.path()});
-    ASSERT_TRUE(scan.waitForFinished(60000) && scan.exitCode() == 0);
-
-    const QStringList paperBoats{"--action", "PlayMusicListInMediaplayer", "isAllArtist=1", "isAllAlbum=0",
-                                 "Album=Paper Boats", "isAllGenre=1", "isAllComposer=1", "StorageLocation=2"};
-    ASSERT_EQ(scenario.run(ScenarioRun::script("commands_delete_playing.mps"), paperBoats), 0)
+    ASSERT_TRUE(copyPaperBoats(folder, &scenario));
+    ASSERT_EQ(scenario.run(ScenarioRun::script("commands_delete_playing.mps"), kPaperBoats), 0)
         << qPrintable(scenario.errorOutput());
     EXPECT_EQ(dialogAnswers(scenario), QStringList{"Delete 1"});
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList({"02 Rain on Glass.wav", "03 Lanterns.wav"}));
     EXPECT_EQ(scenario.argsOf("file", "deleted"), QList<QJsonArray>{QJsonArray{folder.filePath("01 Paper Boats.wav")}});
     EXPECT_EQ(scenario.calls().count("engine:notifyCurrentChanged"), 1);
     EXPECT_EQ(scenario.titlesPlayed().mid(0, 2), (QStringList{"Paper Boats", "Rain on Glass"}));
+}
+
+TEST(CommandsScenarioTest, DeleteAnsweredAfterTheSongEnded_DeletesNeitherSong)
+{
+    ScenarioRun scenario;
+    QTemporaryDir folder;
+    ASSERT_TRUE(copyPaperBoats(folder, &scenario));
+    ASSERT_EQ(scenario.run(ScenarioRun::script("commands_delete_after_song_ended.mps"), kPaperBoats), 0)
+        << qPrintable(scenario.errorOutput());
+    EXPECT_EQ(dialogAnswers(scenario), QStringList({"Delete 1", "Delete 1"})) << "the question, then the notice";
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files),
+              QStringList({"01 Paper Boats.wav", "02 Rain on Glass.wav", "03 Lanterns.wav"}));
+    EXPECT_TRUE(scenario.argsOf("file", "deleted").isEmpty());
+    EXPECT_EQ(scenario.calls().count("engine:notifyCurrentChanged"), 0);
+    EXPECT_EQ(scenario.titlesPlayed(), (QStringList{"Paper Boats", "Rain on Glass"})) << "and it plays on";
+}
+
+TEST(CommandsScenarioTest, DeletingFromAFolder_PlaysTheFolderOn)
+{
+    QTemporaryDir folder;
+    ASSERT_TRUE(copyPaperBoats(folder, nullptr));
+    ScenarioRun scenario;
+    ASSERT_EQ(scenario.run(ScenarioRun::script("commands_delete_in_folder.mps"), {"--folder", folder.path()}), 0)
+        << qPrintable(scenario.errorOutput());
+    EXPECT_EQ(dialogAnswers(scenario), QStringList{"Delete 1"});
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList({"02 Rain on Glass.wav", "03 Lanterns.wav"}));
+    EXPECT_EQ(scenario.calls().count("engine:notifyCurrentChanged"), 1);
+    // The first song twice: as the window's file, then as the folder list's first entry.
+    EXPECT_EQ(scenario.titlesPlayed(), (QStringList{"Paper Boats", "Paper Boats", "Rain on Glass"}));
 }
 
 TEST(CommandsScenarioTest, RemovingFromAUserPlayList_ChangesTheGroupOnlyAfterYes)

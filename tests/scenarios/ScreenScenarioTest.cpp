@@ -35,9 +35,9 @@ TEST(ScreenScenarioTest, MenuOpen_JournalsEveryItemOfTheSoundMenu)
     // Not in the media library: no Buy More, no Playlist, and (the ringtone
     // check being on by default) no Ringtone. A fresh data folder has its
     // memory card in and the blog bit on. No Bluetooth client yet: its two
-    // items are hidden.
+    // items are hidden. A single file plays without a list: no Delete.
     const QJsonArray expected{item(1001, 0, "Hide", true),           item(1002, 0, "Manage", true),
-                              item(1004, 1002, "Properties", true),  item(1005, 0, "Delete", true),
+                              item(1004, 1002, "Properties", true),  item(1005, 0, "Delete", false),
                               item(1006, 0, "Remove", false),        item(1007, 0, "Send to", true),
                               item(1008, 1007, "Message", true),     item(1009, 1007, "Email", true),
                               item(1010, 1007, "Blog", true),        item(1011, 1007, "Memory Card", true),

@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QSignalSpy>
 
@@ -181,10 +182,12 @@ TEST_F(MP_WindowClientCommandsTest, DeleteThroughAFolderList_DeletesOnlyThatFile
     EXPECT_EQ(dialogs(), QStringList({"Delete|Are you sure you want to delete this file?|0",
                                       "Delete|Are you sure you want to delete this file?|1"}));
 
-    // Remove asks its own question and takes the item out the same way; the last one quits.
+    // Remove (offered in a user list) asks its own question and takes the
+    // item out the same way; the last one quits.
     const QString single = makeFolder("single", {"only.mp3"});
     MP_FolderList last(single + "/only.mp3", MP_FolderList::SortByName);
     engine.list = &last;
+    client->setUserList(true);
     HostDialogs::queueAnswer(1);
     run("onMenuRemove");
     EXPECT_FALSE(QFile::exists(single + "/only.mp3"));
@@ -192,6 +195,8 @@ TEST_F(MP_WindowClientCommandsTest, DeleteThroughAFolderList_DeletesOnlyThatFile
     EXPECT_EQ(changed.count(), 1);
     EXPECT_EQ(dialogs().last(), QStringLiteral("Remove|Are you sure you want to remove this file?|1"));
 
+    client->setUserList(false);
+    engine.list = &list;
     ASSERT_TRUE(HostTranslations::use(QStringLiteral("de")));
     run("onMenuDelete");
     HostTranslations::use(QString());
@@ -210,6 +215,7 @@ TEST_F(MP_WindowClientCommandsTest, RemoveThroughADatabaseList_LeavesTheRestToTh
     MP_AufContext::isRepeat = false;
     MP_AufList list(group, METADATA_GROUP_USER, 2, 0, QString());
     engine.list = &list;
+    client->setUserList(true);
     QSignalSpy changed(client.get(), &MP_WindowClient::signalCurrentChanged);
     QSignalSpy quit(client.get(), &MP_WindowClient::quitApp);
 
@@ -218,6 +224,104 @@ TEST_F(MP_WindowClientCommandsTest, RemoveThroughADatabaseList_LeavesTheRestToTh
     EXPECT_EQ(database->groupMembers(group), QList<quint32>({y})) << "the list asked the database";
     EXPECT_EQ(changed.count() + quit.count(), 0) << "false from the list ends the command";
     EXPECT_TRUE(QFile::exists(folder + "/x.mp3"));
+}
+
+TEST_F(MP_WindowClientCommandsTest, DeleteAndRemove_WhenPlaybackMovesOnUnderTheQuestion_ChangeNothingAndSaySo)
+{
+    const QString folder = makeFolder("songs", {"a.mp3", "b.mp3", "c.mp3"});
+    MP_FolderList list(folder + "/a.mp3", MP_FolderList::SortByName);
+    MP_FolderList other(folder + "/a.mp3", MP_FolderList::SortByName);
+    engine.list = &list;
+    QSignalSpy changed(client.get(), &MP_WindowClient::signalCurrentChanged);
+    const QString notice = QStringLiteral("The file you chose is no longer playing. Nothing was changed.|1");
+
+    // a.mp3 ends while the question is open: Yes was about a.mp3, and b.mp3 plays.
+    HostDialogs::queueAnswer(1, [&] { list.skipSteps(1); });
+    run("onMenuDelete");
+    // Another list is given to the engine meanwhile (its current item is the same file).
+    HostDialogs::queueAnswer(1, [&] { engine.list = &other; });
+    run("onMenuDelete");
+    engine.list = &list;
+    // The list becomes a user list meanwhile: Delete no longer applies to it.
+    HostDialogs::queueAnswer(1, [&] { client->setUserList(true); });
+    run("onMenuDelete");
+    // And Remove is asked in a user list that a library list replaces.
+    HostDialogs::queueAnswer(1, [&] { client->setUserList(false); });
+    run("onMenuRemove");
+
+    EXPECT_EQ(QDir(folder).entryList(QDir::Files), QStringList({"a.mp3", "b.mp3", "c.mp3"}));
+    EXPECT_EQ(changed.count(), 0);
+    EXPECT_EQ(dialogs(), QStringList({"Delete|Are you sure you want to delete this file?|1", "Delete|" + notice,
+                                      "Delete|Are you sure you want to delete this file?|1", "Delete|" + notice,
+                                      "Delete|Are you sure you want to delete this file?|1", "Delete|" + notice,
+                                      "Remove|Are you sure you want to remove this file?|1", "Remove|" + notice}));
+}
+
+TEST_F(MP_WindowClientCommandsTest, DeleteAndRemove_NotOfferedForWhatPlays_AskNothing)
+{
+    const QString folder = makeFolder("songs", {"a.mp3"});
+    MP_FolderList list(folder + "/a.mp3", MP_FolderList::SortByName);
+    engine.list = &list;
+    HostDialogs::queueAnswer(1);
+    run("onMenuRemove");  // chosen from a menu built for a user list: this one deletes files
+    engine.list = nullptr;
+    engine.path = folder + "/a.mp3";
+    run("onMenuDelete");  // a single file: there is no list to take it out of
+    EXPECT_TRUE(dialogs().isEmpty());
+    EXPECT_TRUE(QFile::exists(folder + "/a.mp3"));
+}
+
+TEST_F(MP_WindowClientCommandsTest, Delete_OfAFileReplacedUnderItsName_KeepsTheNewcomerAndSaysSo)
+{
+    const QString notDeleted = QStringLiteral(
+        "Delete|The file was not deleted: it was changed or replaced since it was listed, or it cannot be deleted.|1");
+    const auto replace = [](const QString& path) {
+        QFile newcomer(path + ".new");
+        newcomer.open(QIODevice::WriteOnly);
+        newcomer.write("important");
+        newcomer.close();
+        QFile::remove(path);
+        return QFile::rename(path + ".new", path);
+    };
+    const auto contentOf = [](const QString& path) {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(gone)");
+    };
+
+    // The folder list compares with what it read from the folder.
+    const QString folder = makeFolder("songs", {"a.mp3", "b.mp3"});
+    MP_FolderList folderList(folder + "/a.mp3", MP_FolderList::SortByName);
+    engine.list = &folderList;
+    ASSERT_TRUE(replace(folder + "/a.mp3"));
+    HostDialogs::queueAnswer(1);
+    run("onMenuDelete");
+    EXPECT_EQ(contentOf(folder + "/a.mp3"), "important");
+    EXPECT_EQ(folderList.count(), 2u);
+    EXPECT_EQ(dialogs().last(), notDeleted);
+
+    // The database list compares with the size and time the database holds.
+    auto database = MediaDatabase::open(MediaDatabase::defaultFile());
+    const QString music = makeFolder("music", {"x.mp3", "y.mp3"});
+    for (const QString& name : QStringList{"X", "Y"}) {
+        const QString path = music + '/' + name.toLower() + ".mp3";
+        database->addMedia(song(path).title(name).stampOf(QFileInfo(path)));
+    }
+    MP_AufContext::shuffle = MP_AufContext::shuffleSetting = 0;
+    MP_AufContext::isRepeat = false;
+    MP_AufList library;
+    engine.list = &library;
+    ASSERT_TRUE(replace(music + "/x.mp3"));
+    HostDialogs::queueAnswer(1);
+    run("onMenuDelete");
+    EXPECT_EQ(contentOf(music + "/x.mp3"), "important");
+    EXPECT_EQ(dialogs().last(), notDeleted);
+
+    // The file as it was stored goes, without a notice.
+    library.moveTo(1);
+    HostDialogs::queueAnswer(1);
+    run("onMenuDelete");
+    EXPECT_FALSE(QFile::exists(music + "/y.mp3"));
+    EXPECT_EQ(dialogs().size(), 5);
 }
 
 TEST_F(MP_WindowClientCommandsTest, Setup_OpensTheLibraryWithTheKindOfContentAndTheBackHideFlag)
@@ -280,7 +384,7 @@ TEST_F(MP_WindowClientCommandsTest, SaveBookmark_ShowsEditOnlyWhenABookmarkWasSt
     run("onMenuSaveBookmark");
     EXPECT_FALSE(menu->isItemVisible(6002)) << "nothing stored, nothing to edit";
     run("onMenuEditBookmark");
-    EXPECT_EQ(dialogs().size(), 1) << "the save counts as made: editing it says it cannot be opened";
+    EXPECT_TRUE(dialogs().isEmpty()) << "a save that stored nothing is no saved bookmark";
 
     QFile::remove(dataPath("bookmarks"));
     run("onMenuSaveBookmark");
@@ -293,6 +397,17 @@ TEST_F(MP_WindowClientCommandsTest, SaveBookmark_ShowsEditOnlyWhenABookmarkWasSt
     const QList<QJsonObject> edits = journalLines("service", "editBookmark");
     ASSERT_EQ(edits.size(), 1);
     EXPECT_EQ(edits.first().value("args").toArray().at(0).toString(), identity);
+
+    // Another stream plays: the bookmark of the first is not its own.
+    engine.path = QStringLiteral("rtsp://radio.example/other");
+    client->updateMetaInfo("D", "E", "F", QByteArray(), false);
+    EXPECT_FALSE(menu->isItemVisible(6002)) << "hidden as the new stream's report comes";
+    run("onMenuEditBookmark");
+    emit menu->aboutToShow();
+    EXPECT_FALSE(menu->isItemVisible(6002));
+    engine.path = QStringLiteral("rtsp://radio.example/live");
+    run("onMenuEditBookmark");
+    EXPECT_EQ(journalLines("service", "editBookmark").size(), 1) << "forgotten, not edited on another stream";
 }
 
 TEST_F(MP_WindowClientCommandsTest, BuyMore_NoticeOnlyWhenTheFlagWasSet)
@@ -303,7 +418,8 @@ TEST_F(MP_WindowClientCommandsTest, BuyMore_NoticeOnlyWhenTheFlagWasSet)
     engine.path = folder + "/x.mp3";
     run("onMenuBuyMore");
     EXPECT_EQ(dialogs(), QStringList{"Buy More|This song has been marked. During synchronization with a PC you will be "
-                                     "prompted to buy more related content.|0"});
+                                     "prompted to buy more related content.|1"})
+        << "a notice: one button, answered 1";
     for (const QJsonObject& line : journal()) {
         if (line.value("kind").toString() == QLatin1String("dialog")) {
             EXPECT_EQ(line.value("class").toString() + QString::number(line.value("type").toInt()), "VmMessageDlg2")

@@ -20,6 +20,7 @@
 #include "screen/MP_SlotAction.h"
 #include "screen/MP_WindowClient.h"
 #include "tests/support/FakeEngine.h"
+#include "tests/support/PathList.h"
 #include "tests/support/SongBuilder.h"
 #include "tests/support/TestEnvironment.h"
 
@@ -31,11 +32,13 @@ public:
     int content = MP_CONTENT_SOUND;
     int medium = MP_MEDIUM_LOCAL;
     QString path;
+    MP_ListInterface* list = nullptr;
 
     VmKbMainWidget* getMainWidget() override { return &widget; }
     MP_CONTENT_TYPE getContentType() override { return MP_CONTENT_TYPE(content); }
     int getMediumType() override { return medium; }
     QString getCurrentPath() override { return path; }
+    MP_ListInterface* getCurrentList() override { return list; }
 };
 
 class HidingAction : public MP_SlotAction {
@@ -128,25 +131,40 @@ TEST_F(MP_WindowClientTest, MenuIsMadeOnceAndBuiltPerScreen)
     EXPECT_TRUE(menu->itemIds().isEmpty()) << "no screen, no items";
 }
 
-TEST_F(MP_WindowClientTest, DeleteAndRemoveFollowTheListAndTheFolder)
+TEST_F(MP_WindowClientTest, DeleteAndRemoveFollowTheItemThatPlaysAndTheList)
 {
+    const QString preload = MYSTUFF_FixedFolder::preloadPath() + "/tones";
+    QDir().mkpath(preload);
+    PathList list({engine.path, preload + "/b.mp3"});
+    engine.list = &list;
     MP_WindowClient& screen = makeClient();
     VmOptionsMenu& menu = open(MP_CONTENT_SOUND, MP_MEDIUM_LOCAL);
     EXPECT_TRUE(menu.isItemVisible(1005)) << "a writable folder of a library list";
     EXPECT_FALSE(menu.isItemVisible(1006));
 
-    // The rules apply when the menu is built: a switch of screens rebuilds it.
-    const QString preload = MYSTUFF_FixedFolder::preloadPath() + "/tones";
-    QDir().mkpath(preload);
-    engine.path = preload + "/a.mp3";
-    open(MP_CONTENT_VIDEO, MP_MEDIUM_LOCAL);
-    EXPECT_FALSE(menu.isItemVisible(2005)) << "a preloaded folder";
-    EXPECT_FALSE(menu.isItemVisible(2006));
+    // The next song is preloaded: same screen, so the menu is not rebuilt,
+    // but the rules follow the item as soon as the engine reports the step.
+    list.skipSteps(1);
+    screen.updateListInfo(&list);
+    EXPECT_FALSE(menu.isItemVisible(1005)) << "a preloaded folder, under the open menu";
+    list.moveTo(0);
+    open(MP_CONTENT_SOUND, MP_MEDIUM_LOCAL);
+    EXPECT_TRUE(menu.isItemVisible(1005)) << "decided again at every opening";
 
     screen.setUserList(true);
-    open(MP_CONTENT_SOUND, MP_MEDIUM_LOCAL);
-    EXPECT_FALSE(menu.isItemVisible(1005));
+    EXPECT_FALSE(menu.isItemVisible(1005)) << "at once: a user list never offers Delete";
     EXPECT_TRUE(menu.isItemVisible(1006)) << "a user list offers Remove wherever the file lies";
+    screen.setUserList(false);
+    EXPECT_TRUE(menu.isItemVisible(1005));
+    EXPECT_FALSE(menu.isItemVisible(1006)) << "a library list deletes files: no Remove";
+
+    // A single file plays without a list: nothing to delete it from or remove it from.
+    engine.list = nullptr;
+    open(MP_CONTENT_VIDEO, MP_MEDIUM_LOCAL);
+    EXPECT_FALSE(menu.isItemVisible(2005));
+    EXPECT_FALSE(menu.isItemVisible(2006));
+    screen.setUserList(true);
+    EXPECT_FALSE(menu.isItemVisible(2006));
 }
 
 TEST_F(MP_WindowClientTest, FeatureBitsAndTheFileDecideTheLocalItems)

@@ -24,7 +24,7 @@ namespace {
 const QString kMissingNotice = QStringLiteral(
     R"({"answer":1,"class":"VmNoticeDlg","kind":"dialog","text":"Because the file does not exist.","title":"","type":1})");
 const QString kCannotOpen = QStringLiteral(
-    R"({"answer":0,"class":"VmMessageDlg","icon":"error_pop.gif","kind":"dialog",)"
+    R"({"answer":1,"class":"VmMessageDlg","icon":"error_pop.gif","kind":"dialog",)"
     R"("text":"Because the file does not exist.","title":"Cannot Open","type":2})");
 
 class MP_ShareUtilityTest : public TestEnvironment {

@@ -3,6 +3,8 @@
 //   database->addMedia(song("/m/a.mp3").title("A").album("X"));
 // Fields left unset keep MediaRecord's defaults (audio, phone memory, no tags).
 
+#include <QDateTime>
+#include <QFileInfo>
 #include <QString>
 
 #include "host/platform/media/MediaRecord.h"
@@ -22,6 +24,13 @@ public:
     SongBuilder& kind(MediaKind value) { m_record.kind = value; return *this; }
     SongBuilder& video() { return kind(MediaKind::Video); }
     SongBuilder& createdBy(int value) { m_record.createdBy = value; return *this; }
+    /** The size and modification time the scanner stores for @p file as it is now. */
+    SongBuilder& stampOf(const QFileInfo& file)
+    {
+        m_record.fileSize = file.size();
+        m_record.fileModified = file.lastModified().toMSecsSinceEpoch();
+        return *this;
+    }
 
     operator const MediaRecord&() const { return m_record; }   // NOLINT: a builder stands for its record
     const MediaRecord& record() const { return m_record; }

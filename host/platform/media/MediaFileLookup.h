@@ -1,7 +1,8 @@
 #pragma once
 // Finds the media object of a file in the process's own media database: what
 // the platform's media-file queries (isMediaFile, whether a sound may become
-// a ringtone) ask.
+// a ringtone) ask. metadataCheckFile, beside it, asks a client's connection
+// whether a file is still the one stored.
 
 #include <QString>
 

@@ -7,8 +7,13 @@
 
 namespace {
 
+struct QueuedAnswer {
+    int answer;
+    std::function<void()> whileOpen;
+};
+
 struct DialogAnswers {
-    QList<int> queued;
+    QList<QueuedAnswer> queued;
     bool interactive = false;
     QString lastText;
 };
@@ -30,9 +35,9 @@ int askInWindow(HostDialogs::Kind kind, const QString& title, const QString& tex
 
 } // namespace
 
-void HostDialogs::queueAnswer(int answer)
+void HostDialogs::queueAnswer(int answer, std::function<void()> whileOpen)
 {
-    answers().queued.append(answer);
+    answers().queued.append(QueuedAnswer{answer, std::move(whileOpen)});
 }
 
 void HostDialogs::clearAnswers()
@@ -59,10 +64,16 @@ int HostDialogs::run(Kind kind, const QString& className, int type, const QStrin
                      const QString& titleIcon)
 {
     int answer = kind == Kind::Notice ? 1 : 0;
-    if (!answers().queued.isEmpty())
-        answer = answers().queued.takeFirst();
-    else if (answers().interactive)
+    // A notice's one button leaves nothing to choose: a queued answer waits
+    // for the question it was meant for.
+    if (kind == Kind::Question && !answers().queued.isEmpty()) {
+        const QueuedAnswer queued = answers().queued.takeFirst();
+        if (queued.whileOpen)
+            queued.whileOpen();
+        answer = queued.answer;
+    } else if (answers().interactive) {
         answer = askInWindow(kind, title, text);
+    }
     answers().lastText = text;
     HostJournal::dialog(className, type, title, text, answer, titleIcon);
     return answer;

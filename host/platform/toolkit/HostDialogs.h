@@ -1,16 +1,22 @@
 #pragma once
-// Where the host's modal dialogs take their answers from, in this order: an
-// answer queued by a test or a script ("dialog answer N"); a real window when
-// the application runs interactively with a display; otherwise a safe
-// default — a notice closes with 1, a question answers No (0), so that
-// nothing is deleted or cancelled unasked. Every dialog is journaled.
+// Where the host's modal dialogs take their answers from. A notice has one
+// button: it always closes with 1 and never takes a queued answer. A
+// question takes, in this order: an answer queued by a test or a script
+// ("dialog answer N"); a real window when the application runs interactively
+// with a display; otherwise the safe answer No (0), so that nothing is
+// deleted or cancelled unasked. Every dialog is journaled.
 
 #include <QString>
 
+#include <functional>
+
 class HostDialogs {
 public:
-    /** The next dialog answers @p answer (answers queue up in order). */
-    static void queueAnswer(int answer);
+    /** The next question answers @p answer (answers queue up in order).
+     *  @p whileOpen, when given, runs while that question is open, before it
+     *  answers: what happens in the nested event loop of a modal dialog while
+     *  a person thinks (the engine plays on, say). */
+    static void queueAnswer(int answer, std::function<void()> whileOpen = {});
     /** Forgets queued answers. */
     static void clearAnswers();
     /** Show real windows for dialogs without a queued answer. */

@@ -7,6 +7,10 @@
 #include "host/platform/HostJournal.h"
 #include "host/platform/toolkit/HostDialogs.h"
 
+namespace {
+const int kInformationType = 2;
+}
+
 VmNoticeDlg::VmNoticeDlg(int type, const QString& title, const QString& text, QWidget*)
     : m_type(type), m_title(title), m_text(text)
 {
@@ -30,8 +34,10 @@ VmMessageDlg::VmMessageDlg(const QString& title, const QString& text, int type, 
 
 int VmMessageDlg::exec()
 {
-    return HostDialogs::run(HostDialogs::Kind::Question, QStringLiteral("VmMessageDlg"), m_type, m_title, m_text,
-                            m_titleIcon);
+    // Type 2 is the information notice ("Buy More", "Cannot Open"): one
+    // button, like every notice, not a Yes/No question.
+    const HostDialogs::Kind kind = m_type == kInformationType ? HostDialogs::Kind::Notice : HostDialogs::Kind::Question;
+    return HostDialogs::run(kind, QStringLiteral("VmMessageDlg"), m_type, m_title, m_text, m_titleIcon);
 }
 
 VmMeterModule::VmMeterModule(int maximum, int, QWidget*, const char*, int, int, int) : m_maximum(std::max(0, maximum))
