@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 
@@ -145,6 +146,22 @@ TEST_F(MP_ShareUtilityTest, RemovableMedia_AFailedCopyShowsNoSuccessAndKeepsTheC
     EXPECT_EQ(readFile(card + QStringLiteral("/a.mp3")), QByteArray("older"));
     EXPECT_EQ(lines().last(), QStringLiteral(R"({"args":["SONG","%1/a.mp3"],"call":"copy","kind":"file","result":3})").arg(card));
     EXPECT_FALSE(lines().join(' ').contains("successfully"));
+}
+
+TEST_F(MP_ShareUtilityTest, RemovableMedia_ALinkOnTheCardIsATakenNameNotAWayOut)
+{
+    // A link on the card that points nowhere, here to a place off the card.
+    const QString card = STUFF_Global::getDefaultMMCSDPartition();
+    ASSERT_TRUE(QDir().mkpath(card));
+    const QString outside = dataPath(QStringLiteral("outside.mp3"));
+    ASSERT_TRUE(QFile::link(outside, card + QStringLiteral("/a.mp3")));
+
+    MP_ShareUtility::sendToRemovableMedia(media);
+    EXPECT_FALSE(QFileInfo::exists(outside)) << "nothing is written through the link";
+    EXPECT_EQ(QFileInfo(card + QStringLiteral("/a.mp3")).symLinkTarget(), outside);
+    EXPECT_EQ(QDir(card).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot),
+              QStringList{"a.mp3"}) << "no copy is left beside it";
+    EXPECT_EQ(lines().last(), QStringLiteral(R"({"args":["SONG","%1/a.mp3"],"call":"copy","kind":"file","result":3})").arg(card));
 }
 
 TEST_F(MP_ShareUtilityTest, RingtoneAndWallpaper_GoToTheThemeUnlessThePathIsEmpty)
