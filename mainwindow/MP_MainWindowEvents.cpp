@@ -174,8 +174,11 @@ void MP_MainWindow::toggleShuffle()
     // (songs or albums) becomes off. Nobody else changes the stored mode
     // before the key arrives (the idle screen reads it back afterwards), so
     // applying the stored mode unchanged would make the key do nothing.
-    // Shuffled albums are chosen in the setup screen, not with the key.
-    mode = mode == MP_AufList::ShuffleOff ? MP_AufList::ShuffleSongs : MP_AufList::ShuffleOff;
+    // Shuffled albums are chosen in the setup screen, not with the key. A
+    // stored mode this player does not know counts as off, as when a list is
+    // made (readSetting).
+    const bool isShuffled = mode == MP_AufList::ShuffleSongs || mode == MP_AufList::ShuffleAlbums;
+    mode = isShuffled ? MP_AufList::ShuffleOff : MP_AufList::ShuffleSongs;
     settings.setSettingInfo(kSettingsGroup, kMusicShuffle, mode);
     EventsTrace(3, "toggleShuffle: mode %d, repeat %d\n", mode, repeat);
     onShuffleRepeat(mode, repeat);

@@ -179,6 +179,10 @@ TEST_F(MP_MainWindowEventsTest, ShuffleKey_OnRelease_SwitchesTheStoredModeAndTel
     EXPECT_EQ(storedWrites(), (QJsonArray{QJsonArray{"MusicRepeat", true}, QJsonArray{"MusicShuffle", 1},
                                           QJsonArray{"MusicShuffle", 2}, QJsonArray{"MusicShuffle", 0}}));
     EXPECT_EQ(argsOf("engine", "setShuffleRepeat"), (QList<QJsonArray>{{true, true}, {false, true}}));
+
+    store("MusicShuffle", 3);  // a mode this player does not know counts as off
+    window->onSetupKeyClicked(0x4002, false);
+    EXPECT_EQ(MP_AufContext::shuffle, 1);
 }
 
 TEST_F(MP_MainWindowEventsTest, RepeatKey_OnRelease_InvertsRepeatTurnsShuffleOff_EngineAndListGetTheNewMode)
