@@ -327,13 +327,13 @@ void freeLastPlayedList(LastPlayedListRecord* record)
 // ---------------------------------------------------------------------------
 // The last played song
 
-int saveLastPlayedSong(const char* latin1Path, int index)
+int saveLastPlayedSong(const char* path, int index)
 {
-    if (!latin1Path) {
+    if (!path) {
         qCWarning(lcMetadata) << "saveLastPlayedSong: no path";
         return 0;
     }
-    const MediaLastPlayedSong song{QString::fromLatin1(latin1Path), index};
+    const MediaLastPlayedSong song{QString::fromUtf8(path), index};
     MediaDatabase* database = MetadataClients::instance().ownDatabase();
     const bool isWritten = database && database->setLastPlayedSong(song);
     MetadataJournal::saveLastPlayedSong(song.path, song.position, isWritten);
