@@ -1,5 +1,8 @@
 #include "clients/MP_CLIClient.h"
 
+#include <algorithm>
+#include <climits>
+
 #include "lists/MP_ListInterface.h"
 #include "platform/AM_Action.h"
 #include "platform/MP_CommonPlayer.h"
@@ -29,7 +32,10 @@ int storedVolumeLevel()
     int level = kDefaultVolumeLevel;
     SETUP_SET_Manager(AM_Global::MediaPlayer, true).getSettingInfo(kSettingsGroup, kVolumeKey, level,
                                                                    kDefaultVolumeLevel);
-    return level;
+    // The display takes a level in one byte: a stored level outside it (a
+    // settings file edited by hand) is held to the nearest one rather than
+    // wrapped (-5 would show as 251) and later stored back as it was.
+    return std::clamp(level, 0, int(UCHAR_MAX));
 }
 
 } // namespace

@@ -119,7 +119,9 @@ void MP_MediafinderClient::sendNowPlayingItem()
         return;
     }
     sendItemMessage();
-    saveLastPlayedSong(path.toLatin1().constData(), position);
+    // UTF-8, as the last-played list is saved: a Latin-1 copy would store
+    // "?" for every letter of a name outside Latin-1.
+    saveLastPlayedSong(path.toUtf8().constData(), position);
     MediafinderTrace(3, "[%s] Save last played song: name - %s, index - %d\n", __func__, qPrintable(path),
                      position);
 }

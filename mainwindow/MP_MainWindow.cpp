@@ -153,6 +153,14 @@ void MP_MainWindow::readSetting(bool isVideo, bool forceShuffle)
                             repeat, false);
     settings.getSettingInfo(kSettingsGroup, isVideo ? QStringLiteral("VideoShuffle") : QStringLiteral("MusicShuffle"),
                             mode, 0);
+    // A stored mode this player does not know (a settings file edited by
+    // hand, or written by a later version) is read as off, as the setup
+    // channel's unknown modes are ignored: taken as it is, it would give
+    // every list no songs at all.
+    if (mode < MP_AufList::ShuffleOff || mode > MP_AufList::ShuffleAlbums) {
+        MainWindowTrace(3, "readSetting: unknown shuffle mode %d read as off\n", mode);
+        mode = MP_AufList::ShuffleOff;
+    }
     MP_AufContext::shuffleSetting = mode;
     if (forceShuffle)
         mode = 1;

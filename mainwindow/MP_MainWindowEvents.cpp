@@ -174,6 +174,12 @@ void MP_MainWindow::toggleShuffle()
     bool repeat = false;
     settings.getSettingInfo(kSettingsGroup, kMusicShuffle, mode, 0);
     settings.getSettingInfo(kSettingsGroup, kMusicRepeat, repeat, false);
+    // A stored mode this player does not know counts as off, as when a list
+    // is made.
+    const bool isKnownMode = mode == MP_AufList::ShuffleOff || mode == MP_AufList::ShuffleSongs
+                             || mode == MP_AufList::ShuffleAlbums;
+    if (!isKnownMode)
+        mode = MP_AufList::ShuffleOff;
     EventsTrace(3, "toggleShuffle: mode %d, repeat %d\n", mode, repeat);
     onShuffleRepeat(mode, repeat);
     m_list->updateShuffle(mode);

@@ -346,9 +346,9 @@ int saveLastPlayedList(LastPlayedListRecord* record);
 /** Releases the strings that getLastPlayedList allocated and sets their pointers to null. */
 void freeLastPlayedList(LastPlayedListRecord* record);
 
-/** Remembers @p latin1Path at list position @p index as the song the media browser
+/** Remembers @p path (UTF-8) at list position @p index as the song the media browser
  *  shows as last played. Returns nonzero when it was stored. */
-int saveLastPlayedSong(const char* latin1Path, int index);
+int saveLastPlayedSong(const char* path, int index);
 /** Nonzero when @p path (UTF-8) is a media file of the library's database. */
 int isMediaFile(const char* path);
 

@@ -176,7 +176,10 @@ bool MP_ShareUtility::applyToExistingContact(const QString& path)
 
 bool MP_ShareUtility::applyToPlaylist(const QString& path)
 {
-    if (isMediaFile(path.toLatin1().constData()) == 0)
+    // UTF-8, as the database takes every path: a Latin-1 copy of a name
+    // outside Latin-1 ("?" in place of each other letter) is never found,
+    // while the menu, which asks with UTF-8, offered the command.
+    if (isMediaFile(path.toUtf8().constData()) == 0)
         return false;
     dlerror();
     void* symbol = dlsym(RTLD_DEFAULT, "metadataApplyTo");

@@ -119,6 +119,23 @@ TEST_F(MP_CLIClientTest, Session_ShowsTheStoredVolumeAndEndsWithTheClient)
     }
 }
 
+TEST_F(MP_CLIClientTest, Session_AStoredVolumeBeyondALevelIsHeldToTheNearestOne)
+{
+    storeVolume(-5);
+    skipJournal();
+    createClient();
+    EXPECT_EQ(take("display"), (QStringList{"beginSession []", "informMuteState [1]", "informVolume [0]"}));
+    client.reset();
+
+    storeVolume(300);
+    skipJournal();
+    createClient();
+    EXPECT_EQ(take("display"), (QStringList{"beginSession []", "informVolume [255]"}));
+    send(DisplayCommand::Kind::Mute, 1);
+    send(DisplayCommand::Kind::Mute, 0);
+    EXPECT_EQ(take("settings"), (QStringList{"VolumeLevel=0", "VolumeLevel=255"})) << "the held level is stored back";
+}
+
 TEST_F(MP_CLIClientTest, Session_WithAListPlaying_ShowsItsEntryAndTheEngineReportsAtOnce)
 {
     // A file that cannot be played: the refreshed state is the error, whose

@@ -138,6 +138,17 @@ TEST_F(MP_MediafinderClientTest, LibrarySelection_PathPositionAndFiltersWithNull
     EXPECT_EQ(stored->position, 1);
 }
 
+TEST_F(MP_MediafinderClientTest, ASongNamedOutsideLatin1IsStoredAsItIsNamed)
+{
+    const QString path = QString::fromUtf8("/a/02 \xce\xa9\xce\xbc\xce\xad\xce\xb3\xce\xb1.wav");
+    database->addMedia(song(path).title("Omega").artist("Band"));
+    play(new MP_AufList("Band", QString(), QString(), QString(), -1, 0, QString()));
+
+    EXPECT_EQ(journalLines("metadata", "saveLastPlayedSong").value(0).value("args").toArray(), (QJsonArray{path, 0}));
+    ASSERT_TRUE(database->lastPlayedSong());
+    EXPECT_EQ(database->lastPlayedSong()->path, path);
+}
+
 TEST_F(MP_MediafinderClientTest, GroupList_PathPositionAndGroupId)
 {
     const quint32 w = database->addMedia(song("/a/w.mp3").title("W"));

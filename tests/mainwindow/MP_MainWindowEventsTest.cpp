@@ -184,6 +184,12 @@ TEST_F(MP_MainWindowEventsTest, ShuffleKey_OnRelease_AppliesTheStoredModeWithout
                                           QJsonArray{"MusicShuffle", 2}, QJsonArray{"MusicShuffle", 0}}))
         << "the window writes nothing";
     EXPECT_EQ(argsOf("engine", "setShuffleRepeat"), (QList<QJsonArray>{{true, true}, {true, true}, {false, true}}));
+
+    store("MusicShuffle", 1);
+    window->onSetupKeyClicked(0x4002, false);
+    store("MusicShuffle", 3);  // a mode this player does not know counts as off
+    window->onSetupKeyClicked(0x4002, false);
+    EXPECT_EQ(MP_AufContext::shuffle, 0);
 }
 
 TEST_F(MP_MainWindowEventsTest, RepeatKey_OnRelease_InvertsRepeatTurnsShuffleOff_EngineAndListGetTheNewMode)

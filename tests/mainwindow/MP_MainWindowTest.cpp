@@ -4,6 +4,7 @@
 #include <QJsonArray>
 #include <QRegularExpression>
 
+#include <climits>
 #include <memory>
 
 #include "lists/MP_AufContext.h"
@@ -152,6 +153,22 @@ TEST_F(MP_MainWindowTest, ReadSetting_ForcedShuffleKeepsTheStoredSettingApart)
     EXPECT_EQ(MP_AufContext::shuffle, 2);
     EXPECT_FALSE(MP_AufContext::isRepeat) << "absent VideoRepeat reads as false";
     EXPECT_EQ(storedInt("MusicShuffle"), 0) << "reading writes nothing";
+}
+
+TEST_F(MP_MainWindowTest, ReadSetting_AStoredShuffleModeOutsideTheThreeIsOff)
+{
+    WindowPtr window(MP_CreateMainWindow(QString()));
+    for (const int stored : {3, 99, -1, INT_MAX}) {
+        store("MusicShuffle", stored);
+        window->readSetting(false, false);
+        EXPECT_EQ(MP_AufContext::shuffleSetting, 0) << stored;
+        EXPECT_EQ(MP_AufContext::shuffle, 0) << stored;
+        EXPECT_EQ(storedInt("MusicShuffle"), stored) << "reading writes nothing";
+    }
+    store("VideoShuffle", 7);
+    window->readSetting(true, true);
+    EXPECT_EQ(MP_AufContext::shuffleSetting, 0);
+    EXPECT_EQ(MP_AufContext::shuffle, 1) << "a launch that asks for shuffled songs still gets them";
 }
 
 TEST_F(MP_MainWindowTest, FreeCurrentList_ClearsTheLastPlayedRecord)

@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 
@@ -147,6 +148,22 @@ TEST_F(MP_ShareUtilityTest, RemovableMedia_AFailedCopyShowsNoSuccessAndKeepsTheC
     EXPECT_FALSE(lines().join(' ').contains("successfully"));
 }
 
+TEST_F(MP_ShareUtilityTest, RemovableMedia_ALinkOnTheCardIsATakenNameNotAWayOut)
+{
+    // A link on the card that points nowhere, here to a place off the card.
+    const QString card = STUFF_Global::getDefaultMMCSDPartition();
+    ASSERT_TRUE(QDir().mkpath(card));
+    const QString outside = dataPath(QStringLiteral("outside.mp3"));
+    ASSERT_TRUE(QFile::link(outside, card + QStringLiteral("/a.mp3")));
+
+    MP_ShareUtility::sendToRemovableMedia(media);
+    EXPECT_FALSE(QFileInfo::exists(outside)) << "nothing is written through the link";
+    EXPECT_EQ(QFileInfo(card + QStringLiteral("/a.mp3")).symLinkTarget(), outside);
+    EXPECT_EQ(QDir(card).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot),
+              QStringList{"a.mp3"}) << "no copy is left beside it";
+    EXPECT_EQ(lines().last(), QStringLiteral(R"({"args":["SONG","%1/a.mp3"],"call":"copy","kind":"file","result":3})").arg(card));
+}
+
 TEST_F(MP_ShareUtilityTest, RingtoneAndWallpaper_GoToTheThemeUnlessThePathIsEmpty)
 {
     MP_ShareUtility::applyToRingtone(QString());
@@ -189,6 +206,12 @@ TEST_F(MP_ShareUtilityTest, Playlist_AddsAStoredFileOnceToTheAppliedListAndRefus
     ASSERT_TRUE(applied);
     EXPECT_EQ(database->groupMembers(applied->id), QList<quint32>{id});
     EXPECT_EQ(lines().first(), R"({"args":["SONG"],"call":"metadataApplyTo","kind":"service","result":1})");
+
+    // A name outside Latin-1 is found as the menu found it.
+    const QString omega = dataPath(QString::fromUtf8("02 \xce\xa9\xce\xbc\xce\xad\xce\xb3\xce\xb1.wav"));
+    const quint32 omegaId = database->addMedia(::song(omega).title("Omega"));
+    EXPECT_TRUE(MP_ShareUtility::applyToPlaylist(omega));
+    EXPECT_EQ(database->groupMembers(applied->id), QList<quint32>({id, omegaId}));
 }
 
 TEST_F(MP_ShareUtilityTest, Properties_ShowTheDetailsOrCannotOpen)

@@ -33,6 +33,13 @@ const char* const kMediaColumns =
 // so a locked database fails the call soon and the caller reports it.
 constexpr int kBusyTimeoutMs = 250;
 
+// The write-ahead log's size at which a connection that moves its snapshot
+// first copies the log into the database file, so that the next writer can
+// start the log over; and the size a writer cuts the log back to when it
+// starts over. A client keeps a snapshot all the time (MetadataConnection.h),
+// so SQLite's own checkpoints, which find it in the way, never get that far.
+constexpr qint64 kWalLimitBytes = 1024 * 1024;
+
 // Sets the connection up; returns the journal mode in force, or nothing with
 // the reason in @p problem.
 std::optional<QByteArray> prepareConnection(sqlite3* db, bool isReadOnly, QString* problem)
@@ -49,9 +56,10 @@ std::optional<QByteArray> prepareConnection(sqlite3* db, bool isReadOnly, QStrin
         mode = QByteArray(reinterpret_cast<const char*>(sqlite3_column_text(statement, 0))).toLower();
     sqlite3_finalize(statement);
     char* message = nullptr;
-    if (!mode
-        || sqlite3_exec(db, "PRAGMA synchronous = NORMAL; PRAGMA foreign_keys = ON;", nullptr, nullptr, &message)
-               != SQLITE_OK) {
+    QByteArray settings = "PRAGMA synchronous = NORMAL; PRAGMA foreign_keys = ON;";
+    if (!isReadOnly)
+        settings += "PRAGMA journal_size_limit = " + QByteArray::number(kWalLimitBytes) + ';';
+    if (!mode || sqlite3_exec(db, settings.constData(), nullptr, nullptr, &message) != SQLITE_OK) {
         *problem = QString::fromUtf8(message ? message : sqlite3_errmsg(db));
         sqlite3_free(message);
         return std::nullopt;
@@ -158,15 +166,17 @@ SqliteStatement& MediaDatabase::statement(const QByteArray& sql)
 
 bool MediaDatabase::holdSnapshot()
 {
-    m_snapshot.reset();
+    releaseSnapshot();
     if (!m_isWriteAheadLog)
         return false;
+    checkpointLargeLog();
     auto snapshot = std::make_unique<SqliteTransaction>(m_db, SqliteTransaction::Kind::Read);
     if (!snapshot->isActive())
         return false;
     m_snapshot = std::move(snapshot);
     // A deferred transaction takes its snapshot at its first read.
-    if (!latestChange()) {
+    m_snapshotSequence = latestChange();
+    if (!m_snapshotSequence) {
         m_snapshot.reset();
         return false;
     }
@@ -177,6 +187,24 @@ void MediaDatabase::releaseSnapshot()
 {
     // Nothing was written under it: ending it by rollback or commit is the same.
     m_snapshot.reset();
+    m_snapshotSequence.reset();
+}
+
+void MediaDatabase::checkpointLargeLog()
+{
+    // Between snapshots, where this connection keeps nothing of the log in
+    // use. When the whole log gets into the database file, the snapshot taken
+    // next reads that file alone, and the next writer starts the log over.
+    // Passive: it copies what no other reader needs, and never waits.
+    if (QFileInfo(m_fileName + QStringLiteral("-wal")).size() <= kWalLimitBytes)
+        return;
+    int logFrames = 0;
+    int copiedFrames = 0;
+    if (sqlite3_wal_checkpoint_v2(m_db, nullptr, SQLITE_CHECKPOINT_PASSIVE, &logFrames, &copiedFrames) != SQLITE_OK)
+        qCDebug(lcMetadata) << "checkpoint of" << m_fileName << "failed:" << sqlite3_errmsg(m_db);
+    else if (copiedFrames < logFrames)
+        qCDebug(lcMetadata) << "checkpoint of" << m_fileName << "copied" << copiedFrames << "of" << logFrames
+                            << "frames: another reader still needs the rest";
 }
 
 // ---------------------------------------------------------------------------

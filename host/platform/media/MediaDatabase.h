@@ -55,11 +55,14 @@ public:
     /** Keeps every later read of this connection on the database as it is now (a read
      *  transaction held between calls), in place of any snapshot held before; false, holding
      *  none, when the file is not in write-ahead-log mode, where a held read would keep
-     *  every writer out. A connection that holds a snapshot must not write. */
+     *  every writer out. A connection that holds a snapshot must not write. Between the
+     *  two snapshots, a write-ahead log grown past its limit is copied into the file. */
     bool holdSnapshot();
     /** Lets reads see every commit again. */
     void releaseSnapshot();
     bool holdsSnapshot() const { return m_snapshot != nullptr; }
+    /** The number of the newest change the snapshot holds; nothing without a snapshot. */
+    std::optional<qint64> snapshotSequence() const { return m_snapshotSequence; }
 
     // Media objects
     /** Stores a new object (its id is ignored); returns the new id, 0 on failure
@@ -125,6 +128,8 @@ public:
 
 private:
     MediaDatabase(sqlite3* db, const QString& fileName, bool isWriteAheadLog);
+    /** Copies the write-ahead log into the database file when it has grown past its limit. */
+    void checkpointLargeLog();
     /** A statement prepared once per connection and reset after each use. */
     SqliteStatement& statement(const QByteArray& sql);
     std::optional<MediaRecord> readMedia(SqliteStatement& query);
@@ -143,5 +148,6 @@ private:
     // never fetch another statement.
     std::map<QByteArray, std::unique_ptr<SqliteStatement>> m_statements;
     MediaResultCache m_cache;
+    std::optional<qint64> m_snapshotSequence;       // the newest change m_snapshot holds
     std::unique_ptr<SqliteTransaction> m_snapshot;  // declared last: ends before the statements go
 };

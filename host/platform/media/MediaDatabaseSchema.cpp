@@ -146,6 +146,24 @@ const char* const kTablesOf[][5] = {
 };
 static_assert(std::size(kTablesOf) == std::size(kSteps), "one table list per step");
 
+// The columns this program reads and writes, by table. A table that lacks
+// one (a column dropped or renamed in the sqlite3 shell) would fail its
+// statements one by one while the program runs; the database is refused
+// at opening instead.
+struct TableColumns {
+    const char* table;
+    const char* columns;
+};
+const TableColumns kColumnsOf[] = {
+    {"media", "id, path, kind, title, title_key, artist, album, album_key, genre, composer, track, date, storage, "
+              "created_by, buy, file_size, file_modified"},
+    {"groups", "id, type, name, source"},
+    {"group_members", "group_id, position, media_id"},
+    {"last_played_list", "slot, list_type, artist, album, composer, genre, group_id, storage, first_index"},
+    {"last_played_song", "slot, path, list_position"},
+    {"change_log", "subject, seq"},
+};
+
 int tableCount(sqlite3* db, const char* name)
 {
     sqlite3_stmt* statement = nullptr;
@@ -179,6 +197,38 @@ QString foreignSchemaProblem(sqlite3* db, int version)
                 return QStringLiteral("schema version %1 without its table \"%2\": not a media database")
                     .arg(version)
                     .arg(QLatin1String(table));
+        }
+    }
+    return QString();
+}
+
+const char* columnsOf(const char* table)
+{
+    for (const TableColumns& entry : kColumnsOf) {
+        if (qstrcmp(entry.table, table) == 0)
+            return entry.columns;
+    }
+    return nullptr;
+}
+
+// Why a table of a database at @p version lacks a column this program uses,
+// or a null string when none does. Preparing a query of the columns is the
+// test SQLite itself applies to every statement.
+QString damagedTableProblem(sqlite3* db, int version)
+{
+    for (int step = 0; step < version; ++step) {
+        for (const char* table : kTablesOf[step]) {
+            const char* columns = table ? columnsOf(table) : nullptr;
+            if (!columns)
+                continue;
+            const QByteArray probe = QByteArray("SELECT ") + columns + " FROM " + table;
+            sqlite3_stmt* statement = nullptr;
+            const int prepared = sqlite3_prepare_v2(db, probe.constData(), -1, &statement, nullptr);
+            sqlite3_finalize(statement);
+            if (prepared != SQLITE_OK)
+                return QStringLiteral("schema version %1 with a damaged table \"%2\" (%3): not a media database")
+                    .arg(version)
+                    .arg(QLatin1String(table), QString::fromUtf8(sqlite3_errmsg(db)));
         }
     }
     return QString();
@@ -243,6 +293,8 @@ int usableVersion(sqlite3* db, QString* problem)
         return -1;
     }
     *problem = foreignSchemaProblem(db, version);
+    if (problem->isNull())
+        *problem = damagedTableProblem(db, version);
     return problem->isNull() ? version : -1;
 }
 

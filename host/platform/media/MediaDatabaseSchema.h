@@ -13,8 +13,9 @@ public:
     static int currentVersion();
     /** Runs the missing steps, each in its own transaction; returns false (leaving the
      *  database at the last complete version) and names the problem in @p problem when
-     *  one fails, when the database is newer than this program, or when the file holds
-     *  another program's tables rather than a media database. */
+     *  one fails, when the database is newer than this program, when the file holds
+     *  another program's tables rather than a media database, or when one of its
+     *  tables lacks a column this program uses (a damaged schema). */
     static bool upgrade(sqlite3* db, QString* problem);
     /** Whether the database is a media database of this program's version, as a
      *  connection that may not write needs it; else names the problem. */

@@ -25,6 +25,8 @@ public:
 
     /** The distinct album names of the result are asked for, not its entries. */
     bool isGrouped() const { return m_isGrouped; }
+    /** The group a group list draws from; nothing for other lists. */
+    std::optional<quint32> groupId() const { return m_groupId; }
     int firstIndex() const { return m_firstIndex; }
     /** Entries wanted; 0 asks for the total only. */
     int resultCount() const { return m_resultCount; }

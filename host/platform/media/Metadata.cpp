@@ -52,6 +52,14 @@ MediaDatabase* writerOf(unsigned int handle, const char* function)
     return database;
 }
 
+// After a write through the handle's writer: what the write changed may
+// leave the client's snapshot free to move (MetadataConnection.h).
+void noteOwnWrite(unsigned int handle)
+{
+    if (MetadataConnection* connection = MetadataClients::instance().connection(handle))
+        connection->noteOwnWrite();
+}
+
 int withStatus(int result, int* status)
 {
     if (status)
@@ -75,6 +83,7 @@ int addItemsIntoGroup(unsigned int handle, const MetadataAddItemsRecord* record)
         items.append(MediaGroupInsertion{record->items[i].objectId, record->items[i].position});
     const bool isWritten = MediaGroupEditor(*database).addItems(record->groupId, items);
     MetadataJournal::addItemsIntoGroup(*record, isWritten);
+    noteOwnWrite(handle);
     return isWritten ? kSuccess : kRefused;
 }
 
@@ -95,6 +104,7 @@ int removeItemsFromGroup(unsigned int handle, const MetadataRemoveItemsRecord* r
     const bool isWritten = MediaGroupEditor(*database).removeAt(record->groupId, MetadataGroupType(record->groupType),
                                                                 storage, positions);
     MetadataJournal::removeItemsFromGroup(*record, isWritten);
+    noteOwnWrite(handle);
     return isWritten ? kSuccess : kRefused;
 }
 
@@ -158,6 +168,7 @@ int metadataSearchMedia(unsigned int handle, const MetadataSearchMediaRequest* r
     // fetching entries to play is not (see MetadataConnection.h).
     if (plan->resultCount() == 0 || (!plan->isGrouped() && !plan->needsRowValues()))
         connection->catchUp();
+    connection->noteRead(*plan);
     MediaDatabase* database = databaseOf(handle, "metadataSearchMedia");
     if (!database)
         return kUnknownHandle;
@@ -327,13 +338,13 @@ void freeLastPlayedList(LastPlayedListRecord* record)
 // ---------------------------------------------------------------------------
 // The last played song
 
-int saveLastPlayedSong(const char* latin1Path, int index)
+int saveLastPlayedSong(const char* path, int index)
 {
-    if (!latin1Path) {
+    if (!path) {
         qCWarning(lcMetadata) << "saveLastPlayedSong: no path";
         return 0;
     }
-    const MediaLastPlayedSong song{QString::fromLatin1(latin1Path), index};
+    const MediaLastPlayedSong song{QString::fromUtf8(path), index};
     MediaDatabase* database = MetadataClients::instance().ownDatabase();
     const bool isWritten = database && database->setLastPlayedSong(song);
     MetadataJournal::saveLastPlayedSong(song.path, song.position, isWritten);

@@ -4,9 +4,11 @@
 
 #include "host/platform/media/MediaDatabase.h"
 #include "host/platform/media/MediaFolderWatch.h"
+#include "host/platform/media/MediaSearchPlan.h"
 #include "host/platform/media/MetadataLog.h"
 #include "host/platform/media/MetadataClients.h"
 #include "host/platform/media/MetadataIndicationPoller.h"
+#include "host/platform/media/SqliteTransaction.h"
 
 MetadataConnection::MetadataConnection(unsigned int handle, std::unique_ptr<MediaDatabase> database)
     : m_handle(handle), m_database(std::move(database))
@@ -61,6 +63,49 @@ void MetadataConnection::catchUp()
         restartSnapshot();
 }
 
+void MetadataConnection::noteIndicationDelivered(const MediaChanges& changes)
+{
+    if (concernsClient(changes))
+        m_isChangeUnhandled = true;
+    else
+        moveSnapshotPastUnreadChanges();
+}
+
+void MetadataConnection::noteRead(const MediaSearchPlan& plan)
+{
+    if (const std::optional<quint32> group = plan.groupId())
+        m_groupsRead.insert(*group);
+}
+
+bool MetadataConnection::concernsClient(const MediaChanges& changes) const
+{
+    if (changes.isMediaChanged)
+        return true;
+    for (const MediaGroupChange& change : changes.groups) {
+        if (m_groupsRead.contains(change.groupId))
+            return true;
+    }
+    return false;
+}
+
+void MetadataConnection::moveSnapshotPastUnreadChanges()
+{
+    if (m_isChangeUnhandled || !m_database || !m_database->holdsSnapshot() || !m_writer
+        || m_writer->fileName() != m_database->fileName() || m_writer->isInTransaction())
+        return;
+    const std::optional<qint64> taken = m_database->snapshotSequence();
+    // Held while it is decided, so that no other writer commits in between:
+    // a change made after the look below and before the new snapshot could
+    // be one the client must handle before it reads with new positions.
+    const std::unique_ptr<SqliteTransaction> writeLock = m_writer->beginTransaction();
+    if (!taken || !writeLock->isActive())
+        return;
+    const std::optional<MediaChanges> changes = m_writer->changesSince(*taken);
+    if (changes && !concernsClient(*changes))
+        m_database->holdSnapshot();
+    // The lock rolls back as it goes: nothing was written under it.
+}
+
 // ---------------------------------------------------------------------------
 // The backup
 
@@ -68,6 +113,9 @@ bool MetadataConnection::backUp(const MediaSearchPlan& plan)
 {
     restartSnapshot();
     m_backup.reset();
+    // A new backup is a new list: the groups an earlier one read are not its.
+    m_groupsRead.clear();
+    noteRead(plan);
     if (m_database)
         m_backup = MediaBackup::take(*m_database, plan);
     updateFolderWatch();
@@ -111,9 +159,9 @@ MetadataIndicationPoller& MetadataConnection::poller()
         const unsigned int handle = m_handle;
         m_poller = new MetadataIndicationPoller([handle] { return MetadataClients::instance().writer(handle); },
                                                 QCoreApplication::instance());
-        m_poller->setDeliveryNotice([handle] {
+        m_poller->setDeliveryNotice([handle](const MediaChanges& changes) {
             if (MetadataConnection* connection = MetadataClients::instance().connection(handle))
-                connection->noteIndicationDelivered();
+                connection->noteIndicationDelivered(changes);
         });
     }
     return *m_poller;

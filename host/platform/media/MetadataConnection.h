@@ -19,6 +19,14 @@
 //    or asks for object ids only (how a list in shuffle-albums mode counts its
 //    songs and finds its song by id). A search that fetches entries to play
 //    (paths, album names) never moves it.
+//  - Changes that touch nothing the client reads do not wait for it: no
+//    media object changed, and no group that its searches or its backup
+//    drew from (the play history, when the library plays). The snapshot
+//    moves past them at once, when the client's own write made them or when
+//    they are delivered, provided nothing else was committed meanwhile and no
+//    change waits to be handled; no other writer can commit while that is
+//    decided. So a client that plays for hours, writing its history at every
+//    song, never keeps the write-ahead log from starting over.
 //  - Without a subscription nothing is held: every call reads the newest state.
 // Writes (group changes, the history) go through a second connection that
 // never holds a snapshot; the change log announces them like any other
@@ -27,12 +35,14 @@
 // snapshot is held at all.
 
 #include <QPointer>
+#include <QSet>
 #include <QString>
 
 #include <memory>
 #include <optional>
 
 #include "host/platform/media/MediaBackup.h"
+#include "host/platform/media/MediaChanges.h"
 #include "platform/Metadata.h"
 
 class MediaDatabase;
@@ -56,12 +66,18 @@ public:
      *  a snapshot. Null when it cannot be opened. */
     MediaDatabase* writerOn(const QString& file);
 
-    /** An indication is being delivered to the client: its snapshot moves at its next
-     *  handling call (see above). */
-    void noteIndicationDelivered() { m_isChangeUnhandled = true; }
+    /** @p changes are being delivered to the client: its snapshot moves at its next
+     *  handling call, or at once when they touch nothing it reads (see above). */
+    void noteIndicationDelivered(const MediaChanges& changes);
     /** The client handles the change now: the snapshot moves forward if an indication was
      *  delivered since it was taken. */
     void catchUp();
+    /** The client wrote through writerOn(): the snapshot moves past the write when that
+     *  touches nothing the client reads (see above). */
+    void noteOwnWrite() { moveSnapshotPastUnreadChanges(); }
+    /** @p plan is read through this connection: changes to its group concern the client
+     *  until the next backup (a new list) is taken. */
+    void noteRead(const MediaSearchPlan& plan);
 
     // The backup
     /** Keeps the result of @p plan as the backup, in place of any earlier one; false
@@ -88,12 +104,19 @@ private:
     bool isSubscribed() const;
     /** Takes a snapshot of the newest state when subscribed, else holds none. */
     void restartSnapshot();
+    /** Whether @p changes touch what the client reads. */
+    bool concernsClient(const MediaChanges& changes) const;
+    /** Moves the snapshot to the newest state when everything committed since it was
+     *  taken leaves what the client reads as it was. */
+    void moveSnapshotPastUnreadChanges();
 
     unsigned int m_handle;
     std::unique_ptr<MediaDatabase> m_database;   // reads, in the snapshot
     std::unique_ptr<MediaDatabase> m_writer;     // writes and change-log looks
-    /** An indication was delivered after the snapshot was taken. */
+    /** An indication that concerns the client was delivered after the snapshot was taken. */
     bool m_isChangeUnhandled = false;
+    /** The groups the client's searches and backup drew from while subscribed. */
+    QSet<quint32> m_groupsRead;
     std::optional<MediaBackup> m_backup;
     // Both owned, made on demand. They are children of the application, so
     // that neither outlives the event loop it works in when a connection is

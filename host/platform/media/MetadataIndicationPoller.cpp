@@ -83,7 +83,7 @@ void MetadataIndicationPoller::deliver(const MediaChanges& changes)
 {
     ++m_deliveryDepth;
     if (m_deliveryNotice && m_handler && (changes.isMediaChanged || !changes.groups.isEmpty()))
-        m_deliveryNotice();
+        m_deliveryNotice(changes);
     if (changes.isMediaChanged)
         notify(METADATA_INDICATION_CONTENT_CHANGED, nullptr);
     for (const MediaGroupChange& change : changes.groups) {

@@ -31,8 +31,8 @@ public:
 
     explicit MetadataIndicationPoller(DatabaseSource database, QObject* parent = nullptr);
 
-    /** Called before each batch of indications is delivered to the handler. */
-    void setDeliveryNotice(std::function<void()> notice) { m_deliveryNotice = std::move(notice); }
+    /** Called with each batch of changes before its indications are delivered to the handler. */
+    void setDeliveryNotice(std::function<void(const MediaChanges&)> notice) { m_deliveryNotice = std::move(notice); }
     /** Sets the handler and its user data (the last set wins). */
     void setHandler(MetadataIndicationHandler handler, void* userData);
     /** Adds @p indications to the subscription; changes committed from now on are announced. */
@@ -52,7 +52,7 @@ private:
     void notify(unsigned short indication, void* data);
 
     DatabaseSource m_database;
-    std::function<void()> m_deliveryNotice;
+    std::function<void(const MediaChanges&)> m_deliveryNotice;
     MetadataIndicationHandler m_handler = nullptr;
     void* m_userData = nullptr;    // not owned: the handler's
     QSet<unsigned short> m_indications;

@@ -4,7 +4,7 @@
 
 #include "host/platform/media/MetadataLog.h"
 
-SqliteStatement::SqliteStatement(sqlite3* db, const QByteArray& sql) : m_db(db)
+SqliteStatement::SqliteStatement(sqlite3* db, const QByteArray& sql) : m_db(db), m_sql(sql)
 {
     if (sqlite3_prepare_v3(db, sql.constData(), int(sql.size()), SQLITE_PREPARE_PERSISTENT, &m_statement, nullptr)
         != SQLITE_OK) {
@@ -18,8 +18,15 @@ SqliteStatement::~SqliteStatement()
     sqlite3_finalize(m_statement);
 }
 
+// A statement that did not prepare (a damaged schema) takes its values and
+// resets as a no-op and fails every step: the caller sees an error, and
+// nothing reaches SQLite with a null statement, which some of its calls
+// dereference.
+
 void SqliteStatement::bind(int index, qint64 value)
 {
+    if (!isValid())
+        return;
     sqlite3_bind_int64(m_statement, index, value);
 }
 
@@ -30,17 +37,25 @@ void SqliteStatement::bind(int index, const QString& text)
 
 void SqliteStatement::bindUtf8(int index, const QByteArray& utf8)
 {
+    if (!isValid())
+        return;
     // A null QByteArray still binds the empty text: every text column is NOT NULL.
     sqlite3_bind_text(m_statement, index, utf8.constData(), int(utf8.size()), SQLITE_TRANSIENT);
 }
 
 void SqliteStatement::bindNull(int index)
 {
+    if (!isValid())
+        return;
     sqlite3_bind_null(m_statement, index);
 }
 
 SqliteStatement::Step SqliteStatement::step()
 {
+    if (!isValid()) {
+        qCWarning(lcMetadata) << "statement not prepared:" << m_sql;
+        return Step::Error;
+    }
     const int result = sqlite3_step(m_statement);
     if (result == SQLITE_ROW)
         return Step::Row;
@@ -61,6 +76,8 @@ bool SqliteStatement::run()
 
 void SqliteStatement::reset()
 {
+    if (!isValid())
+        return;
     sqlite3_reset(m_statement);
     sqlite3_clear_bindings(m_statement);
 }

@@ -19,6 +19,8 @@ public:
     SqliteStatement(const SqliteStatement&) = delete;
     SqliteStatement& operator=(const SqliteStatement&) = delete;
 
+    /** Whether the statement prepared. One that did not binds and resets nothing,
+     *  and every step() of it is an Error. */
     bool isValid() const { return m_statement != nullptr; }
 
     /** Binds parameter @p index (1-based). Text is bound as UTF-8 and copied. */
@@ -42,5 +44,6 @@ public:
 
 private:
     sqlite3* m_db;
+    QByteArray m_sql;   // for the warnings of a statement that did not prepare
     sqlite3_stmt* m_statement = nullptr;
 };

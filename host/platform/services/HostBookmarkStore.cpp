@@ -2,11 +2,13 @@
 
 #include <QDir>
 #include <QFile>
-#include <QSaveFile>
+#include <QSet>
 
 #include <algorithm>
+#include <climits>
 
 #include "host/platform/HostDataDir.h"
+#include "host/platform/services/HostNewFile.h"
 
 namespace {
 
@@ -48,16 +50,40 @@ QString HostBookmarkStore::add(const QString& title, const QString& url)
         HostDataDir::reportReadOnly(dir);
         return QString();
     }
-    int last = 0;
-    for (const QString& name : QDir(dir).entryList(QDir::Files))
-        last = std::max(last, numberOf(name));
-    const QString identity = dir + QStringLiteral("/bookmark-%1.url").arg(last + 1);
+    // Another program may add a bookmark at the same time: a name taken
+    // meanwhile is never replaced, the next free one is tried.
+    for (int attempt = 0; attempt < kNameAttempts; ++attempt) {
+        const QString identity = dir + QStringLiteral("/bookmark-%1.url").arg(nextNumber(dir));
+        switch (HostNewFile::write(bytes, identity)) {
+        case HostNewFile::Result::Made:
+            return identity;
+        case HostNewFile::Result::NameTaken:
+            continue;
+        case HostNewFile::Result::Failed:
+            return QString();
+        }
+    }
+    return QString();
+}
 
-    QSaveFile file(identity);
-    if (!file.open(QIODevice::WriteOnly))
-        return QString();
-    file.write(bytes);
-    return file.commit() ? identity : QString();
+int HostBookmarkStore::nextNumber(const QString& dir)
+{
+    QSet<int> taken;
+    int last = 0;
+    for (const QString& name : QDir(dir).entryList(QDir::AllEntries | QDir::System | QDir::Hidden | QDir::NoDotAndDotDot)) {
+        const int number = numberOf(name);
+        taken.insert(number);
+        last = std::max(last, number);
+    }
+    if (last < INT_MAX)
+        return last + 1;
+    // A file numbered as high as a number goes (put there by hand): counting
+    // on would overflow, so the lowest free number is taken instead, and the
+    // new bookmark is listed before the older ones.
+    int free = 1;
+    while (taken.contains(free))
+        ++free;
+    return free;
 }
 
 std::optional<HostBookmark> HostBookmarkStore::read(const QString& identity)

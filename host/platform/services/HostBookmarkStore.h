@@ -1,7 +1,8 @@
 #pragma once
 // The host's bookmarks: one small file each in <data folder>/bookmarks,
 // named "bookmark-N.url" with N counting up from 1, holding UTF-8 lines
-// "TITLE=..." and "URL=...". A bookmark's identity is its file's full path,
+// "TITLE=..." and "URL=..."; a new file never replaces one that is there.
+// A bookmark's identity is its file's full path,
 // so that it can be checked for with a plain file test and outlives the process.
 
 #include <QByteArray>
@@ -41,4 +42,10 @@ private:
     static QString folder();
     /** N of a file named "bookmark-N.url"; 0 for any other name. */
     static int numberOf(const QString& fileName);
+    /** The number of the next bookmark in @p dir: one above the highest, or the
+     *  lowest free one when no number is left above it. */
+    static int nextNumber(const QString& dir);
+
+    /** How many names add() tries when other programs take them meanwhile. */
+    static constexpr int kNameAttempts = 16;
 };

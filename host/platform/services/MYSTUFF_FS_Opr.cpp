@@ -4,16 +4,14 @@
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonObject>
-#include <QSaveFile>
 
 #include "host/platform/HostJournal.h"
+#include "host/platform/services/HostNewFile.h"
 #include "platform/VmDialogs.h"
 
 namespace {
 
 enum PasteResult { kPasted = 0, kNoSource = 1, kNoFolder = 2, kNameTaken = 3, kCopyFailed = 4 };
-
-const qint64 kChunkBytes = 64 * 1024;
 
 void advance(VmNoticeDelay* notice, qint64 done, qint64 total)
 {
@@ -23,27 +21,6 @@ void advance(VmNoticeDelay* notice, qint64 done, qint64 total)
     meter->setValue(total > 0 ? int(done * meter->maximum() / total) : meter->maximum());
 }
 
-/** Copies @p from to @p to chunk by chunk; nothing is left at @p to when it fails. */
-bool copyFile(const QString& from, const QString& to, VmNoticeDelay* notice)
-{
-    QFile source(from);
-    QSaveFile target(to);
-    if (!source.open(QIODevice::ReadOnly) || !target.open(QIODevice::WriteOnly))
-        return false;
-    const qint64 total = source.size();
-    qint64 done = 0;
-    while (!source.atEnd()) {
-        const QByteArray chunk = source.read(kChunkBytes);
-        if (chunk.isEmpty() || target.write(chunk) != chunk.size()) {
-            target.cancelWriting();
-            return false;
-        }
-        done += chunk.size();
-        advance(notice, done, total);
-    }
-    return target.commit();
-}
-
 int paste(const QString& destination, const QFileInfo& source, VmNoticeDelay* notice, QString* target)
 {
     if (!source.isFile())
@@ -51,10 +28,19 @@ int paste(const QString& destination, const QFileInfo& source, VmNoticeDelay* no
     if (!QFileInfo(destination).isDir())
         return kNoFolder;
     *target = QDir(destination).filePath(source.fileName());
-    // Never overwrite: the user keeps the card's file and is told it failed.
-    if (QFileInfo::exists(*target))
+    // Never overwrite, nor write through a link on the card: the user keeps
+    // what is there and is told it failed.
+    const HostNewFile::Result copied = HostNewFile::copy(
+        source.absoluteFilePath(), *target, [notice](qint64 done, qint64 total) { advance(notice, done, total); });
+    switch (copied) {
+    case HostNewFile::Result::Made:
+        return kPasted;
+    case HostNewFile::Result::NameTaken:
         return kNameTaken;
-    return copyFile(source.absoluteFilePath(), *target, notice) ? kPasted : kCopyFailed;
+    case HostNewFile::Result::Failed:
+        break;
+    }
+    return kCopyFailed;
 }
 
 QJsonValue pointer(const void* p)

@@ -30,13 +30,13 @@ TEST_F(LastPlayedSongTest, Save_ReplacesTheEarlierSongAndIsJournaled)
 {
     EXPECT_FALSE(stored()) << "none before the first save";
     EXPECT_EQ(saveLastPlayedSong("/m/first.mp3", 4), 1);
-    // Latin-1 on the caller's side: "é" is one byte.
-    EXPECT_EQ(saveLastPlayedSong("/m/caf\xe9.mp3", 0), 1);
+    // UTF-8, as every path the database holds: a name outside Latin-1 stays whole.
+    EXPECT_EQ(saveLastPlayedSong("/m/02 \xce\xa9 caf\xc3\xa9.wav", 0), 1);
     EXPECT_EQ(saveLastPlayedSong(nullptr, 2), 0);
 
     const std::optional<MediaLastPlayedSong> song = stored();
     ASSERT_TRUE(song);
-    EXPECT_EQ(song->path.toStdString(), "/m/caf\u00e9.mp3");
+    EXPECT_EQ(song->path.toStdString(), "/m/02 \u03a9 caf\u00e9.wav");
     EXPECT_EQ(song->position, 0);
     const QList<QJsonObject> lines = journalLines("metadata", "saveLastPlayedSong");
     ASSERT_EQ(lines.size(), 2) << "a call without a path writes nothing";

@@ -8,6 +8,7 @@
 #include <QStringList>
 
 #include "host/platform/media/MediaDatabase.h"
+#include "platform/Metadata.h"
 #include "tests/support/SongBuilder.h"
 #include "tests/support/TestEnvironment.h"
 
@@ -70,6 +71,26 @@ TEST_F(MediaDatabaseSchemaTest, AnotherProgramsDatabaseIsRefusedAndLeftAsItIs)
     runOnFile("PRAGMA user_version = 9");
     EXPECT_EQ(openWarnings(&isOpened), QStringList{prefix + "schema version 9 is newer than this program's 2"});
     EXPECT_FALSE(isOpened);
+}
+
+TEST_F(MediaDatabaseSchemaTest, ATableWithoutAColumnThisProgramUsesIsRefusedByName)
+{
+    const QString prefix = "cannot use " + MediaDatabase::defaultFile() + " : ";
+    ASSERT_TRUE(MediaDatabase::open(MediaDatabase::defaultFile()));
+    runOnFile("ALTER TABLE media DROP COLUMN file_modified");
+    bool isOpened = true;
+    EXPECT_EQ(openWarnings(&isOpened),
+              QStringList{prefix + "schema version 2 with a damaged table \"media\" (no such column: file_modified): "
+                                   "not a media database"});
+    EXPECT_FALSE(isOpened);
+
+    runOnFile("ALTER TABLE media ADD COLUMN file_modified INTEGER NOT NULL DEFAULT 0;"
+              "ALTER TABLE groups RENAME COLUMN name TO title");
+    EXPECT_EQ(openWarnings(&isOpened),
+              QStringList{prefix + "schema version 2 with a damaged table \"groups\" (no such column: name): "
+                                   "not a media database"});
+    EXPECT_FALSE(isOpened);
+    EXPECT_EQ(metadataCreateClient(nullptr), 0u) << "no client on such a database";
 }
 
 TEST_F(MediaDatabaseSchemaTest, AFirstVersionDatabaseIsUpgradedWithItsRows)

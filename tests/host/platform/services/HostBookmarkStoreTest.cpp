@@ -41,6 +41,20 @@ TEST_F(HostBookmarkStoreTest, AStoredBookmarkIsReadBackAfterARestartAndNumbersGo
     EXPECT_EQ(titles(), QStringList({"One http://a/1", "Seven http://a/7", "Line break http://a/8"}));
 }
 
+TEST_F(HostBookmarkStoreTest, AboveTheHighestNumberTheLowestFreeOneIsTakenAndNoNameIsReused)
+{
+    writeBookmarkFile("bookmark-2147483647.url", "TITLE=Top\nURL=http://a/top\n");
+    writeBookmarkFile("bookmark-1.url", "TITLE=One\nURL=http://a/1\n");
+    EXPECT_EQ(HostBookmarkStore::add("Two", "http://a/2"), dataPath("bookmarks/bookmark-2.url"));
+    EXPECT_EQ(HostBookmarkStore::add("Three", "http://a/3"), dataPath("bookmarks/bookmark-3.url"));
+    EXPECT_EQ(titles(), QStringList({"One http://a/1", "Two http://a/2", "Three http://a/3", "Top http://a/top"}));
+
+    // A name held by a link that points nowhere is passed over, not written through.
+    ASSERT_TRUE(QFile::link(dataPath("elsewhere.url"), dataPath("bookmarks/bookmark-4.url")));
+    EXPECT_EQ(HostBookmarkStore::add("Five", "http://a/5"), dataPath("bookmarks/bookmark-5.url"));
+    EXPECT_FALSE(QFile::exists(dataPath("elsewhere.url")));
+}
+
 TEST_F(HostBookmarkStoreTest, NothingIsStoredWithoutAnAddressOrTooLongToReadBack)
 {
     EXPECT_TRUE(HostBookmarkStore::add("No address", QString()).isNull());

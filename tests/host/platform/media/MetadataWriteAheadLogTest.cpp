@@ -1,0 +1,122 @@
+// A client that plays for hours keeps its snapshot (MetadataConnection.h)
+// and still lets the write-ahead log start over: the log stays small however
+// many songs go into the play history, and a change another program made
+// still waits until the list has handled it.
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <memory>
+
+#include "clients/MP_MediafinderClient.h"
+#include "host/engine/HostEngine.h"
+#include "host/engine/HostEngineClock.h"
+#include "host/platform/HostJournal.h"
+#include "host/platform/media/MediaDatabase.h"
+#include "lists/MP_AufContext.h"
+#include "lists/MP_AufList.h"
+#include "lists/MP_RecentList.h"
+#include "tests/support/SongBuilder.h"
+#include "tests/support/TestEnvironment.h"
+
+namespace {
+
+struct EngineRelease {
+    void operator()(MP_CommonPlayer* engine) const { MP_DestroyCommonPlayer(engine); }
+};
+
+class MetadataWriteAheadLogTest : public TestEnvironment {
+protected:
+    void SetUp() override
+    {
+        TestEnvironment::SetUp();
+        m_other = MediaDatabase::open(MediaDatabase::defaultFile());
+        ASSERT_TRUE(m_other);
+        MP_AufContext::shuffle = MP_AufContext::shuffleSetting = 0;
+        MP_AufContext::isRepeat = true;
+    }
+    void TearDown() override
+    {
+        MP_RecentList::getAudioList()->saveToDB();  // the process-wide collector starts the next test empty
+        MP_AufContext::isRepeat = false;
+        m_other.reset();
+        TestEnvironment::TearDown();
+    }
+
+    // A song that exists as a file, so that the engine plays it.
+    quint32 addPlayable(int number)
+    {
+        QDir().mkpath(dataPath("music"));
+        const QString path = dataPath(QStringLiteral("music/%1.mp3").arg(number, 3, 10, QLatin1Char('0')));
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        return m_other->addMedia(song(path).title(QFileInfo(path).completeBaseName()));
+    }
+
+    static qint64 logSize() { return QFileInfo(MediaDatabase::defaultFile() + QStringLiteral("-wal")).size(); }
+
+    std::unique_ptr<MediaDatabase> m_other;   // another program's connection
+};
+
+} // namespace
+
+TEST_F(MetadataWriteAheadLogTest, TwoThousandSongsPlayed_TheLogStaysSmall)
+{
+    QList<quint32> ids;
+    for (int number = 0; number < 37; ++number)
+        ids << addPlayable(number);
+    // Gone in the main window's order: the client, the engine, the list.
+    MP_AufList list;
+    std::unique_ptr<HostEngine, EngineRelease> engine(
+        static_cast<HostEngine*>(MP_CreateCommonPlayer(false, MP_LAUNCH_LIST)));
+    MP_MediafinderClient client(engine.get());
+    client.setAufList(&list);
+    engine->setPlayList(&list);
+    engine->autoPlay(false);
+    // Two thousand songs' journal lines are not looked at.
+    HostJournal::stopCapture();
+
+    qint64 largest = 0;
+    for (int played = 0; played < 2000; ++played) {
+        engine->control().next();
+        HostEngineClock::advance(1000);  // the time report that writes the song into the history
+        largest = std::max(largest, logSize());
+    }
+    HostJournal::startCapture();
+
+    // 2,000 steps through 37 songs with repeat end on the third; it went into
+    // the history last, after 2,000 history writes of about 30 KB of log each.
+    ASSERT_EQ(list.getCurrentIndex(), 2);
+    EXPECT_EQ(m_other->groupMembers(2).value(0), ids.at(2));
+    EXPECT_LE(largest, 1200 * 1024) << "a log of one megabyte, and what one song writes beyond it";
+}
+
+TEST_F(MetadataWriteAheadLogTest, AnotherProgramsChangeStillWaitsForTheListThroughTheHistoryWrites)
+{
+    const quint32 first = addPlayable(1);
+    addPlayable(2);
+    MP_AufList list;
+    ASSERT_EQ(list.count(), 2u);
+    // Committed by another program; the list has not heard of it yet.
+    const quint32 third = addPlayable(3);
+
+    // The history is written through the list's own connection, which reads
+    // the songs it adds in its snapshot: the new song is not in it yet,
+    // although the write just made let the snapshot move past itself.
+    MP_RecentList* history = MP_RecentList::getAudioList();
+    history->addItem(dataPath("music/001.mp3"));
+    history->saveToDB();
+    history->addItem(dataPath("music/003.mp3"));
+    history->saveToDB();
+    EXPECT_EQ(m_other->groupMembers(2), QList<quint32>{first});
+
+    // Once the list has handled the change, its snapshot holds the new song.
+    ASSERT_TRUE(waitUntil([&] { return list.count() == 3u; }, 3000));
+    history->addItem(dataPath("music/003.mp3"));
+    history->saveToDB();
+    EXPECT_EQ(m_other->groupMembers(2), (QList<quint32>{third, first}));
+}
