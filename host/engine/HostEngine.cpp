@@ -563,12 +563,15 @@ void HostEngine::pressSetupKey(int code, bool pressed)
     // The window applies the stored shuffle mode when the key comes up; the
     // engine, which owns the key, chooses the new mode and stores it first:
     // off becomes shuffled songs, any shuffle (songs or albums) becomes off.
-    // Shuffled albums are chosen in the setup screen, not with the key.
+    // Shuffled albums are chosen in the setup screen, not with the key. A
+    // stored mode the player does not know is off to the window, so the key
+    // turns it into shuffled songs.
     if (code == kShuffleSetupKey && !pressed) {
         SETUP_SET_Manager settings(kPlayerSettingsApp, false);
         int mode = 0;
         settings.getSettingInfo(kSettingsGroup, kMusicShuffleKey, mode, 0);
-        settings.setSettingInfo(kSettingsGroup, kMusicShuffleKey, mode == 0 ? 1 : 0);
+        const bool isShuffled = mode == 1 || mode == 2;
+        settings.setSettingInfo(kSettingsGroup, kMusicShuffleKey, isShuffled ? 0 : 1);
     }
     HostJournal::call(QStringLiteral("report"), QStringLiteral("SetupKeyEvent"), {code, pressed});
     emit SetupKeyEvent(code, pressed);
