@@ -59,6 +59,7 @@ void HostMediaOutput::load(const QString& path, MP_CONTENT_TYPE type)
     showPicture(picture);
     // Setting the source only starts opening it: the decoder reports what it
     // found through the event loop, so a slow file or stream never blocks it.
+    m_opening = true;
     m_player.setSource(urlOf(path));
     if (m_playing)
         m_player.play();
@@ -111,14 +112,25 @@ void HostMediaOutput::positionChanged(qint64 position)
 {
     // A held item's position moves only by the engine's own seeks, which it
     // has reported already.
-    if (m_playing)
+    if (m_playing && !m_opening)
         m_listener.outputPositionReached(int(std::min<qint64>(position, INT_MAX)));
 }
 
 void HostMediaOutput::mediaStatusChanged(QMediaPlayer::MediaStatus status)
 {
-    if (status == QMediaPlayer::EndOfMedia && m_playing)
-        m_listener.outputEndReached();
+    switch (status) {
+    case QMediaPlayer::LoadedMedia:
+    case QMediaPlayer::BufferingMedia:
+    case QMediaPlayer::BufferedMedia:
+        m_opening = false;
+        break;
+    case QMediaPlayer::EndOfMedia:
+        if (m_playing && !m_opening)
+            m_listener.outputEndReached();
+        break;
+    default:
+        break;
+    }
 }
 
 void HostMediaOutput::errorOccurred(QMediaPlayer::Error error, const QString& message)

@@ -63,4 +63,7 @@ private:
     QMediaPlayer m_player;
     bool m_playing = false;
     bool m_normalSize = true;
+    // Set by load() until the player says it has the new source: the end and
+    // positions it still reports meanwhile belong to the item before.
+    bool m_opening = false;
 };
