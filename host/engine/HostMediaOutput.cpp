@@ -19,6 +19,31 @@ MP_DEFINE_TRACE(trace, "HostMediaOutput")
 
 namespace {
 
+QtMessageHandler previousMessageHandler = nullptr;
+
+// Qt Multimedia and its sound service say on standard error what they meet
+// (no sound server, a sink that cannot connect); standard error is the
+// person's, so their words go to the trace instead. Everything else passes on.
+void routeMultimediaMessage(QtMsgType type, const QMessageLogContext& context, const QString& message)
+{
+    const bool multimedia = (context.category && qstrncmp(context.category, "qt.multimedia", 13) == 0)
+        || message.startsWith(QLatin1String("PulseAudioService:"));
+    if (multimedia && type != QtFatalMsg) {
+        trace(5, "HostMediaOutput: Qt Multimedia says: %s\n", qPrintable(message));
+        return;
+    }
+    previousMessageHandler(type, context, message);
+}
+
+bool routeMultimediaMessages()
+{
+    static const bool installed = [] {
+        previousMessageHandler = qInstallMessageHandler(routeMultimediaMessage);
+        return true;
+    }();
+    return installed;
+}
+
 QUrl urlOf(const QString& path)
 {
     if (MP_Utility::getMediumType(path) == MP_MEDIUM_STREAM
@@ -33,6 +58,7 @@ QUrl urlOf(const QString& path)
 HostMediaOutput::HostMediaOutput(HostEngineOutputListener& listener, QWidget& videoArea)
     : m_listener(listener)
     , m_videoArea(videoArea)
+    , m_messagesRouted(routeMultimediaMessages())
 {
     reportMissingAudioDevice();
     m_player.setAudioOutput(&m_audio);

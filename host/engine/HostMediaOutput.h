@@ -59,6 +59,8 @@ private:
     // Made for the first video; a child of m_videoArea, or a window of its
     // own while full screen.
     QPointer<HostVideoView> m_video;
+    // Before the audio output, whose making already looks for a sound server.
+    const bool m_messagesRouted;
     QAudioOutput m_audio;
     QMediaPlayer m_player;
     bool m_playing = false;
