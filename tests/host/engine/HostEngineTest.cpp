@@ -500,3 +500,19 @@ TEST_F(HostEngineTest, MediaOutput_AFileTheDecoderRefuses_IsAnErrorAndTheListMov
     EXPECT_EQ(message, "broken cannot be played.");
     EXPECT_FALSE(detail.isEmpty()) << "the decoder's own words";
 }
+
+TEST_F(HostEngineTest, MediaOutput_ARepeatedSingleItemPlaysAgainFromItsBeginning)
+{
+    HostEngineClock::setManual(false);
+    FakeList list({writeWav("only.wav", 1000)}, /*wraps*/ true);
+    engine->setPlayList(&list);
+    engine->autoPlay(false);
+    // The second end steps the list to its third start before the wait returns.
+    ASSERT_TRUE(waitUntil([&] { return log.count("updateTime(1000,1000)") == 2; }, 10000)) << log.join(' ').toStdString();
+    engine->getPlayerControl()->stop();
+    EXPECT_EQ(takeLog(), Events({"updateListInfo(0)", "updateMetaInfo(only,,,0,1)", "updateTime(0,1000)",
+                                 "updateState(5)", "updateState(1)", "updateTime(1000,1000)", "updateListInfo(0)",
+                                 "updateMetaInfo(only,,,0,1)", "updateTime(0,1000)", "updateTime(1000,1000)",
+                                 "updateListInfo(0)", "updateMetaInfo(only,,,0,1)", "updateTime(0,1000)",
+                                 "updateState(5)", "updateTime(0,1000)"}));
+}
