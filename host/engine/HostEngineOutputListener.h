@@ -1,8 +1,8 @@
 #pragma once
 // What an output tells the host engine that drives it. The engine keeps the
 // state machine and every report; an output only says how media time moved
-// and what the decoder found. All calls come from the event loop, never from
-// inside a call the engine made on the output.
+// and what the decoder found. The media output calls from the event loop; the
+// clock output from its timer, and from inside manualTimePassed().
 
 #include <QString>
 
