@@ -6,10 +6,14 @@ set -euo pipefail
 # dbus-daemon gives the tests of messages between processes a private bus.
 # clang builds the fuzz targets; libclang-rt-14-dev holds libFuzzer and the
 # sanitizer runtimes it links (clang only recommends it). xvfb and xauth give
-# the window test a virtual X display.
+# the window test a virtual X display. Qt Multimedia plays through GStreamer
+# (its base and good plug-ins hold the WAV, MP4, JPEG and PulseAudio
+# elements); the sound test runs a PulseAudio server of its own and records it.
 packages=(g++ cmake ninja-build pkg-config qt6-base-dev libsqlite3-dev libtag1-dev
           qt6-l10n-tools qt6-tools-dev libgtest-dev libgmock-dev libbenchmark-dev
-          dbus-daemon clang libclang-rt-14-dev xvfb xauth)
+          dbus-daemon clang libclang-rt-14-dev xvfb xauth
+          qt6-multimedia-dev gstreamer1.0-plugins-base gstreamer1.0-plugins-good
+          pulseaudio pulseaudio-utils)
 
 missing=()
 for package in "${packages[@]}"; do

@@ -41,6 +41,18 @@ bool AppOptions::parse(const QStringList& arguments, QString* error)
         } else if (word == QLatin1String("--lang")) {
             if (!takeValue(arguments, i, &language, error))
                 return false;
+        } else if (word == QLatin1String("--output")) {
+            QString name;
+            if (!takeValue(arguments, i, &name, error))
+                return false;
+            if (name == QLatin1String("media")) {
+                output = HostOutputKind::Media;
+            } else if (name == QLatin1String("clock")) {
+                output = HostOutputKind::Clock;
+            } else {
+                *error = QStringLiteral("--output is media or clock, not %1").arg(ScriptWords::excerpt(name));
+                return false;
+            }
         } else if (word == QLatin1String("--quiet")) {
             quiet = true;
         } else if (word == QLatin1String("--mpris")) {
@@ -91,6 +103,9 @@ QString AppOptions::usage()
         "  --script FILE|-           run a scenario script, then quit\n"
         "  --lang LANG               the language of the texts (\"de\"; \"en\" is built in); without it\n"
         "                            the language of $LANG, English when there is no translation\n"
+        "  --output media|clock      media: decode and play (heard; silent without a sound device);\n"
+        "                            clock: play on the engine's clock, nothing decoded. Without it:\n"
+        "                            media, and clock while a script's clock is manual\n"
         "  --quiet                   do not print what is playing\n"
         "  --mpris                   offer the player to the desktop's media controls (MPRIS) through\n"
         "                            mp-mpris beside this program, while the player runs\n"

@@ -1,11 +1,13 @@
 #pragma once
 // The command line of the host application:
 //   mediaplayer [--data-dir DIR] [--journal FILE] [--log FILE] [--quiet] [--mpris]
-//               [--action NAME key=value ...] [--folder PATH] [--lang LANG] [--script FILE|-] [FILE]
+//               [--action NAME key=value ...] [--folder PATH] [--lang LANG] [--output media|clock]
+//               [--script FILE|-] [FILE]
 
 #include <QString>
 #include <QStringList>
 
+#include "host/engine/HostOutputChoice.h"
 #include "platform/AM_Action.h"
 
 /** How the application ends; --help lists them. */
@@ -30,6 +32,9 @@ struct AppOptions {
     bool quiet = false;     ///< no "Playing:" lines on the terminal
     bool mpris = false;     ///< --mpris: run the media-controls bridge beside the player
     bool help = false;      ///< --help: print the usage and end
+    /** --output: what the engine plays through; by default the media output
+     *  in real time and the clock output under "clock manual". */
+    HostOutputKind output = HostOutputKind::Automatic;
 
     /** Parses @p arguments (without the program name). On a bad command line
      *  returns false with a message in @p error. */

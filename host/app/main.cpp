@@ -186,6 +186,7 @@ int main(int argc, char** argv)
     if (options.hasAction)
         HostLaunchAction::set(options.action);
     HostEngine::setConsoleOutput(!options.quiet);
+    HostOutputChoice::setKind(options.output);
     // A person at a display answers dialogs; a script or a headless run gets
     // the queued answers or the safe defaults.
     HostDialogs::setInteractive(!headless && options.script.isEmpty());

@@ -8,13 +8,16 @@
 #include <unistd.h>
 
 #include "host/engine/HostEngineClock.h"
+#include "host/engine/HostOutputChoice.h"
 #include "host/platform/HostJournal.h"
 #include "lists/MP_ListInterface.h"
 #include "platform/MP_Utility.h"
 #include "platform/SETUP_SET_Manager.h"
+#include "platform/TraceLog.h"
 #include "platform/VmKbMainWidget.h"
 
 Q_LOGGING_CATEGORY(lcEngine, "mp.host.engine", QtInfoMsg)
+MP_DEFINE_TRACE(trace, "HostEngine")
 
 namespace {
 
@@ -52,16 +55,17 @@ HostEngine::HostEngine(bool playerFlag, MP_LAUNCH_TYPE launchType)
     , m_mainWidget(std::make_unique<VmKbMainWidget>())
     , m_view(*m_mainWidget->contentArea())
     , m_console(stderr, isatty(fileno(stderr)) != 0)
+    , m_output(HostOutputChoice::create(*this, *m_mainWidget->contentArea()))
 {
     m_mainWidget->setWindowTitle(QStringLiteral("Media Player"));
-    m_ticker.setInterval(HostEngineClock::kTickInterval);
-    connect(&m_ticker, &QTimer::timeout, this, [this] { advanceTime(int(m_sinceTick.restart())); });
+    trace(3, "HostEngine: playing through the %s output\n", m_output->name());
     registry().push_back(this);
 }
 
 HostEngine::~HostEngine()
 {
-    m_ticker.stop();
+    // The output stops first, so that nothing it says reaches a listener.
+    m_output.reset();
     m_reporter.clear();
     auto& engines = registry();
     engines.erase(std::remove(engines.begin(), engines.end(), this), engines.end());
@@ -180,6 +184,7 @@ void HostEngine::setNormalSize(bool normal)
 {
     journalCall("setNormalSize", {normal});
     m_normalSize = normal;
+    m_output->setNormalSize(normal);
 }
 
 QString HostEngine::getCurrentPath()
@@ -284,7 +289,38 @@ bool HostEngine::isLive(const HostEngine* engine)
 
 // --- Time -----------------------------------------------------------------
 
-void HostEngine::advanceTime(int milliseconds)
+void HostEngine::clockAdvanced(int milliseconds)
+{
+    m_output->manualTimePassed(milliseconds);
+}
+
+void HostEngine::clockModeChanged()
+{
+    const bool mediaWanted = HostOutputChoice::effectiveKind() == HostOutputKind::Media;
+    const bool mediaNow = qstrcmp(m_output->name(), "media") == 0;
+    if (mediaWanted != mediaNow)
+        switchOutput();
+    else
+        m_output->clockModeChanged();
+}
+
+// The clock changed mode under a live engine: the other output takes over
+// the current item where it is.
+void HostEngine::switchOutput()
+{
+    m_output.reset();
+    m_output = HostOutputChoice::create(*this, *m_mainWidget->contentArea());
+    trace(3, "HostEngine: playing through the %s output\n", m_output->name());
+    m_output->setNormalSize(m_normalSize);
+    applyVolume();
+    m_output->setPlaying(m_state == MP_STATE_PLAYING);
+    if (m_loaded) {
+        m_output->load(m_path, m_media.contentType);
+        m_output->setPosition(m_position);
+    }
+}
+
+void HostEngine::outputTimePassed(int milliseconds)
 {
     qint64 left = milliseconds;
     while (left > 0 && m_state == MP_STATE_PLAYING) {
@@ -305,6 +341,55 @@ void HostEngine::advanceTime(int milliseconds)
     }
 }
 
+void HostEngine::outputPositionReached(int position)
+{
+    if (m_state != MP_STATE_PLAYING || !m_loaded)
+        return;
+    if (position > 0)
+        m_failuresInRow = 0;
+    const int target = isStream() ? position : std::min(position, m_media.duration);
+    // The engine made every backward move itself and reported it; an older
+    // position the decoder still had on its way is no news.
+    if (target > m_position)
+        moveTimeTo(target);
+}
+
+// The decoder's duration is the item's from now on; TagLib's stood in for
+// the first report.
+void HostEngine::outputDurationFound(int duration)
+{
+    if (m_loaded && !isStream())
+        m_media.duration = duration;
+}
+
+void HostEngine::outputEndReached()
+{
+    if (m_state != MP_STATE_PLAYING || !m_loaded)
+        return;
+    if (isStream()) {
+        finishItem();
+        return;
+    }
+    moveTimeTo(m_media.duration);
+    // A listener may have paused, sought or loaded during the reports.
+    if (m_state == MP_STATE_PLAYING && m_position >= m_media.duration)
+        finishItem();
+}
+
+void HostEngine::outputFailed(const QString& message)
+{
+    if (!m_loaded)
+        return;
+    trace(1, "HostEngine: %s cannot be played: %s\n", qPrintable(m_path), qPrintable(message));
+    const bool keepPlaying = m_state == MP_STATE_PLAYING;
+    m_loaded = false;
+    m_errorDetail = message;
+    m_errorMessage = QStringLiteral("%1 cannot be played.").arg(HostMediaInfo::displayName(m_path));
+    announceError();
+    if (keepPlaying && m_list)
+        moveOnAfterFailure();
+}
+
 // Reports every whole second passed on the way to @p target.
 void HostEngine::moveTimeTo(qint64 target)
 {
@@ -316,22 +401,6 @@ void HostEngine::moveTimeTo(qint64 target)
             return;
     }
     m_position = int(target);
-}
-
-void HostEngine::clockModeChanged()
-{
-    updateTicker();
-}
-
-void HostEngine::updateTicker()
-{
-    const bool wanted = m_state == MP_STATE_PLAYING && !HostEngineClock::isManual();
-    if (wanted && !m_ticker.isActive()) {
-        m_sinceTick.start();
-        m_ticker.start();
-    } else if (!wanted) {
-        m_ticker.stop();
-    }
 }
 
 // --- Playback -------------------------------------------------------------
@@ -363,7 +432,7 @@ void HostEngine::pausePlayback()
 
 void HostEngine::stopPlayback()
 {
-    m_position = 0;
+    jumpTo(0);
     setState(MP_STATE_STOPPED);
     if (m_loaded)
         announceTime();
@@ -381,7 +450,7 @@ void HostEngine::stepBack()
     if (!restart) {
         stepList(-1, m_state == MP_STATE_PLAYING);
     } else if (m_loaded) {
-        m_position = 0;
+        jumpTo(0);
         announceTime();
     }
 }
@@ -390,8 +459,21 @@ void HostEngine::seekBy(int offset)
 {
     if (!m_loaded || isStream())
         return;
-    m_position = int(std::clamp<qint64>(qint64(m_position) + offset, 0, m_media.duration));
+    jumpTo(int(std::clamp<qint64>(qint64(m_position) + offset, 0, m_media.duration)));
     announceTime();
+}
+
+void HostEngine::jumpTo(int position)
+{
+    m_position = position;
+    m_output->setPosition(position);
+}
+
+// Full volume until the playback control is given a level.
+void HostEngine::applyVolume()
+{
+    const int level = m_control.volumeSet() ? m_control.volume() : HostEngineOutput::kFullVolumeLevel;
+    m_output->setVolume(level, m_control.isMuted());
 }
 
 void HostEngine::reportEverythingTo(MP_PlayerListener* listener)
@@ -419,12 +501,14 @@ bool HostEngine::loadMedia(const QString& path)
     if (m_media.contentType != MP_CONTENT_UNKNOWN)
         announceContentType();
     if (!m_loaded) {
+        m_output->unload();
         m_errorDetail = QStringLiteral("file not found");
         m_errorMessage = QStringLiteral("%1 cannot be played.").arg(HostMediaInfo::displayName(path));
         m_view.clearMedia();
         m_view.showMedia(m_media.title, QString(), QString());
         return false;
     }
+    m_output->load(path, m_media.contentType);
     if (isStream())
         m_reporter.reportConnectionStatus(kConnecting);
     announceMedia();
@@ -441,6 +525,7 @@ void HostEngine::forgetMedia()
     m_loaded = false;
     m_position = 0;
     m_medium = mediumOf(m_path);
+    m_output->unload();
     m_view.clearMedia();
 }
 
@@ -494,6 +579,18 @@ void HostEngine::finishItem()
         setState(MP_STATE_FINISHED);
 }
 
+// The decoder refused the playing list's item after it was loaded: on to the
+// next, as settleOnListCurrent does for an item that cannot be loaded.
+void HostEngine::moveOnAfterFailure()
+{
+    if (++m_failuresInRow >= m_list->count() || !m_list->hasNext()) {
+        m_failuresInRow = 0;
+        setState(MP_STATE_FINISHED);
+        return;
+    }
+    stepList(1, true);
+}
+
 int HostEngine::mediumOf(const QString& path) const
 {
     if (m_mediumOverride >= 0)
@@ -522,7 +619,7 @@ void HostEngine::announceError()
 void HostEngine::announceState()
 {
     qCDebug(lcEngine) << "state" << int(m_state) << m_path;
-    updateTicker();
+    m_output->setPlaying(m_state == MP_STATE_PLAYING);
     m_view.showState(m_state);
     if (consoleEnabled)
         m_console.stateChanged(m_state, m_errorMessage, m_position, duration());

@@ -1,16 +1,23 @@
 #pragma once
 // The host playback engine: what the phone's common-player library does for
-// the media player, done on a clock. It "plays" the current item of the list
-// it is given (or a single file), reading title, artist, album and duration
-// with TagLib, reports to its listeners (HostEngineReporter), and at the end
-// of an item steps the list, reporting state 8 (finished) at its end.
-// Time comes from HostEngineClock: real time, or manual for tests.
+// the media player. It plays the current item of the list it is given (or a
+// single file), reading title, artist, album and duration with TagLib,
+// reports to its listeners (HostEngineReporter), and at the end of an item
+// steps the list, reporting state 8 (finished) at its end.
+// The item plays through an output (HostEngineOutput, chosen by
+// HostOutputChoice): the media output decodes it and is heard, its position
+// is the engine's time and its duration, once the decoder knows it, the
+// item's; the clock output decodes nothing and takes its time from
+// HostEngineClock (real time, or manual for tests). The state machine, the
+// reports and the journal are the same for both.
 //
 // Each load reports the meta information and the time (0, total); time is
 // then reported at every whole second of media time, up to and including
 // the total. A stream (http://, rtsp://) also reports connection status 3
 // (connecting) before and buffering 100 after those; its total is 0 and it
-// never ends by itself. A file that does not exist reports state 7 instead.
+// never ends by itself. A file that does not exist reports state 7 instead;
+// so does a file the decoder cannot play, once it says so (its message goes
+// to the trace), and a playing list then moves on to its next item.
 //
 // Journal: every operation of the engine interface is written as
 // {"kind":"engine","call":<operation>,"args":[...]} with the arguments in
@@ -22,21 +29,21 @@
 //
 // The engine must not be destroyed from inside one of its own reports.
 
-#include <QElapsedTimer>
 #include <QJsonArray>
-#include <QTimer>
 
 #include <memory>
 #include <vector>
 
 #include "host/engine/HostEngineConsole.h"
+#include "host/engine/HostEngineOutput.h"
+#include "host/engine/HostEngineOutputListener.h"
 #include "host/engine/HostEngineReporter.h"
 #include "host/engine/HostMediaInfo.h"
 #include "host/engine/HostPlayerControl.h"
 #include "host/engine/HostPlayerView.h"
 #include "platform/MP_CommonPlayer.h"
 
-class HostEngine final : public MP_CommonPlayer {
+class HostEngine final : public MP_CommonPlayer, private HostEngineOutputListener {
     Q_OBJECT
 public:
     /** A new engine, stopped, without media; the newest live engine from now on. */
@@ -112,6 +119,8 @@ public:
     bool repeat() const { return m_repeat; }
     bool normalSize() const { return m_normalSize; }
     bool slideShow() const { return m_slideShow; }
+    /** What the current item plays through. */
+    const HostEngineOutput& output() const { return *m_output; }
     /** Position in the current item, in milliseconds. */
     int position() const { return m_position; }
     /** Duration of the current item in milliseconds; 0 for a stream or without media. */
@@ -129,11 +138,16 @@ private:
     static const std::vector<HostEngine*>& liveEngines();
     static bool isLive(const HostEngine* engine);
 
-    // Time (HostEngineClock).
-    void advanceTime(int milliseconds);
-    void moveTimeTo(qint64 target);
+    // Time (HostEngineClock and the output).
+    void clockAdvanced(int milliseconds);
     void clockModeChanged();
-    void updateTicker();
+    void outputTimePassed(int milliseconds) override;
+    void outputPositionReached(int position) override;
+    void outputDurationFound(int duration) override;
+    void outputEndReached() override;
+    void outputFailed(const QString& message) override;
+    void moveTimeTo(qint64 target);
+    void switchOutput();
 
     // Playback (HostPlayerControl).
     void startPlayback();
@@ -142,6 +156,8 @@ private:
     void stepForward();
     void stepBack();
     void seekBy(int offset);
+    void jumpTo(int position);
+    void applyVolume();
     void reportEverythingTo(MP_PlayerListener* listener);
 
     /** Shows the player screen in front. */
@@ -153,6 +169,7 @@ private:
     void settleOnListCurrent(bool keepPlaying);
     void stepList(int steps, bool keepPlaying);
     void finishItem();
+    void moveOnAfterFailure();
     bool isStream() const { return m_loaded && m_media.duration == 0; }
     int mediumOf(const QString& path) const;
 
@@ -192,7 +209,9 @@ private:
     std::unique_ptr<VmKbMainWidget> m_mainWidget;
     HostPlayerView m_view;
     HostEngineConsole m_console;
-
-    QTimer m_ticker; // real time only: drives advanceTime while playing
-    QElapsedTimer m_sinceTick;
+    // Goes before the screen it draws on.
+    std::unique_ptr<HostEngineOutput> m_output;
+    // Items in a row the decoder refused while a list played; a list of them
+    // all ends in state 8 instead of going round for ever.
+    unsigned int m_failuresInRow = 0;
 };

@@ -59,6 +59,6 @@ void HostEngineClock::advanceEngines(int milliseconds)
     const std::vector<HostEngine*> engines = HostEngine::liveEngines();
     for (HostEngine* engine : engines) {
         if (HostEngine::isLive(engine))
-            engine->advanceTime(milliseconds);
+            engine->clockAdvanced(milliseconds);
     }
 }

@@ -1,10 +1,12 @@
 #pragma once
-// The clock that moves every host engine's media time. It runs in real time
-// by default: each playing engine measures the time between its ticks. In
+// The clock that moves the media time of every host engine that plays
+// through the clock output (HostClockOutput). It runs in real time by
+// default: each playing engine measures the time between its ticks. In
 // manual mode (tests, the application's "clock manual" script command) time
 // stands still until advance() moves it, so that every report comes in an
-// exact, repeatable order. The platform's key timers (HostTimerClock)
-// follow the same clock.
+// exact, repeatable order; an engine then plays through the clock output
+// unless told otherwise (HostOutputChoice). The platform's key timers
+// (HostTimerClock) follow the same clock.
 
 class HostEngineClock {
 public:

@@ -90,12 +90,15 @@ void HostPlayerControl::setMute(bool mute)
 {
     journal("setMute", {mute});
     m_muted = mute;
+    m_engine.applyVolume();
 }
 
 void HostPlayerControl::setVolume(int level)
 {
     journal("setVolume", {level});
     m_volume = level;
+    m_volumeSet = true;
+    m_engine.applyVolume();
 }
 
 void HostPlayerControl::requestUpdate(MP_PlayerListener* listener)

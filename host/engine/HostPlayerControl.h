@@ -36,7 +36,9 @@ public:
     QString getContentName() override;
     /** After a failed load: ("file not found", "<name> cannot be played."); else empty. */
     void getErrorInfo(QString& detail, QString& message) override;
+    /** Mutes or unmutes what the engine's output plays. */
     void setMute(bool mute) override;
+    /** The output's volume: 0 silent, HostEngineOutput::kFullVolumeLevel (10) and above full. */
     void setVolume(int level) override;
     /** Reports meta information, time and state again, to @p listener alone. */
     void requestUpdate(MP_PlayerListener* listener) override;
@@ -44,9 +46,12 @@ public:
     bool isMuted() const { return m_muted; }
     /** The last level set; 0 before any. */
     int volume() const { return m_volume; }
+    /** Whether a level was set; until then the output plays at full volume. */
+    bool volumeSet() const { return m_volumeSet; }
 
 private:
     HostEngine& m_engine;
     bool m_muted = false;
     int m_volume = 0;
+    bool m_volumeSet = false;
 };

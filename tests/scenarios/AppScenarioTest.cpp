@@ -63,6 +63,23 @@ TEST(AppScenarioTest, Language_TheLibrarysTextsComeInTheChosenOne)
     EXPECT_EQ(scenario.errorOutput(), "mediaplayer: --lang: no translation for \"xx\" (there are: en de)\n");
 }
 
+TEST(AppScenarioTest, Output_TheMediaOutputEndsOnAFileItsDecoderRefuses_ABadChoiceIsBadUsage)
+{
+    ScenarioRun scenario;
+    const QString broken = scenario.dataDir() + "/broken.mp4";
+    QFile file(broken);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("not really a video") > 0);
+    file.close();
+
+    // The clock would play it for TagLib's stand-in time; the decoder refuses it at once.
+    EXPECT_EQ(scenario.runWithoutScript({"--output", "media", broken}), 3);
+    EXPECT_EQ(scenario.errorOutput(), "mediaplayer: cannot play \"" + broken + "\": broken cannot be played.\n");
+
+    EXPECT_EQ(scenario.runWithoutScript({"--output", "loud"}), 64);
+    EXPECT_TRUE(scenario.errorOutput().startsWith("mediaplayer: --output is media or clock, not \"loud\"\n"))
+        << qPrintable(scenario.errorOutput());
+}
+
 TEST(AppScenarioTest, WithoutADisplay_AHeadsetResumeThatNobodyStartsEnds)
 {
     ScenarioRun scenario;

@@ -67,15 +67,19 @@ const RecordingRow kRecordingRows[] = {
 struct VideoRow {
     const char* relativePath;
     const char* brand;
+    quint32 rgb;
+    int toneHz;
+    int seconds;
 };
 
 // "Captured" and "Downloads" folders are what the scanner reads as the
-// created-by flag; the last one sits outside both.
+// created-by flag; the last one sits outside both. Colours and tones far
+// apart, so that a picture or a recording tells which video played.
 const VideoRow kVideoRows[] = {
-    {"Videos/Captured/clip1.3gp", "3gp4"},
-    {"Videos/Captured/clip2.3gp", "3gp4"},
-    {"Videos/Downloads/trailer.mp4", "mp42"},
-    {"Videos/holiday.mp4", "isom"},
+    {"Videos/Captured/clip1.3gp", "3gp4", 0xD02020, 440, 3},
+    {"Videos/Captured/clip2.3gp", "3gp4", 0x20B040, 550, 4},
+    {"Videos/Downloads/trailer.mp4", "mp42", 0x2040D0, 660, 5},
+    {"Videos/holiday.mp4", "isom", 0xE0C020, 880, 4},
 };
 
 // Titles are unique across the catalogue, so they name the play list's songs.
@@ -118,7 +122,7 @@ const QList<SampleVideo>& SampleCatalogue::videos()
     static const QList<SampleVideo> videos = [] {
         QList<SampleVideo> list;
         for (const VideoRow& row : kVideoRows)
-            list.append({text(row.relativePath), QByteArray(row.brand)});
+            list.append({text(row.relativePath), QByteArray(row.brand), row.rgb, row.toneHz, row.seconds});
         return list;
     }();
     return videos;

@@ -1,6 +1,6 @@
 #pragma once
 // What the sample library holds: the tagged songs, the untagged recordings,
-// the video stand-ins and the evening play list, as plain data. Everything
+// the videos and the evening play list, as plain data. Everything
 // the generator writes is derived from these tables and nothing else, so two
 // runs produce the same bytes.
 
@@ -27,11 +27,13 @@ struct SampleRecording {
     int sampleRate = 0;
 };
 
-/** A file with a video extension; its content is a short stand-in, not a
- *  playable stream. */
+/** A short movie (SampleVideoWriter): one colour to see, one tone to hear. */
 struct SampleVideo {
     QString relativePath;  // below the output folder, e.g. "Videos/holiday.mp4"
     QByteArray brand;      // four characters for the container's type box
+    quint32 rgb = 0;       // the picture's colour, 0xRRGGBB
+    int toneHz = 0;        // the sound track's pitch
+    int seconds = 0;       // whole seconds
 };
 
 class SampleCatalogue {
@@ -40,7 +42,7 @@ public:
     static const QList<SampleSong>& songs();
     /** The recordings written without tags into unsortedFolder(). */
     static const QList<SampleRecording>& untaggedRecordings();
-    /** The video stand-ins. */
+    /** The videos. */
     static const QList<SampleVideo>& videos();
     /** The songs of the evening play list, in play order. */
     static QList<SampleSong> eveningPlayList();

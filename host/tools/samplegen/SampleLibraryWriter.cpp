@@ -2,6 +2,7 @@
 
 #include "SampleCatalogue.h"
 #include "SampleTagger.h"
+#include "SampleVideoWriter.h"
 #include "WavSynth.h"
 
 #include <QDir>
@@ -9,18 +10,8 @@
 #include <QFileInfo>
 #include <QSaveFile>
 #include <QSet>
-#include <QtEndian>
 
 namespace {
-
-QByteArray isoBox(const char type[4], const QByteArray& body)
-{
-    QByteArray box(4, '\0');
-    qToBigEndian(quint32(8 + body.size()), box.data());
-    box.append(type, 4);
-    box.append(body);
-    return box;
-}
 
 bool holdsExactly(const QString& path, const QByteArray& content)
 {
@@ -149,10 +140,5 @@ QByteArray SampleLibraryWriter::eveningPlayListText()
 
 QByteArray SampleLibraryWriter::videoPayload(const SampleVideo& video)
 {
-    QByteArray fileType = video.brand;
-    fileType.append(4, '\0');  // minor version
-    fileType.append(video.brand);
-    fileType.append("isom", 4);
-    const QByteArray note = "sample clip " + QFileInfo(video.relativePath).fileName().toUtf8();
-    return isoBox("ftyp", fileType) + isoBox("free", note);
+    return SampleVideoWriter::movie(video.brand, QColor::fromRgb(QRgb(video.rgb)), video.toneHz, video.seconds);
 }

@@ -1,6 +1,6 @@
 #pragma once
 // Writes the sample library of SampleCatalogue into a folder: tagged songs,
-// untagged recordings, video stand-ins and the evening play list. Every file
+// untagged recordings, videos and the evening play list. Every file
 // is built in memory first and written only when the folder does not already
 // hold exactly those bytes, so a second run leaves every file (and its
 // modification time) alone.
@@ -33,8 +33,8 @@ public:
      *  line and its path relative to the play list's folder; UTF-8, '\n' line ends. */
     static QByteArray eveningPlayListText();
 
-    /** The stand-in bytes of a video: an ISO media "ftyp" box with the video's
-     *  brand and a "free" box naming the clip. */
+    /** The bytes of a video: a movie of SampleVideoWriter with the video's
+     *  brand, colour, tone and length. */
     static QByteArray videoPayload(const SampleVideo& video);
 
 private:

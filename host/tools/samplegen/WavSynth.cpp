@@ -82,6 +82,21 @@ QByteArray WavSynth::melody(quint32 seed, int seconds) const
     return toPcm16(mix);
 }
 
+QByteArray WavSynth::tone(int frequency, int seconds) const
+{
+    if (seconds <= 0 || m_sampleRate <= 0)
+        return QByteArray();
+    std::vector<double> mix(size_t(qint64(seconds) * m_sampleRate));
+    const double step = 2.0 * kPi * frequency / m_sampleRate;
+    const qint64 fade = std::max<qint64>(1, m_sampleRate * 20 / 1000);
+    const qint64 total = qint64(mix.size());
+    for (qint64 i = 0; i < total; ++i) {
+        const double envelope = std::min({1.0, double(i) / double(fade), double(total - 1 - i) / double(fade)});
+        mix[size_t(i)] = 0.5 * envelope * std::sin(step * double(i));
+    }
+    return toPcm16(mix);
+}
+
 void WavSynth::addNote(std::vector<double>& mix, qint64 start, qint64 length, double frequency,
                        double amplitude) const
 {

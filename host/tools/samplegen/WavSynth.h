@@ -22,6 +22,11 @@ public:
      *  long, with notes, key and tempo drawn from `seed`. Empty for seconds <= 0. */
     QByteArray melody(quint32 seed, int seconds) const;
 
+    /** The PCM data of one steady sine tone of `frequency` Hz, exactly
+     *  `seconds` long, at half of full scale, faded in and out over 20 ms so
+     *  that it starts and stops without a click. Empty for seconds <= 0. */
+    QByteArray tone(int frequency, int seconds) const;
+
     /** A complete RIFF/WAVE file holding `pcm` at this rate: the 44-byte
      *  header followed by the data (padded to an even size). */
     QByteArray wavFile(const QByteArray& pcm) const;

@@ -468,3 +468,70 @@ TEST_F(HostEngineTest, Journal_RecordsCallsAndEachReportOnce)
                       "report:updateTime [0,1500]", "engine:removePlayerListener [\"listener\"]",
                       "engine:MP_DestroyCommonPlayer []"}));
 }
+
+// The media output decodes for real, in real time: short files, waits bounded
+// by events. Whatever sound device the machine has (or none), the reports
+// are the clock's.
+TEST_F(HostEngineTest, MediaOutput_ReportsAListExactlyAsTheClockDoes)
+{
+    FakeList list({writeWav("one.wav", 1500), writeWav("two.wav", 1200)});
+    engine->setPlayList(&list);
+    engine->autoPlay(false);
+    HostEngineClock::advance(3000);
+    const Events onClock = takeLog();
+    ASSERT_EQ(onClock.back(), "updateState(8)");
+
+    // Real time makes the media output the one an engine plays through.
+    HostEngineClock::setManual(false);
+    EXPECT_STREQ(engine->output().name(), "media");
+    QStringList mediaLog;
+    RecordingListener mediaListener{mediaLog};
+    const EnginePtr media = createEngine();
+    ASSERT_STREQ(media->output().name(), "media");
+    media->addListListener(&mediaListener);
+    media->addPlayerListener(&mediaListener);
+    list.current = 0;
+    media->setPlayList(&list);
+    media->autoPlay(false);
+    EXPECT_TRUE(waitUntil([&] { return media->control().getState() == MP_STATE_FINISHED; }, 10000));
+    Events onMedia;
+    for (const QString& event : mediaLog)
+        onMedia.push_back(event.toStdString());
+    EXPECT_EQ(onMedia, onClock);
+}
+
+TEST_F(HostEngineTest, MediaOutput_AFileTheDecoderRefuses_IsAnErrorAndTheListMovesOn)
+{
+    HostEngineClock::setManual(false);
+    FakeList list({writeFakeVideo("broken.mp4"), writeWav("fine.wav", 1000)});
+    engine->setPlayList(&list);
+    engine->autoPlay(false);
+    ASSERT_TRUE(waitUntil([&] { return engine->control().getState() == MP_STATE_FINISHED; }, 10000));
+    // TagLib cannot measure it, so it is announced for the default time; the
+    // decoder then refuses it.
+    EXPECT_EQ(takeLog(), Events({"updateListInfo(0)", "updateMetaInfo(broken,,,0,1)", "updateTime(0,10000)",
+                                 "updateState(5)", "updateState(1)", "updateState(7)", "updateListInfo(1)",
+                                 "updateMetaInfo(fine,,,0,1)", "updateTime(0,1000)", "updateState(1)",
+                                 "updateTime(1000,1000)", "updateState(8)"}));
+    QString detail;
+    QString message;
+    engine->control().getErrorInfo(detail, message);
+    EXPECT_EQ(message, "broken cannot be played.");
+    EXPECT_FALSE(detail.isEmpty()) << "the decoder's own words";
+}
+
+TEST_F(HostEngineTest, MediaOutput_ARepeatedSingleItemPlaysAgainFromItsBeginning)
+{
+    HostEngineClock::setManual(false);
+    FakeList list({writeWav("only.wav", 1000)}, /*wraps*/ true);
+    engine->setPlayList(&list);
+    engine->autoPlay(false);
+    // The second end steps the list to its third start before the wait returns.
+    ASSERT_TRUE(waitUntil([&] { return log.count("updateTime(1000,1000)") == 2; }, 10000)) << log.join(' ').toStdString();
+    engine->getPlayerControl()->stop();
+    EXPECT_EQ(takeLog(), Events({"updateListInfo(0)", "updateMetaInfo(only,,,0,1)", "updateTime(0,1000)",
+                                 "updateState(5)", "updateState(1)", "updateTime(1000,1000)", "updateListInfo(0)",
+                                 "updateMetaInfo(only,,,0,1)", "updateTime(0,1000)", "updateTime(1000,1000)",
+                                 "updateListInfo(0)", "updateMetaInfo(only,,,0,1)", "updateTime(0,1000)",
+                                 "updateState(5)", "updateTime(0,1000)"}));
+}

@@ -1,0 +1,186 @@
+// What real playback costs, measured on the host application as a person runs
+// it: mediaplayer plays an album of the sample library through the media
+// output into a PulseAudio server of this program's own (a null sink), whose
+// monitor is recorded.
+//   - BM_LaunchToFirstSound: from starting `mediaplayer --action ...` to the
+//     first sounding 10 ms of the recording;
+//   - BM_AlbumPlayed: the player's CPU time per minute played (as a share of
+//     one core) and its resident memory when the first song is heard and at
+//     the album's end.
+
+#include <benchmark/benchmark.h>
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <functional>
+
+#include <sys/resource.h>
+
+#include "tests/sound/PulseServer.h"
+#include "tests/sound/SinkRecording.h"
+
+namespace {
+
+const int kTimeoutMs = 60000;
+// Northern Lights: four songs, 26 s.
+const QStringList kAlbumAction{"--action", "PlayMusicListInMediaplayer", "isAllArtist=1", "isAllAlbum=0",
+                               "Album=Northern Lights", "isAllGenre=1", "isAllComposer=1", "FirstIndex=0",
+                               "StorageLocation=2"};
+constexpr double kAlbumSeconds = 26.0;
+
+PulseServer* g_server = nullptr;
+QTemporaryDir* g_work = nullptr;
+
+bool runTool(const QString& tool, const QStringList& arguments)
+{
+    QProcess process;
+    process.start(QStringLiteral(MP_BIN_DIR "/") + tool, arguments);
+    return process.waitForFinished(kTimeoutMs) && process.exitCode() == 0;
+}
+
+bool prepareLibrary()
+{
+    const QString library = g_work->filePath(QStringLiteral("library"));
+    return runTool(QStringLiteral("mp-samplegen"), {library})
+        && runTool(QStringLiteral("mp-scan"), {QStringLiteral("--data-dir"), g_work->filePath(QStringLiteral("data")),
+                                               library});
+}
+
+void startPlayer(QProcess& player)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("PULSE_SERVER"), QString::fromLocal8Bit(g_server->address()));
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    player.setProcessEnvironment(environment);
+    player.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    player.start(QStringLiteral(MP_BIN_DIR "/mediaplayer"),
+                 QStringList{"--data-dir", g_work->filePath(QStringLiteral("data")), "--quiet", "--output", "media"}
+                     + kAlbumAction);
+}
+
+bool waitFor(const std::function<bool()>& condition)
+{
+    const QDeadlineTimer deadline(kTimeoutMs);
+    while (!condition()) {
+        if (deadline.hasExpired())
+            return false;
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 2);
+    }
+    return true;
+}
+
+bool soundsFrom(const SinkRecording& recording, int firstBlock)
+{
+    for (int block = firstBlock; block < recording.blockCount(); ++block) {
+        if (recording.blockSounds(block))
+            return true;
+    }
+    return false;
+}
+
+double residentMegabytes(qint64 pid)
+{
+    QFile status(QStringLiteral("/proc/%1/status").arg(pid));
+    if (!status.open(QIODevice::ReadOnly))
+        return 0;
+    for (const QByteArray& line : status.readAll().split('\n')) {
+        if (line.startsWith("VmRSS:"))
+            return line.mid(6).trimmed().split(' ').value(0).toDouble() / 1024.0;
+    }
+    return 0;
+}
+
+double childCpuSeconds()
+{
+    rusage usage{};
+    getrusage(RUSAGE_CHILDREN, &usage);
+    return double(usage.ru_utime.tv_sec + usage.ru_stime.tv_sec)
+        + double(usage.ru_utime.tv_usec + usage.ru_stime.tv_usec) / 1e6;
+}
+
+void BM_LaunchToFirstSound(benchmark::State& state)
+{
+    SinkRecording recording(g_server->address(), QString::fromLatin1(PulseServer::kSink));
+    if (!waitFor([&] { return recording.sampleCount() > 0 || recording.hasFailed(); }) || recording.hasFailed()) {
+        state.SkipWithError("cannot record the sink");
+        return;
+    }
+    for (auto _ : state) {
+        const int fromBlock = recording.blockCount();
+        QElapsedTimer clock;
+        clock.start();
+        QProcess player;
+        startPlayer(player);
+        if (!waitFor([&] { return soundsFrom(recording, fromBlock); })) {
+            state.SkipWithError("no sound came");
+            return;
+        }
+        state.SetIterationTime(double(clock.nsecsElapsed()) / 1e9);
+        player.kill();
+        player.waitForFinished(kTimeoutMs);
+    }
+}
+BENCHMARK(BM_LaunchToFirstSound)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(5);
+
+void BM_AlbumPlayed(benchmark::State& state)
+{
+    SinkRecording recording(g_server->address(), QString::fromLatin1(PulseServer::kSink));
+    if (!waitFor([&] { return recording.sampleCount() > 0 || recording.hasFailed(); }) || recording.hasFailed()) {
+        state.SkipWithError("cannot record the sink");
+        return;
+    }
+    for (auto _ : state) {
+        const double cpuBefore = childCpuSeconds();
+        const int fromBlock = recording.blockCount();
+        QProcess player;
+        startPlayer(player);
+        player.waitForStarted(kTimeoutMs);
+        const qint64 pid = player.processId();
+        // Memory once the first song is heard, and last before the player ends.
+        double startMb = 0;
+        double endMb = 0;
+        waitFor([&] {
+            const double now = residentMegabytes(pid);
+            if (startMb == 0 && soundsFrom(recording, fromBlock))
+                startMb = now;
+            if (now > 0)
+                endMb = now;
+            return player.state() == QProcess::NotRunning;
+        });
+        const double cpu = childCpuSeconds() - cpuBefore;
+        state.counters["cpu_percent_of_a_core"] = 100.0 * cpu / kAlbumSeconds;
+        state.counters["cpu_s_per_minute_played"] = 60.0 * cpu / kAlbumSeconds;
+        state.counters["rss_first_sound_MB"] = startMb;
+        state.counters["rss_end_MB"] = endMb;
+        state.counters["rss_growth_MB"] = endMb - startMb;
+    }
+}
+BENCHMARK(BM_AlbumPlayed)->Unit(benchmark::kSecond)->Iterations(1);
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    benchmark::Initialize(&argc, argv);
+    QCoreApplication app(argc, argv);
+    PulseServer pulse;
+    QTemporaryDir work;
+    if (!pulse.isRunning()) {
+        std::fprintf(stderr, "mp_bench_playback: %s\n", qPrintable(pulse.error()));
+        return 1;
+    }
+    g_server = &pulse;
+    g_work = &work;
+    if (!prepareLibrary()) {
+        std::fprintf(stderr, "mp_bench_playback: cannot make the sample library\n");
+        return 1;
+    }
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}

@@ -1,0 +1,71 @@
+#pragma once
+// The output that really plays: the current item is loaded into a
+// QMediaPlayer (Qt Multimedia, on the GStreamer back end) with a
+// QAudioOutput, and a video is drawn (HostVideoView) into the player screen's
+// content area, or over the whole screen when it is not at normal size. The decoder's position,
+// duration, end and errors go to the engine's listener. Without an audio
+// device the decoder plays into nothing at real speed, and the trace says so
+// once. Under a platform without a screen (offscreen, minimal) no video
+// surface is made: the picture is decoded into nothing.
+
+#include <QAudioOutput>
+#include <QMediaPlayer>
+#include <QObject>
+#include <QPointer>
+
+#include "host/engine/HostEngineOutput.h"
+#include "host/engine/HostVideoView.h"
+
+class HostEngineOutputListener;
+class QWidget;
+
+class HostMediaOutput final : public QObject, public HostEngineOutput {
+    Q_OBJECT
+public:
+    /**
+     * Tells @p listener (not owned; it outlives the output) what the decoder
+     * does; draws videos into @p videoArea (not owned), whose layout, when it
+     * is a box layout, takes the picture.
+     */
+    HostMediaOutput(HostEngineOutputListener& listener, QWidget& videoArea);
+    ~HostMediaOutput() override;
+
+    /** Keeps playing or holding: a new item continues as the last one did. */
+    void load(const QString& path, MP_CONTENT_TYPE type) override;
+    void unload() override;
+    void setPlaying(bool playing) override;
+    void setPosition(int position) override;
+    void setVolume(int level, bool muted) override;
+    void setNormalSize(bool normal) override;
+    /** The decoder keeps its own time. */
+    void manualTimePassed(int milliseconds) override;
+    void clockModeChanged() override;
+    const char* name() const override { return "media"; }
+
+    /** Where videos are drawn; null before the first video. */
+    const HostVideoView* videoView() const { return m_video.data(); }
+
+private:
+    void positionChanged(qint64 position);
+    void mediaStatusChanged(QMediaPlayer::MediaStatus status);
+    void errorOccurred(QMediaPlayer::Error error, const QString& message);
+    void showPicture(bool shown);
+    void placePicture();
+    static bool hasScreen();
+    static void reportMissingAudioDevice();
+
+    HostEngineOutputListener& m_listener;
+    QWidget& m_videoArea; // not owned: the player screen's content area
+    // Made for the first video; a child of m_videoArea, or a window of its
+    // own while full screen.
+    QPointer<HostVideoView> m_video;
+    // Before the audio output, whose making already looks for a sound server.
+    const bool m_messagesRouted;
+    QAudioOutput m_audio;
+    QMediaPlayer m_player;
+    bool m_playing = false;
+    bool m_normalSize = true;
+    // Set by load() until the player says it has the new source: the end and
+    // positions it still reports meanwhile belong to the item before.
+    bool m_opening = false;
+};
