@@ -33,6 +33,9 @@ set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
 # has any), and the ldconfig trigger.
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA ${CMAKE_CURRENT_LIST_DIR}/debian/triggers)
+# The engine's media output decodes through Qt Multimedia's GStreamer back end,
+# which opens its decoders as plug-ins: no link dependency names them.
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_RECOMMENDS "gstreamer1.0-plugins-base, gstreamer1.0-plugins-good")
 set(CPACK_COMPONENT_RUNTIME_DESCRIPTION "media player main-window library
 The main-window library of a phone's media player, with the host platform
 and the host playback engine that let it run on Linux, the setup and
