@@ -221,6 +221,8 @@ bool MediaResultFollower::followAlbums(const MediaSearchPlan& plan, MediaOrdered
         else if (!isListed && isThere)
             entering.push_back(album);
     }
+    if (entering.empty() && std::find(isLeaving.begin(), isLeaving.end(), true) == isLeaving.end())
+        return true;   // the albums stay as they are: most changes
     std::sort(entering.begin(), entering.end(), isBefore);
     MediaOrderedResult merged;
     merged.albums.reserve(result.albums.size() + entering.size());
