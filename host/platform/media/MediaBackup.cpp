@@ -48,6 +48,25 @@ std::optional<MediaBackupCheck> MediaBackup::check(MediaDatabase& database, int 
 MediaBackupCheck MediaBackup::locate(const std::vector<quint32>& backup, int position,
                                      const std::vector<quint32>& current)
 {
+    // After almost every change the entry is still there: two scans find it,
+    // without the index of every entry that looking for a later one takes.
+    const bool namesEntry = position >= 0 && size_t(position) < backup.size();
+    if (namesEntry) {
+        const quint32 id = backup[size_t(position)];
+        // A group may hold one object more than once: the n-th occurrence in
+        // the backup is the n-th one in the new result.
+        auto occurrence = std::count(backup.begin(), backup.begin() + position, id);
+        for (size_t i = 0; i < current.size(); ++i) {
+            if (current[i] == id && occurrence-- == 0)
+                return MediaBackupCheck{true, int(i) + 1, quint32(current.size())};
+        }
+    }
+    return locateLater(backup, position, current);
+}
+
+MediaBackupCheck MediaBackup::locateLater(const std::vector<quint32>& backup, int position,
+                                          const std::vector<quint32>& current)
+{
     // A group may hold one object more than once (an imported play list):
     // the n-th occurrence of an id in the backup is the n-th one in the new
     // result, so that each occurrence keeps its own place.
@@ -67,15 +86,6 @@ MediaBackupCheck MediaBackup::locate(const std::vector<quint32>& backup, int pos
 
     MediaBackupCheck check;
     check.count = quint32(current.size());
-    const bool namesEntry = position >= 0 && size_t(position) < backup.size();
-    if (namesEntry) {
-        const int place = placeNow(size_t(position));
-        if (place >= 0) {
-            check.isExisted = true;
-            check.newIndex = place + 1;
-            return check;
-        }
-    }
     // Before the backup's start every entry is "later"; past its end none is.
     for (size_t later = size_t(std::max(position + 1, 0)); later < backup.size(); ++later) {
         const int place = placeNow(later);

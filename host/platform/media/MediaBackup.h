@@ -44,6 +44,9 @@ public:
 
 private:
     MediaBackup(const MediaSearchPlan& plan, std::vector<quint32> ids);
+    /** locate() for an entry that is gone: where the first later one still there is. */
+    static MediaBackupCheck locateLater(const std::vector<quint32>& backup, int position,
+                                        const std::vector<quint32>& current);
     static std::optional<std::vector<quint32>> run(MediaDatabase& database, const MediaSearchPlan& plan);
 
     MediaSearchPlan m_plan;

@@ -113,6 +113,15 @@ public:
     /** The media and groups changed after change number @p sequence (all of them in one
      *  snapshot); nothing when the database failed. */
     std::optional<MediaChanges> changesSince(qint64 sequence);
+    /** The newest place in the media objects' change log; nothing when it cannot be read
+     *  or is not written at every change. */
+    std::optional<MediaLogPosition> latestEntryChange();
+    /** The media objects changed after @p from, when the log still holds that place and
+     *  every change since, and there are at most @p limit of them; else nothing. */
+    std::optional<MediaEntryChanges> entryChangesSince(const MediaLogPosition& from, int limit);
+    /** SQLite's schema version, which moves at every change of the schema; nothing when
+     *  it cannot be read. */
+    std::optional<qint64> schemaVersion();
 
     // The last-played list
     /** The stored last-played list; nothing when none is stored or the database failed. */
@@ -135,9 +144,12 @@ private:
     std::optional<MediaRecord> readMedia(SqliteStatement& query);
     static void bindMedia(SqliteStatement& query, const MediaRecord& record);
     std::optional<MediaGroup> readGroup(SqliteStatement& query);
-    std::shared_ptr<const MediaOrderedResult> loadOrderedResult(const MediaSearchPlan& plan);
+    std::shared_ptr<MediaOrderedResult> loadOrderedResult(const MediaSearchPlan& plan);
     bool fillWindow(const MediaSearchPlan& plan, const MediaOrderedResult& ordered, MediaSearchResult& result);
+    /** Brings the kept ordered results to the database's present state. */
     void validateCache();
+    /** Whether this connection holds a write transaction (its changes may still roll back). */
+    bool isWriting() const;
     /** The bounds of the paths inside @p folder, for an indexed range query. */
     static QPair<QString, QString> pathRangeOf(const QString& folder);
 

@@ -4,6 +4,7 @@
 
 #include <sqlite3.h>
 
+#include "host/platform/media/MediaEntryChangeReader.h"
 #include "host/platform/media/SqliteStatement.h"
 
 MediaCommitStamp MediaDatabase::commitStamp()
@@ -49,4 +50,57 @@ std::optional<MediaChanges> MediaDatabase::changesSince(qint64 sequence)
     if (step != SqliteStatement::Step::Done)
         return std::nullopt;
     return changes;
+}
+
+std::optional<MediaLogPosition> MediaDatabase::latestEntryChange()
+{
+    // Without its three triggers (dropped in the shell) the log misses
+    // changes: then it has no place to follow from, and results are read anew
+    // after every change.
+    SqliteStatement& query = statement(
+        "SELECT seq, media_id FROM media_change_log WHERE (SELECT count(*) FROM sqlite_schema WHERE type = 'trigger' "
+        "AND tbl_name = 'media' AND name IN ('media_insert_logged', 'media_update_logged', 'media_delete_logged')) = 3 "
+        "ORDER BY seq DESC LIMIT 1");
+    std::optional<MediaLogPosition> latest;
+    if (query.step() == SqliteStatement::Step::Row)
+        latest = MediaLogPosition{query.int64(0), query.int64(1)};
+    query.reset();
+    return latest;
+}
+
+std::optional<MediaEntryChanges> MediaDatabase::entryChangesSince(const MediaLogPosition& from, int limit)
+{
+    // From the known place itself, which must still be there, and one row
+    // more than the limit, which tells that there are too many.
+    SqliteStatement& query = statement(
+        "SELECT seq, media_id, album_key, album FROM media_change_log WHERE seq >= ?1 ORDER BY seq LIMIT ?2");
+    query.bind(1, from.sequence);
+    query.bind(2, qint64(limit) + 2);
+    MediaEntryChangeReader reader(from, limit);
+    SqliteStatement::Step step = query.step();
+    bool isReadable = true;
+    for (; isReadable && step == SqliteStatement::Step::Row; step = query.step()) {
+        MediaChangeLogRow row;
+        row.sequence = query.int64(0);
+        row.mediaId = query.int64(1);
+        if (!query.isNull(2))
+            row.albumKey = query.utf8(2);
+        if (!query.isNull(3))
+            row.album = query.utf8(3);
+        isReadable = reader.add(row);
+    }
+    query.reset();
+    if (!isReadable || step != SqliteStatement::Step::Done)
+        return std::nullopt;
+    return reader.finish();
+}
+
+std::optional<qint64> MediaDatabase::schemaVersion()
+{
+    SqliteStatement& query = statement("PRAGMA schema_version");
+    std::optional<qint64> version;
+    if (query.step() == SqliteStatement::Step::Row)
+        version = query.int64(0);
+    query.reset();
+    return version;
 }

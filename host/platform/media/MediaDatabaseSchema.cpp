@@ -136,6 +136,46 @@ const char* const kSteps[] = {
             ORDER BY c.seq DESC LIMIT -1 OFFSET 256);
     END;
     )sql",
+
+    // 3: which media objects changed, so that a reader keeping ordered results
+    // can place those objects anew instead of reading every result again. One
+    // row per change that can move an object in some result (not the buy flag
+    // or the file stamps), with the album it was in before. Numbers are
+    // consecutive: a reader that finds a gap after the last number it saw
+    // knows rows were dropped, and reads its results anew. Only the newest
+    // 8,192 rows stay, more than a reader follows in place (MediaResultFollower).
+    R"sql(
+    CREATE TABLE media_change_log (
+        seq INTEGER PRIMARY KEY,                  -- consecutive
+        media_id INTEGER NOT NULL,
+        album_key TEXT,                           -- before an update or a deletion, else NULL
+        album TEXT
+    );
+    INSERT INTO media_change_log (seq, media_id) VALUES (0, 0);
+
+    CREATE TRIGGER media_insert_logged AFTER INSERT ON media BEGIN
+        INSERT INTO media_change_log (seq, media_id) SELECT max(seq) + 1, NEW.id FROM media_change_log;
+        DELETE FROM media_change_log WHERE seq <= (SELECT max(seq) FROM media_change_log) - 8192;
+    END;
+    CREATE TRIGGER media_update_logged AFTER UPDATE ON media
+    WHEN OLD.id IS NOT NEW.id OR OLD.path IS NOT NEW.path OR OLD.kind IS NOT NEW.kind
+        OR OLD.title_key IS NOT NEW.title_key OR OLD.artist IS NOT NEW.artist OR OLD.album IS NOT NEW.album
+        OR OLD.album_key IS NOT NEW.album_key OR OLD.genre IS NOT NEW.genre OR OLD.composer IS NOT NEW.composer
+        OR OLD.track IS NOT NEW.track OR OLD.date IS NOT NEW.date OR OLD.storage IS NOT NEW.storage
+        OR OLD.created_by IS NOT NEW.created_by
+    BEGIN
+        INSERT INTO media_change_log (seq, media_id, album_key, album)
+            SELECT max(seq) + 1, OLD.id, OLD.album_key, OLD.album FROM media_change_log;
+        INSERT INTO media_change_log (seq, media_id)
+            SELECT max(seq) + 1, NEW.id FROM media_change_log WHERE NEW.id IS NOT OLD.id;
+        DELETE FROM media_change_log WHERE seq <= (SELECT max(seq) FROM media_change_log) - 8192;
+    END;
+    CREATE TRIGGER media_delete_logged AFTER DELETE ON media BEGIN
+        INSERT INTO media_change_log (seq, media_id, album_key, album)
+            SELECT max(seq) + 1, OLD.id, OLD.album_key, OLD.album FROM media_change_log;
+        DELETE FROM media_change_log WHERE seq <= (SELECT max(seq) FROM media_change_log) - 8192;
+    END;
+    )sql",
 };
 
 // The tables each version has; a file that claims a version without them
@@ -143,6 +183,7 @@ const char* const kSteps[] = {
 const char* const kTablesOf[][5] = {
     {"media", "groups", "group_members", "last_played_list", "last_played_song"},
     {"change_log"},
+    {"media_change_log"},
 };
 static_assert(std::size(kTablesOf) == std::size(kSteps), "one table list per step");
 
@@ -162,6 +203,7 @@ const TableColumns kColumnsOf[] = {
     {"last_played_list", "slot, list_type, artist, album, composer, genre, group_id, storage, first_index"},
     {"last_played_song", "slot, path, list_position"},
     {"change_log", "subject, seq"},
+    {"media_change_log", "seq, media_id, album_key, album"},
 };
 
 int tableCount(sqlite3* db, const char* name)

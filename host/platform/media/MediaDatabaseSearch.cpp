@@ -2,42 +2,88 @@
 
 #include "host/platform/media/MediaDatabase.h"
 
+#include <sqlite3.h>
+
 #include <algorithm>
 
+#include "host/platform/media/MediaResultFollower.h"
 #include "host/platform/media/MediaSearchPlan.h"
 #include "host/platform/media/SqliteStatement.h"
 #include "host/platform/media/SqliteTransaction.h"
 
+namespace {
+
+// The most changes read from the log at once: more are a bulk change (a
+// scan), after which the results are read anew. Below what the log keeps.
+constexpr int kMostChangesFollowed = 4096;
+
+} // namespace
+
+bool MediaDatabase::isWriting() const
+{
+    return sqlite3_txn_state(m_db, nullptr) == SQLITE_TXN_WRITE;
+}
+
 void MediaDatabase::validateCache()
 {
     const MediaCommitStamp stamp = commitStamp();
-    m_cache.validate(stamp.othersVersion, stamp.ownChanges);
+    if (m_cache.isAt(stamp))
+        return;
+    const std::optional<qint64> schema = schemaVersion();
+    std::optional<MediaEntryChanges> changes;
+    if (!m_cache.isEmpty() && m_cache.position() && schema && *schema == m_cache.schemaVersion())
+        changes = entryChangesSince(*m_cache.position(), kMostChangesFollowed);
+    if (!changes) {
+        // The place read before any result is: a result never misses a
+        // change after it (following one twice does no harm).
+        m_cache.clear();
+        m_cache.moveTo(stamp, latestEntryChange(), schema.value_or(-1));
+        return;
+    }
+    MediaResultFollower follower([this](const QByteArray& sql) -> SqliteStatement& { return statement(sql); },
+                                 *changes);
+    m_cache.follow(follower);
+    m_cache.moveTo(stamp, changes->last, *schema);
 }
 
 std::shared_ptr<const MediaOrderedResult> MediaDatabase::orderedResult(const MediaSearchPlan& plan)
 {
+    // This connection's own changes may still roll back: its results are
+    // read anew and kept by no one.
+    if (isWriting())
+        return loadOrderedResult(plan);
+    // One snapshot for the check of the database state, the change log and
+    // the result (search() holds one already).
+    std::optional<SqliteTransaction> snapshot;
+    if (!isInTransaction())
+        snapshot.emplace(m_db, SqliteTransaction::Kind::Read);
     validateCache();
     const QByteArray key = plan.shapeKey();
     std::shared_ptr<const MediaOrderedResult> ordered = m_cache.find(key);
     if (!ordered) {
-        ordered = loadOrderedResult(plan);
-        if (ordered)
-            m_cache.insert(key, ordered);
+        std::shared_ptr<MediaOrderedResult> loaded = loadOrderedResult(plan);
+        if (loaded)
+            m_cache.insert(key, plan, loaded);
+        ordered = std::move(loaded);
     }
+    if (snapshot)
+        snapshot->commit();
     return ordered;
 }
 
-std::shared_ptr<const MediaOrderedResult> MediaDatabase::loadOrderedResult(const MediaSearchPlan& plan)
+std::shared_ptr<MediaOrderedResult> MediaDatabase::loadOrderedResult(const MediaSearchPlan& plan)
 {
     SqliteStatement& query = statement(plan.sql());
     plan.bindTo(query);
     auto ordered = std::make_shared<MediaOrderedResult>();
     SqliteStatement::Step step = query.step();
     for (; step == SqliteStatement::Step::Row; step = query.step()) {
-        if (plan.isGrouped())
+        if (plan.isGrouped()) {
             ordered->albums.push_back(query.utf8(0));
-        else
+            ordered->albumKeys.push_back(query.utf8(1));
+        } else {
             ordered->ids.push_back(quint32(query.int64(0)));
+        }
     }
     query.reset();
     if (step != SqliteStatement::Step::Done)

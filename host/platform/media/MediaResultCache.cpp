@@ -1,14 +1,30 @@
 #include "host/platform/media/MediaResultCache.h"
 
+#include "host/platform/media/MediaResultFollower.h"
+
 MediaResultCache::MediaResultCache(int capacity) : m_capacity(capacity) {}
 
-void MediaResultCache::validate(qint64 othersVersion, qint64 ownChanges)
+void MediaResultCache::moveTo(const MediaCommitStamp& stamp, const std::optional<MediaLogPosition>& position,
+                              qint64 schemaVersion)
 {
-    if (othersVersion == m_othersVersion && ownChanges == m_ownChanges)
-        return;
-    clear();
-    m_othersVersion = othersVersion;
-    m_ownChanges = ownChanges;
+    m_stamp = stamp;
+    m_position = position;
+    m_schemaVersion = schemaVersion;
+}
+
+void MediaResultCache::follow(MediaResultFollower& follower)
+{
+    for (auto it = m_entries.begin(); it != m_entries.end();) {
+        const size_t size = it->plan.isGrouped() ? it->result->albums.size() : it->result->ids.size();
+        bool isFollowed = follower.isCheaperThanRereading(it->plan, size);
+        if (isFollowed) {
+            // A search still holding the result reads it unchanged.
+            if (it->result.use_count() > 1)
+                it->result = std::make_shared<MediaOrderedResult>(*it->result);
+            isFollowed = follower.follow(it->plan, *it->result);
+        }
+        it = isFollowed ? std::next(it) : m_entries.erase(it);
+    }
 }
 
 std::shared_ptr<const MediaOrderedResult> MediaResultCache::find(const QByteArray& key)
@@ -22,9 +38,10 @@ std::shared_ptr<const MediaOrderedResult> MediaResultCache::find(const QByteArra
     return nullptr;
 }
 
-void MediaResultCache::insert(const QByteArray& key, std::shared_ptr<const MediaOrderedResult> result)
+void MediaResultCache::insert(const QByteArray& key, const MediaSearchPlan& plan,
+                              std::shared_ptr<MediaOrderedResult> result)
 {
-    m_entries.push_front(Entry{key, std::move(result)});
+    m_entries.push_front(Entry{key, plan, std::move(result)});
     while (int(m_entries.size()) > m_capacity)
         m_entries.pop_back();
 }

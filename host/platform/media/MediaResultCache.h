@@ -1,17 +1,26 @@
 #pragma once
 // The ordered results of the last few request shapes, so that a window
-// anywhere in a long result costs as much as one at its start. Every change
-// of the database (by this connection or another one) empties it.
+// anywhere in a long result costs as much as one at its start. The results
+// follow the database: after a change (by this connection or another one)
+// they are brought up to date in place from the media objects' change log,
+// and emptied only when the log cannot say what changed.
 
 #include <QByteArray>
 
 #include <list>
 #include <memory>
+#include <optional>
 #include <vector>
+
+#include "host/platform/media/MediaChanges.h"
+#include "host/platform/media/MediaSearchPlan.h"
+
+class MediaResultFollower;
 
 struct MediaOrderedResult {
     std::vector<quint32> ids;          ///< in result order (entry searches)
     std::vector<QByteArray> albums;    ///< in result order (album-name searches), UTF-8
+    std::vector<QByteArray> albumKeys; ///< the sort key of each of albums
 };
 
 class MediaResultCache {
@@ -19,22 +28,34 @@ public:
     /** Keeps at most @p capacity results, the least recently used going first. */
     explicit MediaResultCache(int capacity);
 
-    /** Forgets every result unless the database is in the state they were taken in:
-     *  @p othersVersion counts commits by other connections, @p ownChanges rows changed
-     *  by this one. */
-    void validate(qint64 othersVersion, qint64 ownChanges);
+    /** Whether nothing was committed since the results were brought up to date. */
+    bool isAt(const MediaCommitStamp& stamp) const { return stamp == m_stamp; }
+    /** The place in the change log the results reflect; nothing when unknown. */
+    const std::optional<MediaLogPosition>& position() const { return m_position; }
+    /** The schema version the results were taken under. */
+    qint64 schemaVersion() const { return m_schemaVersion; }
+    /** The results now reflect the database at @p stamp and the log at @p position. */
+    void moveTo(const MediaCommitStamp& stamp, const std::optional<MediaLogPosition>& position,
+                qint64 schemaVersion);
+    /** Brings every result up to date through @p follower, dropping those it cannot
+     *  follow or that cost less to read anew. */
+    void follow(MediaResultFollower& follower);
+
     /** The result kept under @p key, or null. */
     std::shared_ptr<const MediaOrderedResult> find(const QByteArray& key);
-    void insert(const QByteArray& key, std::shared_ptr<const MediaOrderedResult> result);
+    void insert(const QByteArray& key, const MediaSearchPlan& plan, std::shared_ptr<MediaOrderedResult> result);
     void clear();
+    bool isEmpty() const { return m_entries.empty(); }
 
 private:
     struct Entry {
         QByteArray key;
-        std::shared_ptr<const MediaOrderedResult> result;
+        MediaSearchPlan plan;
+        std::shared_ptr<MediaOrderedResult> result;
     };
     int m_capacity;
-    qint64 m_othersVersion = -1;
-    qint64 m_ownChanges = -1;
+    MediaCommitStamp m_stamp;
+    std::optional<MediaLogPosition> m_position;
+    qint64 m_schemaVersion = -1;
     std::list<Entry> m_entries;        // most recently used first
 };

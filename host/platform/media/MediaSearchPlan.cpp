@@ -189,8 +189,10 @@ bool MediaSearchPlan::readNumberFilter(const MetadataSearchFilter& filter, QStri
         addCondition("m.created_by = ?", {*number});
     else if (isGroupList() && !m_groupId)
         m_groupId = quint32(*number);
-    else
+    else {
         addCondition("EXISTS (SELECT 1 FROM group_members x WHERE x.group_id = ? AND x.media_id = m.id)", {*number});
+        m_hasGroupFilter = true;
+    }
     return true;
 }
 
@@ -294,43 +296,53 @@ void MediaSearchPlan::buildSql()
         m_conditions.prepend(Condition{"m.kind = ?", {kind}});
     }
 
-    m_sql = m_isGrouped ? "SELECT m.album" : "SELECT m.id";
+    // Album names come with their keys, by which a kept result places an album.
+    m_sql = m_isGrouped ? "SELECT m.album, m.album_key" : "SELECT m.id";
     m_sql += isGroupList() ? " FROM group_members gm JOIN groups g ON g.id = gm.group_id"
                              " JOIN media m ON m.id = gm.media_id"
                            : " FROM media m";
-    for (int i = 0; i < m_conditions.size(); ++i)
-        m_sql += (i == 0 ? " WHERE " : " AND ") + m_conditions[i].sql;
+    m_sql += " WHERE " + conditionSql();
 
     if (m_isGrouped) {
-        MetadataSortDirection direction = METADATA_SORT_ASCENDING;
+        bool isDescending = false;
         for (const MetadataSortEntry& entry : m_sort) {
             if (entry.key == METADATA_SORT_ALBUM) {
-                direction = entry.direction;
+                isDescending = entry.direction == METADATA_SORT_DESCENDING;
                 break;
             }
         }
-        const char* order = directionOf(direction);
-        m_sql += QByteArray(" GROUP BY m.album_key, m.album ORDER BY m.album_key") + order + ", m.album" + order;
-        return;
+        m_orderTerms = {{"m.album_key", isDescending}, {"m.album", isDescending}};
+        m_sql += " GROUP BY m.album_key, m.album";
+    } else {
+        for (const MetadataSortEntry& entry : m_sort) {
+            for (const QByteArray& column : sortColumnsOf(entry.key))
+                m_orderTerms.append({column, entry.direction == METADATA_SORT_DESCENDING});
+        }
+        // Ties break on the object id (and, for a group holding an object
+        // twice, on its place), so the order is total and every window is
+        // stable.
+        const bool isTieDescending = !m_sort.isEmpty() && m_sort.first().direction == METADATA_SORT_DESCENDING;
+        m_orderTerms.append({"m.id", isTieDescending});
+        if (isGroupList())
+            m_orderTerms.append({"gm.position", isTieDescending});
     }
-
     QList<QByteArray> order;
-    for (const MetadataSortEntry& entry : m_sort) {
-        for (const QByteArray& column : sortColumnsOf(entry.key))
-            order.append(column + directionOf(entry.direction));
-    }
-    // Ties break on the object id (and, for a group holding an object twice,
-    // on its place), so the order is total and every window is stable.
-    const char* tieDirection = directionOf(m_sort.isEmpty() ? METADATA_SORT_ASCENDING : m_sort.first().direction);
-    order.append(QByteArray("m.id") + tieDirection);
-    if (isGroupList())
-        order.append(QByteArray("gm.position") + tieDirection);
+    for (const OrderTerm& term : m_orderTerms)
+        order.append(term.column + directionOf(term.isDescending ? METADATA_SORT_DESCENDING : METADATA_SORT_ASCENDING));
     m_sql += " ORDER BY " + order.join(", ");
 }
 
-void MediaSearchPlan::bindTo(SqliteStatement& statement) const
+QByteArray MediaSearchPlan::conditionSql() const
 {
-    int index = 1;
+    QList<QByteArray> conditions;
+    for (const Condition& condition : m_conditions)
+        conditions.append(condition.sql);
+    return conditions.join(" AND ");
+}
+
+void MediaSearchPlan::bindTo(SqliteStatement& statement, int firstIndex) const
+{
+    int index = firstIndex;
     for (const Condition& condition : m_conditions) {
         for (const Value& value : condition.values) {
             if (const qint64* number = std::get_if<qint64>(&value))

@@ -36,8 +36,23 @@ public:
 
     /** SQL listing the whole result in order: object ids, or album names when grouped. */
     const QByteArray& sql() const { return m_sql; }
-    /** Binds the request's values to a statement prepared from sql(). */
-    void bindTo(SqliteStatement& statement) const;
+    /** Binds the request's values to a statement prepared from sql(), or to one that has
+     *  conditionSql() after parameters 1 to @p firstIndex - 1 of its own. */
+    void bindTo(SqliteStatement& statement, int firstIndex = 1) const;
+
+    /** One column of the result's order: "m.<column>", most significant first. */
+    struct OrderTerm {
+        QByteArray column;
+        bool isDescending = false;
+    };
+    /** The order of the result, total: it ends with the object id for entries, and is the
+     *  album key and album for album names. */
+    const QList<OrderTerm>& orderTerms() const { return m_orderTerms; }
+    /** The conditions an entry of the result meets, over "media m", joined by AND. */
+    QByteArray conditionSql() const;
+    /** Whether the result depends on group members (a group list or a group filter), not
+     *  only on the media objects. */
+    bool readsGroups() const { return isGroupList() || m_hasGroupFilter; }
     /** Equal keys mean equal ordered results (on the same database state). */
     QByteArray shapeKey() const;
 
@@ -68,6 +83,8 @@ private:
     MetadataListType m_listType = METADATA_LIST_MUSIC;
     std::optional<quint32> m_groupId;   // the group a group list draws from
     QList<Condition> m_conditions;
+    QList<OrderTerm> m_orderTerms;
+    bool m_hasGroupFilter = false;
     QList<MetadataSortEntry> m_sort;
     QList<MetadataSearchCandidateType> m_candidates;
     bool m_isGrouped = false;

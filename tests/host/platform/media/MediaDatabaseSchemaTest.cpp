@@ -69,7 +69,7 @@ TEST_F(MediaDatabaseSchemaTest, AnotherProgramsDatabaseIsRefusedAndLeftAsItIs)
     EXPECT_FALSE(isOpened);
 
     runOnFile("PRAGMA user_version = 9");
-    EXPECT_EQ(openWarnings(&isOpened), QStringList{prefix + "schema version 9 is newer than this program's 2"});
+    EXPECT_EQ(openWarnings(&isOpened), QStringList{prefix + "schema version 9 is newer than this program's 3"});
     EXPECT_FALSE(isOpened);
 }
 

@@ -1,0 +1,241 @@
+// Kept ordered results follow changes in place: after every batch of random
+// changes, by the searching connection and by another one, each kept result
+// equals what a fresh connection reads; and a change log that cannot tell
+// what changed makes them read anew.
+
+#include <gtest/gtest.h>
+
+#include <sqlite3.h>
+
+#include <QFile>
+#include <QRandomGenerator>
+
+#include <cstring>
+#include <vector>
+
+#include "host/platform/media/MediaDatabase.h"
+#include "host/platform/media/MediaSearchPlan.h"
+#include "host/platform/media/SqliteTransaction.h"
+#include "tests/support/SongBuilder.h"
+#include "tests/support/TestEnvironment.h"
+
+namespace {
+
+// Awkward keys: accents and case that fold together, empty and null tags,
+// titles that tie.
+const char* const kTitles[] = {"Árós", "aros", "AROS", "", "Zenith", "élan", "Elan", "ß", "ss", "Ünder"};
+const char* const kAlbums[] = {"Aurora", "aurora", "Áurora", "", "Öresund", "Night", "night "};
+const char* const kArtists[] = {"Ann", "ann", "Bo", ""};
+const char* const kDates[] = {"2001", "2001-05-01", "", "1999-12"};
+
+template <size_t N>
+QString pick(QRandomGenerator& random, const char* const (&pool)[N])
+{
+    const quint32 index = random.bounded(quint32(N + 1));
+    return index == N ? QString() : QString::fromUtf8(pool[index]);   // sometimes null
+}
+
+struct Shape {
+    MetadataListType list = METADATA_LIST_MUSIC;
+    std::vector<MetadataSearchFilter> filters;
+    std::vector<MetadataSortEntry> sort;
+    bool isGrouped = false;
+    int storage = 2;   // both storages
+};
+
+MetadataSearchFilter textFilter(MetadataSearchFilterType type, const char* text)
+{
+    return {type, METADATA_OPERATOR_EQUAL, uint32_t(std::strlen(text) + 1), text};
+}
+
+const uint32_t kUserGroup = 4;
+const uint32_t kHistoryGroup = METADATA_AUDIO_HISTORY_GROUP_ID;
+const uint32_t kDownloaded = METADATA_CREATED_DOWNLOADED;
+
+// Every shape the lists send, in groups of four: the connection keeps four.
+std::vector<std::vector<Shape>> shapeGroups()
+{
+    const MetadataSortEntry title{METADATA_SORT_TITLE, METADATA_SORT_ASCENDING};
+    const MetadataSortEntry titleDown{METADATA_SORT_TITLE, METADATA_SORT_DESCENDING};
+    const MetadataSortEntry album{METADATA_SORT_ALBUM, METADATA_SORT_ASCENDING};
+    const MetadataSortEntry albumDown{METADATA_SORT_ALBUM, METADATA_SORT_DESCENDING};
+    const MetadataSortEntry track{METADATA_SORT_TRACK, METADATA_SORT_ASCENDING};
+    const MetadataSortEntry date{METADATA_SORT_DATE, METADATA_SORT_DESCENDING};
+    const MetadataSortEntry position{METADATA_SORT_GROUP_POSITION, METADATA_SORT_ASCENDING};
+    const MetadataSearchFilter groupFilter{METADATA_FILTER_GROUP_ID, METADATA_OPERATOR_EQUAL, 4, &kUserGroup};
+    return {
+        {{METADATA_LIST_MUSIC, {}, {title}}, {METADATA_LIST_MUSIC, {}, {titleDown}},
+         {METADATA_LIST_MUSIC, {}, {album, track}}, {METADATA_LIST_MUSIC, {}, {album}, true}},
+        {{METADATA_LIST_MUSIC, {textFilter(METADATA_FILTER_ARTIST, "Ann")}, {album, track}},
+         {METADATA_LIST_MUSIC, {textFilter(METADATA_FILTER_GENRE, "Pop")}, {title}, false, 0},
+         {METADATA_LIST_MUSIC, {textFilter(METADATA_FILTER_ALBUM, "Aurora")}, {track}},
+         {METADATA_LIST_MUSIC, {textFilter(METADATA_FILTER_ARTIST, "ann")}, {albumDown}, true}},
+        {{METADATA_LIST_MUSIC, {textFilter(METADATA_FILTER_COMPOSER, "")}, {title}},
+         {METADATA_LIST_MUSIC, {textFilter(METADATA_FILTER_DATE, "2001")}, {date}},
+         {METADATA_LIST_MUSIC, {{METADATA_FILTER_CREATE_FLAG, METADATA_OPERATOR_EQUAL, 4, &kDownloaded}}, {}},
+         {METADATA_LIST_VIDEO, {}, {date}}},
+        {{METADATA_LIST_USER_GROUP, {groupFilter}, {position}},
+         {METADATA_LIST_HISTORY_GROUP, {{METADATA_FILTER_GROUP_ID, METADATA_OPERATOR_EQUAL, 4, &kHistoryGroup}}, {position}},
+         {METADATA_LIST_MUSIC, {groupFilter}, {title}}, {METADATA_LIST_MUSIC, {}, {titleDown}, true, 1}},
+    };
+}
+
+MediaSearchPlan planOf(const Shape& shape)
+{
+    const MetadataSearchCandidateType candidate =
+        shape.isGrouped ? METADATA_CANDIDATE_ALBUM : METADATA_CANDIDATE_OBJECT_ID;
+    const MetadataSearchMediaRequest request{
+        1, &shape.list, uint32_t(shape.filters.size()), shape.filters.data(), uint32_t(shape.sort.size()),
+        shape.sort.data(), shape.storage, 0, shape.isGrouped ? 1u : 0u, 1, &candidate, 0, 0, 1};
+    QString error;
+    const std::optional<MediaSearchPlan> plan = MediaSearchPlan::read(request, 2, &error);
+    EXPECT_TRUE(plan) << qPrintable(error);
+    return *plan;
+}
+
+class MediaResultFollowTest : public TestEnvironment {
+protected:
+    void SetUp() override
+    {
+        TestEnvironment::SetUp();
+        m_own = MediaDatabase::open(MediaDatabase::defaultFile());
+        m_other = MediaDatabase::open(MediaDatabase::defaultFile());
+        ASSERT_TRUE(m_own && m_other);
+        ASSERT_EQ(m_other->addGroup(METADATA_GROUP_USER, QStringLiteral("Mix")), kUserGroup);
+        const auto transaction = m_other->beginTransaction();
+        for (int i = 0; i < 3000; ++i)
+            m_ids.push_back(m_other->addMedia(randomSong()));
+        ASSERT_TRUE(transaction->commit());
+    }
+
+    MediaRecord randomSong()
+    {
+        MediaRecord song = SongBuilder(QStringLiteral("/m/%1.mp3").arg(m_nextPath++))
+                               .title(pick(m_random, kTitles))
+                               .album(pick(m_random, kAlbums))
+                               .artist(pick(m_random, kArtists))
+                               .genre(m_random.bounded(2) ? QStringLiteral("Pop") : QString())
+                               .composer(m_random.bounded(3) ? QStringLiteral("Cy") : QString())
+                               .track(int(m_random.bounded(3)))
+                               .date(pick(m_random, kDates))
+                               .storage(int(m_random.bounded(2)))
+                               .createdBy(int(m_random.bounded(3)) - 1)
+                               .kind(m_random.bounded(8) ? MediaKind::Audio : MediaKind::Video);
+        return song;
+    }
+
+    /** One random change of any kind, by @p writer. */
+    void change(MediaDatabase& writer)
+    {
+        const size_t at = m_random.bounded(quint32(m_ids.size()));
+        std::optional<MediaRecord> record = writer.mediaById(m_ids[at]);
+        switch (m_random.bounded(6)) {
+        case 0: m_ids.push_back(writer.addMedia(randomSong())); return;
+        case 1: writer.removeMedia(m_ids[at]); m_ids.erase(m_ids.begin() + ptrdiff_t(at)); return;
+        case 2: record->title = pick(m_random, kTitles); break;
+        case 3: record->album = pick(m_random, kAlbums); break;
+        case 4: {
+            const MediaRecord other = randomSong();   // moves in every order and filter
+            record->artist = other.artist, record->genre = other.genre, record->composer = other.composer;
+            record->track = other.track, record->storage = other.storage, record->kind = other.kind;
+            record->date = other.date, record->createdBy = other.createdBy;
+            break;
+        }
+        default: {
+            const quint32 group = m_random.bounded(2) ? kUserGroup : kHistoryGroup;
+            writer.setGroupMembers(group, {m_ids[at], m_ids[at / 2], m_ids[at]});
+            return;
+        }
+        }
+        EXPECT_TRUE(writer.updateMedia(*record));
+    }
+
+    void expectLikeFresh(const std::vector<Shape>& shapes)
+    {
+        const std::unique_ptr<MediaDatabase> fresh = MediaDatabase::open(MediaDatabase::defaultFile());
+        for (size_t i = 0; i < shapes.size(); ++i) {
+            const MediaSearchPlan plan = planOf(shapes[i]);
+            const auto kept = m_own->orderedResult(plan);
+            const auto expected = fresh->orderedResult(plan);
+            ASSERT_TRUE(kept && expected);
+            EXPECT_EQ(kept->ids, expected->ids) << "shape " << i;
+            EXPECT_EQ(kept->albums, expected->albums) << "shape " << i;
+        }
+    }
+
+    static void runOnFile(const char* sql)
+    {
+        sqlite3* db = nullptr;
+        ASSERT_EQ(sqlite3_open(QFile::encodeName(MediaDatabase::defaultFile()).constData(), &db), SQLITE_OK);
+        EXPECT_EQ(sqlite3_exec(db, sql, nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(db);
+        sqlite3_close(db);
+    }
+
+    static constexpr quint32 kSeed = 20261125;
+    QRandomGenerator m_random{kSeed};
+    int m_nextPath = 0;
+    std::vector<quint32> m_ids;
+    std::unique_ptr<MediaDatabase> m_own;     // searches, and writes too
+    std::unique_ptr<MediaDatabase> m_other;   // another program
+};
+
+TEST_F(MediaResultFollowTest, RandomChangesByBothConnections_KeptResultsEqualAFreshRead)
+{
+    for (const std::vector<Shape>& shapes : shapeGroups()) {
+        expectLikeFresh(shapes);
+        for (int batch = 0; batch < 16; ++batch) {
+            SCOPED_TRACE(testing::Message() << "seed " << kSeed << ", batch " << batch);
+            // Mostly a few changes; now and then a bulk one, read anew.
+            const int changes = batch % 8 == 7 ? 60 : int(m_random.bounded(1, 9));
+            for (int i = 0; i < changes; ++i)
+                change(m_random.bounded(2) ? *m_own : *m_other);
+            ASSERT_NO_FATAL_FAILURE(expectLikeFresh(shapes));
+        }
+    }
+}
+
+TEST_F(MediaResultFollowTest, OwnChangesRolledBack_KeptResultsShowNoneOfThem)
+{
+    const std::vector<Shape> shapes = shapeGroups().front();
+    expectLikeFresh(shapes);
+    const std::vector<quint32> ids = m_ids;
+    {
+        const auto transaction = m_own->beginTransaction();
+        for (int i = 0; i < 8; ++i)
+            change(*m_own);
+        for (const Shape& shape : shapes)   // searched while the changes show
+            ASSERT_TRUE(m_own->orderedResult(planOf(shape)));
+    }
+    m_ids = ids;
+    expectLikeFresh(shapes);
+    // The change numbers the rolled-back changes had are given out again.
+    for (int i = 0; i < 8; ++i)
+        change(*m_other);
+    expectLikeFresh(shapes);
+}
+
+TEST_F(MediaResultFollowTest, LogThatCannotTellWhatChanged_ResultsAreReadAnew)
+{
+    const std::vector<Shape> shapes = shapeGroups().front();
+    const char* const damages[] = {
+        // trimmed past the place the results follow
+        "DELETE FROM media_change_log WHERE seq > 0",
+        // emptied, so that numbering starts again
+        "DELETE FROM media_change_log",
+        // a writer that the log no longer hears: a change of the schema
+        "DROP TRIGGER media_update_logged",
+    };
+    for (const char* damage : damages) {
+        SCOPED_TRACE(damage);
+        expectLikeFresh(shapes);
+        change(*m_other);
+        runOnFile(damage);
+        for (int round = 0; round < 2; ++round) {
+            for (int i = 0; i < 4; ++i)
+                change(*m_other);
+            expectLikeFresh(shapes);
+        }
+    }
+}
+
+} // namespace
