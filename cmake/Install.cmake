@@ -46,7 +46,7 @@ endforeach()
 # the folder list with its list interface, and the platform interfaces.
 install(FILES ${CMAKE_SOURCE_DIR}/mainwindow/MP_LibraryEntry.h ${CMAKE_SOURCE_DIR}/mainwindow/MP_MainWindow.h
   DESTINATION ${MP_INSTALL_INCLUDEDIR}/mainwindow COMPONENT Development)
-install(FILES ${CMAKE_SOURCE_DIR}/lists/MP_FolderList.h ${CMAKE_SOURCE_DIR}/lists/MP_ListInterface.h
+install(FILES ${CMAKE_SOURCE_DIR}/lists/MP_FolderList.h ${CMAKE_SOURCE_DIR}/lists/MP_FileStamp.h ${CMAKE_SOURCE_DIR}/lists/MP_ListInterface.h
   DESTINATION ${MP_INSTALL_INCLUDEDIR}/lists COMPONENT Development)
 file(GLOB MP_PLATFORM_HEADERS CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/platform/*.h)
 install(FILES ${MP_PLATFORM_HEADERS} DESTINATION ${MP_INSTALL_INCLUDEDIR}/platform COMPONENT Development)

@@ -80,14 +80,14 @@ TEST_F(MediaDatabaseSchemaTest, ATableWithoutAColumnThisProgramUsesIsRefusedByNa
     runOnFile("ALTER TABLE media DROP COLUMN file_modified");
     bool isOpened = true;
     EXPECT_EQ(openWarnings(&isOpened),
-              QStringList{prefix + "schema version 2 with a damaged table \"media\" (no such column: file_modified): "
+              QStringList{prefix + "schema version 3 with a damaged table \"media\" (no such column: file_modified): "
                                    "not a media database"});
     EXPECT_FALSE(isOpened);
 
     runOnFile("ALTER TABLE media ADD COLUMN file_modified INTEGER NOT NULL DEFAULT 0;"
               "ALTER TABLE groups RENAME COLUMN name TO title");
     EXPECT_EQ(openWarnings(&isOpened),
-              QStringList{prefix + "schema version 2 with a damaged table \"groups\" (no such column: name): "
+              QStringList{prefix + "schema version 3 with a damaged table \"groups\" (no such column: name): "
                                    "not a media database"});
     EXPECT_FALSE(isOpened);
     EXPECT_EQ(metadataCreateClient(nullptr), 0u) << "no client on such a database";
