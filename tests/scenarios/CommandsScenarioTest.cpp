@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/scenarios/ScenarioRun.h"
+#include "tests/support/ProjectProgram.h"
 
 namespace {
 
@@ -44,7 +45,7 @@ TEST(CommandsScenarioTest, DeletingThePlayingSong_DeletesItsFileAndPlaysTheNext)
     for (const QString& name : album.entryList(QDir::Files))
         ASSERT_TRUE(QFile::copy(album.filePath(name), folder.filePath(name)));
     QProcess scan;
-    scan.start(MP_BIN_DIR "/mp-scan", {"--data-dir", scenario.dataDir() + "/data", folder.path()});
+    ASSERT_TRUE(ProjectProgram::start(scan, "mp-scan", {"--data-dir", scenario.dataDir() + "/data", folder.path()}));
     ASSERT_TRUE(scan.waitForFinished(60000) && scan.exitCode() == 0);
 
     const QStringList paperBoats{"--action", "PlayMusicListInMediaplayer", "isAllArtist=1", "isAllAlbum=0",
