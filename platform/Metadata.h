@@ -3,7 +3,14 @@
 // 32-bit words. The host implements it over one SQLite file in the data
 // folder. Callbacks run synchronously inside the call that takes them.
 
+#include <cstddef>
 #include <cstdint>
+
+// The records below are the phone's: laid out in 32-bit words, pointers
+// included. Built for a 32-bit processor, each must have its documented size
+// and offsets (asserted after each record); a 64-bit build lays its pointers
+// out wider and is bound only by the field order.
+#define MP_ASSERT_32BIT(fact, text) static_assert(sizeof(void*) != 4 || (fact), text)
 
 /** Prepares the metadata library; returns 0 on success. Safe to call more than once. */
 int metadataInitialize();
@@ -37,9 +44,10 @@ struct LastPlayedListRecord {
     int32_t reserved2[2];
     uint32_t handler;        ///< metadata-client handle
 };
-#if UINTPTR_MAX == 0xFFFFFFFFu
-static_assert(sizeof(LastPlayedListRecord) == 68, "the phone's last-played record is 68 bytes");
-#endif
+MP_ASSERT_32BIT(sizeof(LastPlayedListRecord) == 68, "the phone's last-played record is 68 bytes");
+MP_ASSERT_32BIT(offsetof(LastPlayedListRecord, genre) == 32, "the genre string is word 8");
+MP_ASSERT_32BIT(offsetof(LastPlayedListRecord, groupObjectId) == 44, "the group id is word 11");
+MP_ASSERT_32BIT(offsetof(LastPlayedListRecord, handler) == 64, "the handle is the last word");
 
 // ---------------------------------------------------------------------------
 // Searching media
@@ -179,14 +187,13 @@ struct MetadataMediaSummary {
     uint32_t reserved;
 };
 
-#if UINTPTR_MAX == 0xFFFFFFFFu
-static_assert(sizeof(MetadataSearchFilter) == 16, "a filter entry is four words");
+MP_ASSERT_32BIT(sizeof(MetadataSearchFilter) == 16, "a filter entry is four words");
+MP_ASSERT_32BIT(sizeof(MetadataSearchMediaRequest) == 56, "the search request is fourteen words");
+MP_ASSERT_32BIT(offsetof(MetadataSearchMediaRequest, candidates) == 40, "the candidates are word 10");
+MP_ASSERT_32BIT(sizeof(MetadataMediaField) == 12, "a delivered value is three words");
+MP_ASSERT_32BIT(sizeof(MetadataMediaInfo) == 8, "a media-info record is two words");
+MP_ASSERT_32BIT(sizeof(MetadataSearchMediaResponse) == 12, "the search response is three words");
 static_assert(sizeof(MetadataSortEntry) == 8, "a sort entry is two words");
-static_assert(sizeof(MetadataSearchMediaRequest) == 56, "the search request is fourteen words");
-static_assert(sizeof(MetadataMediaField) == 12, "a delivered value is three words");
-static_assert(sizeof(MetadataMediaInfo) == 8, "a media-info record is two words");
-static_assert(sizeof(MetadataSearchMediaResponse) == 12, "the search response is three words");
-#endif
 static_assert(sizeof(MetadataMediaSummary) == 32, "a media summary is eight words");
 
 typedef void (*MetadataSearchMediaCallback)(void* userData, MetadataSearchMediaResponse* response);
@@ -219,9 +226,7 @@ struct MetadataSearchMusicFileResponse {
     const MetadataMediaSummary* entries;
 };
 
-#if UINTPTR_MAX == 0xFFFFFFFFu
-static_assert(sizeof(MetadataSearchMusicFileRequest) == 28, "the file search request is seven words");
-#endif
+MP_ASSERT_32BIT(sizeof(MetadataSearchMusicFileRequest) == 28, "the file search request is seven words");
 
 typedef void (*MetadataSearchMusicFileCallback)(void* userData, MetadataSearchMusicFileResponse* response);
 
@@ -265,10 +270,8 @@ struct MetadataRemoveItemsRecord {
     const uint32_t* positions;  ///< places in the group's order (from 0) within that selection
 };
 
-#if UINTPTR_MAX == 0xFFFFFFFFu
-static_assert(sizeof(MetadataAddItemsRecord) == 20, "the add record is five words");
-static_assert(sizeof(MetadataRemoveItemsRecord) == 20, "the removal record is five words");
-#endif
+MP_ASSERT_32BIT(sizeof(MetadataAddItemsRecord) == 20, "the add record is five words");
+MP_ASSERT_32BIT(sizeof(MetadataRemoveItemsRecord) == 20, "the removal record is five words");
 static_assert(sizeof(MetadataGroupItem) == 32, "a group item is eight words");
 
 /** Adds the items to the group. An object already in the group moves to the new place.

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Installs the Debian 12 packages the project builds and tests with.
-# Does nothing when they are all present already.
+# Installs the Debian 12 packages the project builds and tests with, and any
+# named on the command line. Does nothing when they are all present already.
 set -euo pipefail
 
 # dbus-daemon gives the tests of messages between processes a private bus.
@@ -14,6 +14,7 @@ packages=(g++ cmake ninja-build pkg-config qt6-base-dev libsqlite3-dev libtag1-d
           dbus-daemon clang libclang-rt-14-dev xvfb xauth
           qt6-multimedia-dev gstreamer1.0-plugins-base gstreamer1.0-plugins-good
           pulseaudio pulseaudio-utils)
+packages+=("$@")
 
 missing=()
 for package in "${packages[@]}"; do

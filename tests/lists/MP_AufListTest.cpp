@@ -16,6 +16,7 @@
 #include "lists/MP_AufContext.h"
 #include "platform/QCopChannel.h"
 #include "platform/StreamEncoding.h"
+#include "tests/support/ProjectProgram.h"
 #include "tests/support/SongBuilder.h"
 #include "tests/support/TestEnvironment.h"
 
@@ -555,8 +556,8 @@ TEST_F(MP_AufListTest, AnotherProcessRemovingThePlayingSong_MovesTheListOn)
     }
     auto scan = [&] {
         QProcess process;
-        process.start(QStringLiteral(MP_BIN_DIR "/mp-scan"), {files.path()});
-        return process.waitForFinished(30000) && process.exitCode() == 0;
+        return ProjectProgram::start(process, QStringLiteral("mp-scan"), {files.path()})
+               && process.waitForFinished(30000) && process.exitCode() == 0;
     };
     ASSERT_TRUE(scan());
     MP_AufList list;

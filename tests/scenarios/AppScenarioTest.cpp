@@ -2,6 +2,7 @@
 // themselves, scripts it must refuse, and playing a folder through the
 // library's exported folder list.
 
+#include "tests/support/ProjectProgram.h"
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>
@@ -142,7 +143,7 @@ TEST(AppScenarioTest, Folder_PlaysItsFilesInNameOrder)
 TEST(AppScenarioTest, Library_ExportsTheEntryPointsAndTheFolderListOnly)
 {
     QProcess nm;
-    nm.start("nm", {"-D", "--defined-only", "--format=just-symbols", MP_BIN_DIR "/../lib/libmp_mainwindow.so"});
+    nm.start("nm", {"-D", "--defined-only", "--format=just-symbols", ProjectProgram::path("../lib/libmp_mainwindow.so")});
     ASSERT_TRUE(nm.waitForFinished(30000));
     ASSERT_EQ(nm.exitCode(), 0) << nm.readAllStandardError().constData();
     QSet<QString> others;

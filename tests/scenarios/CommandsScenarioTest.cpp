@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/scenarios/ScenarioRun.h"
+#include "tests/support/ProjectProgram.h"
 
 namespace {
 
@@ -47,8 +48,8 @@ bool copyPaperBoats(const QTemporaryDir& folder, const ScenarioRun* scenario)
     if (!scenario)
         return true;
     QProcess scan;
-    scan.start(MP_BIN_DIR "/mp-scan", {"--data-dir", scenario->dataDir() + "/data", folder.path()});
-    return scan.waitForFinished(60000) && scan.exitCode() == 0;
+    return ProjectProgram::start(scan, "mp-scan", {"--data-dir", scenario->dataDir() + "/data", folder.path()})
+           && scan.waitForFinished(60000) && scan.exitCode() == 0;
 }
 
 const QStringList kPaperBoats{"--action", "PlayMusicListInMediaplayer", "isAllArtist=1", "isAllAlbum=0",

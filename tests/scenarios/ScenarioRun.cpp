@@ -7,6 +7,7 @@
 #include <QProcess>
 
 #include "host/tools/samplegen/SampleLibraryWriter.h"
+#include "tests/support/ProjectProgram.h"
 
 ScenarioRun::ScenarioRun() : m_journalPath(m_dataDir.filePath(QStringLiteral("journal.jsonl"))) {}
 
@@ -20,14 +21,15 @@ QString ScenarioRun::sampleLibrary()
 
 QString ScenarioRun::script(const QString& name)
 {
-    return QStringLiteral(MP_SOURCE_DIR "/tests/scenarios/") + name;
+    return ProjectProgram::sourcePath("tests/scenarios/") + name;
 }
 
 bool ScenarioRun::scanSampleLibrary()
 {
     QProcess scan;
-    scan.start(QStringLiteral(MP_BIN_DIR "/mp-scan"),
-               {QStringLiteral("--data-dir"), m_dataDir.filePath(QStringLiteral("data")), sampleLibrary()});
+    if (!ProjectProgram::start(scan, QStringLiteral("mp-scan"),
+                               {QStringLiteral("--data-dir"), m_dataDir.filePath(QStringLiteral("data")), sampleLibrary()}))
+        return false;
     return scan.waitForFinished(60000) && scan.exitStatus() == QProcess::NormalExit && scan.exitCode() == 0;
 }
 
@@ -61,11 +63,12 @@ int ScenarioRun::runApplication(const QStringList& arguments)
     environment.insert(QStringLiteral("LANG"), QStringLiteral("C.UTF-8"));
     environment.insert(QStringLiteral("MP_QCOP_LOCAL"), QStringLiteral("1"));
     process.setProcessEnvironment(environment);
-    process.start(QStringLiteral(MP_BIN_DIR "/mediaplayer"),
-                  QStringList{QStringLiteral("--data-dir"), m_dataDir.filePath(QStringLiteral("data")),
-                              QStringLiteral("--journal"), m_journalPath, QStringLiteral("--log"),
-                              m_dataDir.filePath(QStringLiteral("trace.log")), QStringLiteral("--quiet")}
-                      + arguments);
+    if (!ProjectProgram::start(process, QStringLiteral("mediaplayer"),
+                               QStringList{QStringLiteral("--data-dir"), m_dataDir.filePath(QStringLiteral("data")),
+                                           QStringLiteral("--journal"), m_journalPath, QStringLiteral("--log"),
+                                           m_dataDir.filePath(QStringLiteral("trace.log")), QStringLiteral("--quiet")}
+                                   + arguments))
+        return -1;
     if (!process.waitForFinished(60000)) {
         process.kill();
         process.waitForFinished();

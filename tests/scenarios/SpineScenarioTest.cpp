@@ -58,7 +58,9 @@ TEST(SpineScenarioTest, BadScriptLine_StopsWithTheLineAndFails)
     EXPECT_TRUE(scenario.errorOutput().contains("bad_command.mps:4: unknown command \"frobnicate\""))
         << qPrintable(scenario.errorOutput());
     // The window was still deleted through the library.
-    EXPECT_EQ(scenario.journal().last().value("key").toString(), "HidePlaying");
+    const QList<QJsonObject> journal = scenario.journal();
+    ASSERT_FALSE(journal.isEmpty());
+    EXPECT_EQ(journal.last().value("key").toString(), "HidePlaying");
 }
 
 TEST(SpineScenarioTest, MissingLibrary_IsAClearErrorNamingIt)

@@ -2,6 +2,7 @@
 // bounded, and a termination ends it at once, whatever is still queued.
 // Bounded by the number of messages sent, never by time.
 
+#include "tests/support/ProjectProgram.h"
 #include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
@@ -97,7 +98,7 @@ protected:
 #endif
         m_player.setProcessEnvironment(environment);
         m_player.setWorkingDirectory(ScenarioRun::sampleLibrary());
-        m_player.start(QStringLiteral(MP_BIN_DIR "/mediaplayer"),
+        ProjectProgram::start(m_player, "mediaplayer",
                        {"--data-dir", m_run.dataDir() + "/data", "--journal", journal(), "--quiet", "--log",
                         m_run.dataDir() + "/flood.log", "--action", "PlayMusicListInMediaplayer", "isAllArtist=1",
                         "isAllAlbum=0", "Album=Northern Lights", "isAllGenre=1", "isAllComposer=1", "FirstIndex=0",

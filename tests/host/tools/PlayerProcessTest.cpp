@@ -21,6 +21,7 @@
 #include "host/tools/qcop/PayloadDecoder.h"
 #include "tests/scenarios/ScenarioRun.h"
 #include "tests/support/PrivateBus.h"
+#include "tests/support/ProjectProgram.h"
 
 namespace {
 
@@ -73,7 +74,7 @@ protected:
     {
         process.setProcessEnvironment(m_bus.environment());
         process.setWorkingDirectory(ScenarioRun::sampleLibrary());
-        process.start(QStringLiteral(MP_BIN_DIR "/") + program, arguments);
+        ProjectProgram::start(process, program, arguments);
     }
 
     /** Starts the player on the script; true once it waits for the test. */

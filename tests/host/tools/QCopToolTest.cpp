@@ -6,10 +6,9 @@
 
 #include "host/tools/qcop/PayloadDecoder.h"
 #include "tests/support/PrivateBus.h"
+#include "tests/support/ProjectProgram.h"
 
 namespace {
-
-const QString kQcop = QStringLiteral(MP_BIN_DIR "/qcop");
 
 TEST(PayloadDecoderTest, DecodesByTheTypesTheNameGivesElseShowsTheBytes)
 {
@@ -61,7 +60,8 @@ protected:
     {
         QProcess process;
         process.setProcessEnvironment(m_bus.environment());
-        process.start(kQcop, arguments);
+        if (!ProjectProgram::start(process, "qcop", arguments))
+            return -1;
         process.waitForFinished(30000);
         if (errorOutput)
             *errorOutput = QString::fromUtf8(process.readAllStandardError());
@@ -72,7 +72,8 @@ protected:
     bool startListener(const QStringList& channels)
     {
         m_listener.setProcessEnvironment(m_bus.environment());
-        m_listener.start(kQcop, QStringList{"--listen"} + channels);
+        if (!ProjectProgram::start(m_listener, "qcop", QStringList{"--listen"} + channels))
+            return false;
         m_listener.setReadChannel(QProcess::StandardError);
         while (!m_listener.canReadLine()) {
             if (!m_listener.waitForReadyRead(10000))
@@ -154,7 +155,7 @@ TEST_F(QCopToolTest, BadUsageAndNoBusAreToldApart)
     QProcessEnvironment noBus = m_bus.environment();
     noBus.insert("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent/bus");
     process.setProcessEnvironment(noBus);
-    process.start(kQcop, {"C", "m()"});
+    ASSERT_TRUE(ProjectProgram::start(process, "qcop", {"C", "m()"}));
     process.waitForFinished(30000);
     EXPECT_EQ(process.exitCode(), 1);
     EXPECT_EQ(process.readAllStandardError(),

@@ -1,3 +1,4 @@
+#include "tests/support/ProjectProgram.h"
 #include "host/platform/media/MediaDatabaseSchema.h"
 
 #include <gtest/gtest.h>
@@ -100,7 +101,7 @@ TEST_F(MediaDatabaseSchemaTest, AFirstVersionDatabaseIsUpgradedWithItsRows)
     // ("/m/rain.mp3" with its tags, "/m/clip.mp4"), the user group 4 "Evening"
     // holding object 1, a last-played list of that group, and user_version 1.
     const QString file = MediaDatabase::defaultFile();
-    ASSERT_TRUE(QFile::copy(MP_SOURCE_DIR "/tests/host/platform/media/data/metadata-v1.db", file));
+    ASSERT_TRUE(QFile::copy(ProjectProgram::sourcePath("tests/host/platform/media/data/metadata-v1.db"), file));
     ASSERT_TRUE(QFile::setPermissions(file, QFile::ReadOwner | QFile::WriteOwner));
     ASSERT_EQ(userVersion(), 1);
 

@@ -1,0 +1,263 @@
+// Loaded before the host platform (LD_PRELOAD) into the application, this
+// library stands between the main-window library and the metadata service:
+// every record the library hands to the service is written, as a line, to the
+// file named by MP_RECORD_TAP, and then handed on unchanged.
+//
+// A line shows the record in its 32-bit layout, word by word as the bytes lie
+// in memory (little-endian), a pointer as "ptr" or, when null, as zeros; then
+// what each pointer reaches. Built for a 32-bit processor, the record's own
+// bytes must be exactly that layout (with the pointers' values), else the line
+// says "layout differs" with the bytes it found.
+
+#include <dlfcn.h>
+
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "platform/Metadata.h"
+
+namespace {
+
+std::string hexOf(const void* data, size_t size)
+{
+    static const char digits[] = "0123456789abcdef";
+    std::string hex;
+    for (size_t i = 0; i < size; ++i) {
+        const auto byte = static_cast<const unsigned char*>(data)[i];
+        hex += digits[byte >> 4];
+        hex += digits[byte & 15];
+    }
+    return hex;
+}
+
+std::string wordHex(uint32_t value)
+{
+    const unsigned char bytes[4] = {uint8_t(value), uint8_t(value >> 8), uint8_t(value >> 16), uint8_t(value >> 24)};
+    return hexOf(bytes, 4);
+}
+
+/** One record: its words in order, and the bytes its pointers reach. */
+class RecordImage {
+public:
+    RecordImage(const char* call, const void* record, size_t size) : m_call(call), m_record(record), m_size(size) {}
+
+    template <typename Field>
+    RecordImage& word(const Field& field)
+    {
+        static_assert(sizeof(Field) == 4, "a word is 32 bits");
+        uint32_t value;
+        std::memcpy(&value, &field, 4);
+        m_words.push_back(wordHex(value));
+        m_raw.push_back(value);
+        return *this;
+    }
+
+    /** A pointer word; @p reached is what it points to (left out when null). */
+    RecordImage& pointer(const char* name, const void* value, const std::string& reached)
+    {
+        m_words.push_back(value ? "ptr" : "00000000");
+        m_raw.push_back(uint32_t(reinterpret_cast<uintptr_t>(value)));
+        if (value)
+            m_reached += std::string(" ") + name + "=" + reached;
+        return *this;
+    }
+
+    void write(const std::string& extra = std::string()) const
+    {
+        std::string line = m_call + extra;
+        for (const std::string& word : m_words)
+            line += " " + word;
+        line += m_reached;
+        // On a 32-bit processor the record in memory is the layout itself.
+        if (sizeof(void*) == 4) {
+            const std::string expected = hexOf(m_raw.data(), m_raw.size() * 4);
+            const std::string found = hexOf(m_record, m_size);
+            if (found != expected)
+                line += " layout differs: " + found;
+        }
+        if (FILE* file = std::fopen(std::getenv("MP_RECORD_TAP") ? std::getenv("MP_RECORD_TAP") : "/dev/null", "a")) {
+            std::fprintf(file, "%s\n", line.c_str());
+            std::fclose(file);
+        }
+    }
+
+private:
+    std::string m_call;
+    const void* m_record;
+    size_t m_size;
+    std::vector<std::string> m_words;
+    std::vector<uint32_t> m_raw;
+    std::string m_reached;
+};
+
+std::string text(const char* value)
+{
+    return value ? hexOf(value, std::strlen(value) + 1) : std::string();
+}
+
+template <typename Item>
+std::string items(const Item* first, uint32_t count)
+{
+    return first ? hexOf(first, sizeof(Item) * count) : std::string();
+}
+
+std::string filters(const MetadataSearchFilter* filters, uint32_t count)
+{
+    std::string hex;
+    for (uint32_t i = 0; filters && i < count; ++i) {
+        const MetadataSearchFilter& filter = filters[i];
+        hex += (i ? "," : "") + wordHex(filter.type) + wordHex(filter.op) + wordHex(filter.valueLength)
+               + (filter.value ? ":" + hexOf(filter.value, filter.valueLength) : std::string(":null"));
+    }
+    return hex;
+}
+
+void writeSearch(const char* call, const MetadataSearchMediaRequest& request)
+{
+    RecordImage(call, &request, sizeof request)
+        .word(request.listTypeCount)
+        .pointer("listTypes", request.listTypes, items(request.listTypes, request.listTypeCount))
+        .word(request.filterCount)
+        .pointer("filters", request.filters, filters(request.filters, request.filterCount))
+        .word(request.sortCount)
+        .pointer("sort", request.sort, items(request.sort, request.sortCount))
+        .word(request.storageLocation)
+        .word(request.reserved1)
+        .word(request.groupingFlag)
+        .word(request.candidateCount)
+        .pointer("candidates", request.candidates, items(request.candidates, request.candidateCount))
+        .word(request.resultCount)
+        .word(request.firstIndex)
+        .word(request.reserved2)
+        .write();
+}
+
+void writeLastPlayed(const char* call, const LastPlayedListRecord& record)
+{
+    RecordImage(call, &record, sizeof record)
+        .word(record.listType)
+        .word(record.artistLength)
+        .pointer("artist", record.artist, text(record.artist))
+        .word(record.albumLength)
+        .pointer("album", record.album, text(record.album))
+        .word(record.composerLength)
+        .pointer("composer", record.composer, text(record.composer))
+        .word(record.genreLength)
+        .pointer("genre", record.genre, text(record.genre))
+        .word(record.reserved1[0])
+        .word(record.reserved1[1])
+        .word(record.groupObjectId)
+        .word(record.storageLocation)
+        .word(record.firstIndex)
+        .word(record.reserved2[0])
+        .word(record.reserved2[1])
+        .word(record.handler)
+        .write();
+}
+
+/** The service's own definition of the function this library stands in for. */
+template <typename Function>
+Function* next(const char* symbol)
+{
+    auto* function = reinterpret_cast<Function*>(dlsym(RTLD_NEXT, symbol));
+    if (!function) {
+        std::fprintf(stderr, "record tap: the metadata service has no %s\n", symbol);
+        std::abort();
+    }
+    return function;
+}
+
+} // namespace
+
+int saveLastPlayedList(LastPlayedListRecord* record)
+{
+    static auto* service = next<int(LastPlayedListRecord*)>("_Z18saveLastPlayedListP20LastPlayedListRecord");
+    if (record)
+        writeLastPlayed("saveLastPlayedList", *record);
+    return service(record);
+}
+
+int getLastPlayedList(LastPlayedListRecord* record)
+{
+    static auto* service = next<int(LastPlayedListRecord*)>("_Z17getLastPlayedListP20LastPlayedListRecord");
+    const int found = service(record);
+    // What the library gets back, as it reads it.
+    if (record)
+        writeLastPlayed(found ? "getLastPlayedList(found)" : "getLastPlayedList(none)", *record);
+    return found;
+}
+
+int metadataSearchMedia(unsigned int handle, const MetadataSearchMediaRequest* request,
+                        MetadataSearchMediaCallback callback, void* userData)
+{
+    static auto* service = next<int(unsigned, const MetadataSearchMediaRequest*, MetadataSearchMediaCallback, void*)>(
+        "_Z19metadataSearchMediajPK26MetadataSearchMediaRequestPFvPvP27MetadataSearchMediaResponseES2_");
+    if (request)
+        writeSearch("metadataSearchMedia", *request);
+    return service(handle, request, callback, userData);
+}
+
+int metadataBackupSearchedMedias(unsigned int handle, const MetadataSearchMediaRequest* request)
+{
+    static auto* service = next<int(unsigned, const MetadataSearchMediaRequest*)>(
+        "_Z28metadataBackupSearchedMediasjPK26MetadataSearchMediaRequest");
+    if (request)
+        writeSearch("metadataBackupSearchedMedias", *request);
+    return service(handle, request);
+}
+
+int metadataSearchMusicFile(unsigned int handle, const MetadataSearchMusicFileRequest* request, int requestCount,
+                            MetadataSearchMusicFileCallback callback, void* userData)
+{
+    static auto* service = next<int(unsigned, const MetadataSearchMusicFileRequest*, int,
+                                    MetadataSearchMusicFileCallback, void*)>(
+        "_Z23metadataSearchMusicFilejPK30MetadataSearchMusicFileRequestiPFvPvP31MetadataSearchMusicFileResponseES2_");
+    if (request) {
+        RecordImage("metadataSearchMusicFile", request, sizeof *request)
+            .word(request->filterCount)
+            .pointer("filters", request->filters, filters(request->filters, request->filterCount))
+            .word(request->storageLocation)
+            .word(request->candidateCount)
+            .pointer("candidates", request->candidates, items(request->candidates, request->candidateCount))
+            .word(request->resultCount)
+            .word(request->firstIndex)
+            .write(" requests=" + std::to_string(requestCount));
+    }
+    return service(handle, request, requestCount, callback, userData);
+}
+
+int metadataAddItemsIntoGroup(unsigned int handle, const MetadataAddItemsRecord* record, int* status)
+{
+    static auto* service = next<int(unsigned, const MetadataAddItemsRecord*, int*)>(
+        "_Z25metadataAddItemsIntoGroupjPK22MetadataAddItemsRecordPi");
+    if (record) {
+        RecordImage("metadataAddItemsIntoGroup", record, sizeof *record)
+            .word(record->reserved1)
+            .word(record->groupId)
+            .word(record->reserved2)
+            .word(record->count)
+            .pointer("items", record->items, items(record->items, record->count))
+            .write();
+    }
+    return service(handle, record, status);
+}
+
+int metadataRemoveItemsFromGroup(unsigned int handle, const MetadataRemoveItemsRecord* record, int* status)
+{
+    static auto* service = next<int(unsigned, const MetadataRemoveItemsRecord*, int*)>(
+        "_Z28metadataRemoveItemsFromGroupjPK25MetadataRemoveItemsRecordPi");
+    if (record) {
+        RecordImage("metadataRemoveItemsFromGroup", record, sizeof *record)
+            .word(record->groupId)
+            .word(record->groupType)
+            .word(record->storageLocation)
+            .word(record->count)
+            .pointer("positions", record->positions, items(record->positions, record->count))
+            .write();
+    }
+    return service(handle, record, status);
+}

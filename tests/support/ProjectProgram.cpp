@@ -1,0 +1,39 @@
+#include "tests/support/ProjectProgram.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+/** The emulator and its options, empty for a build for this processor. */
+QStringList emulator()
+{
+    // The build hands its emulator's words over joined by '|'.
+    return QStringLiteral(MP_EMULATOR).split(QLatin1Char('|'), Qt::SkipEmptyParts);
+}
+
+} // namespace
+
+QString ProjectProgram::path(const QString& name)
+{
+    return QStringLiteral(MP_BIN_DIR "/") + name;
+}
+
+QString ProjectProgram::sourcePath(const QString& relative)
+{
+    return QStringLiteral(MP_SOURCE_DIR "/") + relative;
+}
+
+bool ProjectProgram::start(QProcess& process, const QString& name, const QStringList& arguments)
+{
+    QStringList command = emulator();
+    command << path(name) << arguments;
+    const QString program = command.takeFirst();
+    process.start(program, command);
+    // A start that fails leaves exit code 0 behind: never let that read as success.
+    if (process.waitForStarted(30000))
+        return true;
+    ADD_FAILURE() << "cannot start " << qPrintable(path(name))
+                  << qPrintable(program == path(name) ? QString() : QStringLiteral(" through ") + program) << ": "
+                  << qPrintable(process.errorString());
+    return false;
+}

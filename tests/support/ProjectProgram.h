@@ -1,0 +1,24 @@
+#pragma once
+// Starts a program of the project (mediaplayer, mp-scan, qcop, mp-mpris) from
+// the build's bin folder. A build for another processor names the emulator
+// that runs its programs (CMAKE_CROSSCOMPILING_EMULATOR); the tests then run
+// under it, and so does every program they start.
+
+#include <QProcess>
+#include <QString>
+#include <QStringList>
+
+namespace ProjectProgram {
+
+/** The path of the build's program @p name. */
+QString path(const QString& name);
+
+/** The path of @p relative in the project's source tree (test data, scripts). */
+QString sourcePath(const QString& relative);
+
+/** Starts @p name with @p arguments in @p process (through the emulator when
+ *  the build names one) and waits until it runs. When it cannot start, adds a
+ *  test failure that names the program and the reason, and returns false. */
+bool start(QProcess& process, const QString& name, const QStringList& arguments);
+
+} // namespace ProjectProgram
