@@ -26,6 +26,10 @@ run_suite "$root/build"
 if [ "${1:-}" != "--quick" ]; then
   export ASAN_OPTIONS="detect_leaks=1:abort_on_error=1"
   export UBSAN_OPTIONS="print_stacktrace=1:halt_on_error=1"
+  # The libraries behind the media output keep what they register until the
+  # process ends. Exported here rather than set per test, so that the programs
+  # the tests start (the player, the tools) run with it too.
+  export LSAN_OPTIONS="suppressions=$root/tests/media-lsan.supp:print_suppressions=0"
   run_suite "$root/build-sanitize" -DMP_SANITIZE=ON -DCMAKE_BUILD_TYPE=Debug
   "$root/scripts/fuzz.sh" 5
 fi

@@ -174,10 +174,14 @@ TEST_F(PlayerFloodTest, UpdateAndNextFloods_KeepMemoryBounded_AndTerminationEnds
     EXPECT_GT(nextsAtTermination, 0) << "the player acted on the requests";
     EXPECT_LE(count("control", "next") - nextsAtTermination, kNextsAfterTermination)
         << "acted on " << count("control", "next") - nextsAtTermination << " queued requests after SIGTERM";
+#if !defined(__SANITIZE_ADDRESS__)
+    // Under AddressSanitizer the allocator keeps freed blocks and their shadow
+    // pages resident, so the memory bound is a property of the plain build.
     EXPECT_LT(std::max(updatePeak, nextPeak) - before, kResidentLimitKb - 31 * 1024)
         << "from " << before << " kB to " << updatePeak << " kB (Update) and " << nextPeak << " kB (Next)";
-#if !defined(__SANITIZE_ADDRESS__)
     EXPECT_LT(std::max(updatePeak, nextPeak), kResidentLimitKb) << updatePeak << " kB, " << nextPeak << " kB";
+#else
+    (void)before;
 #endif
 }
 
