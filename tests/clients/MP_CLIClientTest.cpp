@@ -11,6 +11,7 @@
 #include "lists/MP_ListInterface.h"
 #include "platform/AM_Action.h"
 #include "platform/SETUP_SET_Manager.h"
+#include "tests/support/EngineRelease.h"
 #include "tests/support/TestEnvironment.h"
 
 namespace {
@@ -32,10 +33,6 @@ public:
 
 private:
     QString m_path;
-};
-
-struct EngineRelease {
-    void operator()(MP_CommonPlayer* engine) const { MP_DestroyCommonPlayer(engine); }
 };
 
 class MP_CLIClientTest : public TestEnvironment {

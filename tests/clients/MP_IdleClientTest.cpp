@@ -12,33 +12,12 @@
 #include "platform/AM_Action.h"
 #include "platform/QCopChannel.h"
 #include "platform/SETUP_SET_Manager.h"
+#include "tests/support/EngineRelease.h"
+#include "tests/support/PathList.h"
 #include "tests/support/ChannelJournal.h"
 #include "tests/support/TestEnvironment.h"
 
 namespace {
-
-// A list over fixed paths that stops at its ends.
-class PathList : public MP_ListInterface {
-public:
-    explicit PathList(QStringList items) : paths(std::move(items)) {}
-    unsigned int count() override { return unsigned(paths.size()); }
-    bool hasNext() override { return current + 1 < paths.size(); }
-    bool hasPrevious() override { return current > 0; }
-    QString getCurrent() override { return paths.value(current); }
-    QString getItem(int index) override { return paths.value(index); }
-    int getCurrentIndex() override { return current; }
-    void skipSteps(int steps) override { current += steps; }
-    void moveTo(int index) override { current = index; }
-    bool removeItem(int) override { return false; }
-    QByteArray* getReservedData() override { return nullptr; }
-
-    QStringList paths;
-    int current = 0;
-};
-
-struct EngineRelease {
-    void operator()(MP_CommonPlayer* engine) const { MP_DestroyCommonPlayer(engine); }
-};
 
 const std::string kName = "0000001e00490064006c0065004d00750073006900630050006c0061007900650072";
 

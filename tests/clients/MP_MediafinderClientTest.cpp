@@ -17,6 +17,7 @@
 #include "lists/MP_AufList.h"
 #include "lists/MP_RecentList.h"
 #include "platform/QCopChannel.h"
+#include "tests/support/EngineRelease.h"
 #include "tests/support/SongBuilder.h"
 #include "tests/support/TestEnvironment.h"
 
@@ -28,9 +29,6 @@ static void PrintTo(const QString& text, std::ostream* out)
 
 namespace {
 
-struct EngineRelease {
-    void operator()(MP_CommonPlayer* engine) const { MP_DestroyCommonPlayer(engine); }
-};
 using EnginePtr = std::unique_ptr<HostEngine, EngineRelease>;
 
 // "/a/x.mp3" as a stream string: byte count, then UTF-16BE.

@@ -22,6 +22,7 @@
 #include "lists/MP_ListInterface.h"
 #include "tests/sound/PulseServer.h"
 #include "tests/sound/SinkRecording.h"
+#include "tests/support/PathList.h"
 
 namespace {
 
@@ -32,24 +33,6 @@ constexpr int kSongSeconds = 2;
 constexpr int kPauseMs = 600;
 
 PulseServer* server = nullptr; // made by main() before Qt reads the sound setup
-
-class TwoSongs : public MP_ListInterface {
-public:
-    explicit TwoSongs(QStringList items) : paths(std::move(items)) {}
-    unsigned int count() override { return unsigned(paths.size()); }
-    bool hasNext() override { return current + 1 < paths.size(); }
-    bool hasPrevious() override { return current > 0; }
-    QString getCurrent() override { return paths.value(current); }
-    QString getItem(int index) override { return paths.value(index); }
-    int getCurrentIndex() override { return current; }
-    void skipSteps(int steps) override { current += steps; }
-    void moveTo(int index) override { current = index; }
-    bool removeItem(int) override { return false; }
-    QByteArray* getReservedData() override { return nullptr; }
-
-    QStringList paths;
-    int current = 0;
-};
 
 class StateWatch : public MP_PlayerListener {
 public:
@@ -110,7 +93,7 @@ std::vector<Stretch> stretchesOf(const SinkRecording& recording)
 TEST(SoundOutputTest, PlaysTheListPausesSilentlyAndStepsToTheNextTone)
 {
     QTemporaryDir songs;
-    TwoSongs list({writeTone(songs, "low.wav", kFirstTone), writeTone(songs, "high.wav", kSecondTone)});
+    PathList list({writeTone(songs, "low.wav", kFirstTone), writeTone(songs, "high.wav", kSecondTone)});
     SinkRecording recording(server->address(), QString::fromLatin1(PulseServer::kSink));
     ASSERT_TRUE(waitFor([&] { return recording.sampleCount() >= SinkRecording::kRate / 10 || recording.hasFailed(); }));
     ASSERT_FALSE(recording.hasFailed()) << "parec could not record the sink";

@@ -22,6 +22,7 @@
 #include "lists/MP_ListInterface.h"
 #include "platform/SETUP_SET_Manager.h"
 #include "platform/VmKbMainWidget.h"
+#include "tests/support/EngineRelease.h"
 #include "tests/support/TestEnvironment.h"
 
 namespace {
@@ -102,9 +103,6 @@ private:
 // Lists of std::string print readably when an expectation fails.
 using Events = std::vector<std::string>;
 
-struct EngineRelease {
-    void operator()(MP_CommonPlayer* engine) const { MP_DestroyCommonPlayer(engine); }
-};
 using EnginePtr = std::unique_ptr<HostEngine, EngineRelease>;
 
 EnginePtr createEngine(MP_LAUNCH_TYPE type = MP_LAUNCH_LIST)

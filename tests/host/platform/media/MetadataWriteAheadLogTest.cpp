@@ -20,14 +20,11 @@
 #include "lists/MP_AufContext.h"
 #include "lists/MP_AufList.h"
 #include "lists/MP_RecentList.h"
+#include "tests/support/EngineRelease.h"
 #include "tests/support/SongBuilder.h"
 #include "tests/support/TestEnvironment.h"
 
 namespace {
-
-struct EngineRelease {
-    void operator()(MP_CommonPlayer* engine) const { MP_DestroyCommonPlayer(engine); }
-};
 
 class MetadataWriteAheadLogTest : public TestEnvironment {
 protected:
