@@ -151,6 +151,10 @@ void HostMediaOutput::mediaStatusChanged(QMediaPlayer::MediaStatus status)
         m_opening = false;
         break;
     case QMediaPlayer::EndOfMedia:
+        // Said where it ended, so that an end that comes early can be told
+        // from one that comes on time.
+        trace(3, "HostMediaOutput: %s ended at %lld of %lld ms%s\n", qPrintable(m_player.source().fileName()),
+            qlonglong(m_player.position()), qlonglong(m_player.duration()), m_opening ? " (still opening)" : "");
         if (m_playing && !m_opening)
             m_listener.outputEndReached();
         break;
