@@ -26,7 +26,7 @@ enum KeyEventType { KeyPress = 1, KeyRelease = 2, KeyPressAndHold = 4 };
 MP_BluetoothClient::MP_BluetoothClient(MP_CommonPlayer* player, MP_MainWindow* mainWindow,
                                        MP_WindowClient* windowClient, bool launchedByKey)
     : MP_AbstractClient(player),
-      m_keyChannel(std::make_unique<QCopChannel>(UTIL_GetKeyEventChannel().toLatin1(), this)),
+      m_keyChannel(std::make_unique<QCopChannel>(UTIL_GetKeyEventChannel().toLatin1())),
       m_seekTimer(std::make_unique<UTIL_RepeatTimer>()),
       m_launchedByKey(launchedByKey),
       m_mainWindow(mainWindow),

@@ -33,7 +33,7 @@ const int kSelectionTexts = 4;
 } // namespace
 
 MP_MediafinderClient::MP_MediafinderClient(MP_CommonPlayer* player)
-    : MP_AbstractClient(player), m_channel(std::make_unique<QCopChannel>(kRequestChannel, this))
+    : MP_AbstractClient(player), m_channel(std::make_unique<QCopChannel>(kRequestChannel))
 {
     connect(m_channel.get(), SIGNAL(received(const QCString&, const QByteArray&)), this,
             SLOT(onMessageChannel(const QCString&, const QByteArray&)));

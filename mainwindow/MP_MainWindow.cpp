@@ -33,7 +33,6 @@ const QString kSettingsGroup = QStringLiteral("MediaControlItem");
 MP_MainWindow::MP_MainWindow(const QString& passedFile, QWidget* parent, const char* name, unsigned int flags)
     : QWidget(parent, Qt::WindowFlags(flags)),
       m_launchType(MP_LAUNCH_FILE),
-      m_commonPlayer(nullptr),
       m_passedFile(passedFile),
       m_launcherId(),
       m_flipClosed(UTIL_GetFlipStatus() == 1),
@@ -92,20 +91,20 @@ void MP_MainWindow::initCommonPlayer(bool playerFlag)
         return;
     }
     MainWindowTrace(3, "initCommonPlayer: playerFlag %d, launch type %d\n", playerFlag, m_launchType);
-    m_commonPlayer = MP_CreateCommonPlayer(playerFlag, m_launchType);
-    connect(m_commonPlayer, SIGNAL(signalContentTypeChanged(MP_CONTENT_TYPE)), this,
+    m_commonPlayer.reset(MP_CreateCommonPlayer(playerFlag, m_launchType));
+    connect(m_commonPlayer.get(), SIGNAL(signalContentTypeChanged(MP_CONTENT_TYPE)), this,
             SLOT(slotContentTypeChanged(MP_CONTENT_TYPE)));
-    m_mediafinderClient = std::make_unique<MP_MediafinderClient>(m_commonPlayer);
-    m_windowClient = std::make_unique<MP_WindowClient>(m_commonPlayer);
+    m_mediafinderClient = std::make_unique<MP_MediafinderClient>(m_commonPlayer.get());
+    m_windowClient = std::make_unique<MP_WindowClient>(m_commonPlayer.get());
     connect(m_windowClient.get(), SIGNAL(closePlayer()), this, SLOT(onClosePlayer()));
     connect(m_windowClient.get(), SIGNAL(hidePlayer()), this, SLOT(onHidePlayer()));
     connect(m_windowClient.get(), SIGNAL(quitApp()), this, SLOT(onQuitApp()));
     connect(m_windowClient.get(), SIGNAL(signalSetupKeyClicked(int, bool)), this, SLOT(onSetupKeyClicked(int, bool)));
     connect(m_windowClient.get(), SIGNAL(signalCurrentChanged()), this, SLOT(onCurrentItemChanged()));
-    m_idleClient = std::make_unique<MP_IdleClient>(m_commonPlayer);
+    m_idleClient = std::make_unique<MP_IdleClient>(m_commonPlayer.get());
     connect(m_idleClient.get(), SIGNAL(sigQuitApp()), this, SLOT(onQuitApp()));
     connect(m_idleClient.get(), SIGNAL(sigSetupKeyClicked(int, bool)), this, SLOT(onSetupKeyClicked(int, bool)));
-    m_btClient = std::make_unique<MP_BluetoothClient>(m_commonPlayer, this, m_windowClient.get(),
+    m_btClient = std::make_unique<MP_BluetoothClient>(m_commonPlayer.get(), this, m_windowClient.get(),
                                                       m_launcherId == QLatin1String("BTAvrcpKeys"));
     updateCLIClient();
 }
@@ -122,9 +121,7 @@ void MP_MainWindow::freeCommonPlayer()
     m_btClient.reset();
     m_windowClient.reset();
     m_cliClient.reset();
-    // Released only through the engine library's factory, never deleted here.
-    MP_DestroyCommonPlayer(m_commonPlayer);
-    m_commonPlayer = nullptr;
+    m_commonPlayer.reset();
 }
 
 void MP_MainWindow::setMediaFile(const QString& fileName)

@@ -17,6 +17,7 @@
 
 #include <memory>
 
+#include "platform/MP_CommonPlayer.h"
 #include "platform/MP_PlayerTypes.h"
 #include "platform/Metadata.h"
 #include "platform/Qt2Compat.h"
@@ -25,7 +26,6 @@ class AM_ActionData;
 class MP_AufList;
 class MP_BluetoothClient;
 class MP_CLIClient;
-class MP_CommonPlayer;
 class MP_MediafinderClient;
 class MP_IdleClient;
 class MP_WindowClient;
@@ -92,7 +92,7 @@ public:
 
     // Read-only views of the window's state.
     MP_LAUNCH_TYPE launchType() const { return m_launchType; }
-    MP_CommonPlayer* commonPlayer() const { return m_commonPlayer; }
+    MP_CommonPlayer* commonPlayer() const { return m_commonPlayer.get(); }
     MP_IdleClient* idleClient() const { return m_idleClient.get(); }
     MP_WindowClient* windowClient() const { return m_windowClient.get(); }
     MP_BluetoothClient* bluetoothClient() const { return m_btClient.get(); }
@@ -181,10 +181,9 @@ private:
     MP_AufList* takeLastPlayedList(const QString& launcherId);
 
     MP_LAUNCH_TYPE m_launchType;
-    // Owned, but released only through the engine library's factory
-    // (MP_DestroyCommonPlayer), never deleted here: a raw pointer, not a
-    // unique_ptr, for that reason.
-    MP_CommonPlayer* m_commonPlayer;
+    /** Released through the engine library that made it; declared before the
+     *  clients, so that each of them goes first. */
+    MP_CommonPlayerPtr m_commonPlayer;
     /** The media-browser client; exists exactly when the engine does. */
     std::unique_ptr<MP_MediafinderClient> m_mediafinderClient;
     /** Exists exactly while the engine does; deleted before it. */

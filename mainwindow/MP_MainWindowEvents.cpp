@@ -313,7 +313,7 @@ void MP_MainWindow::onFlipStatusChanged(int status)
 void MP_MainWindow::updateCLIClient()
 {
     if (m_flipClosed && !m_cliClient) {
-        m_cliClient = std::make_unique<MP_CLIClient>(m_commonPlayer);
+        m_cliClient = std::make_unique<MP_CLIClient>(m_commonPlayer.get());
         connect(m_cliClient.get(), SIGNAL(quitApp()), this, SLOT(onQuitApp()));
     } else if (!m_flipClosed && m_cliClient) {
         disconnect(m_cliClient.get(), SIGNAL(quitApp()), this, SLOT(onQuitApp()));

@@ -7,6 +7,8 @@
 #include <QObject>
 #include <QString>
 
+#include <memory>
+
 #include "platform/MP_PlayerTypes.h"
 
 class MP_ListInterface;
@@ -111,3 +113,9 @@ protected:
 MP_CommonPlayer* MP_CreateCommonPlayer(bool playerFlag, MP_LAUNCH_TYPE type);
 /** Releases an engine made by MP_CreateCommonPlayer; null is ignored. */
 void MP_DestroyCommonPlayer(MP_CommonPlayer* player);
+
+/** The deleter of an owning pointer to an engine: the library that made it frees it. */
+struct MP_CommonPlayerRelease {
+    void operator()(MP_CommonPlayer* player) const { MP_DestroyCommonPlayer(player); }
+};
+using MP_CommonPlayerPtr = std::unique_ptr<MP_CommonPlayer, MP_CommonPlayerRelease>;

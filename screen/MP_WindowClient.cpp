@@ -67,7 +67,7 @@ MP_WindowClient::MP_WindowClient(MP_CommonPlayer* player)
       m_sessionStarted(false),
       m_bookmarkSaved(false)
 {
-    m_fileManagerChannel = std::make_unique<QCopChannel>(kFileManagerChannel, this);
+    m_fileManagerChannel = std::make_unique<QCopChannel>(kFileManagerChannel);
     connect(m_fileManagerChannel.get(), SIGNAL(received(const QCString&, const QByteArray&)), this,
             SLOT(onMessageChannel(const QCString&, const QByteArray&)));
 

@@ -62,8 +62,10 @@ MprisBridge::MprisBridge(const TrackLookup& tracks, PlaySettings& settings)
 
 MprisBridge::~MprisBridge()
 {
-    // The adaptors read the mirror until they go; they go with the children.
-    qDeleteAll(children());
+    // The adaptors read the mirror until they go, so they go first, from a
+    // copy of the list that each deletion edits.
+    const QObjectList adaptors = children();
+    qDeleteAll(adaptors);
 }
 
 bool MprisBridge::start(QString* error)
