@@ -86,6 +86,7 @@ void HostMediaOutput::load(const QString& path, MP_CONTENT_TYPE type)
     // Setting the source only starts opening it: the decoder reports what it
     // found through the event loop, so a slow file or stream never blocks it.
     m_opening = true;
+    m_restartedAfterEarlyEnd = false;
     m_player.setSource(urlOf(path));
     if (m_playing)
         m_player.play();
@@ -155,12 +156,28 @@ void HostMediaOutput::mediaStatusChanged(QMediaPlayer::MediaStatus status)
         // from one that comes on time.
         trace(3, "HostMediaOutput: %s ended at %lld of %lld ms%s\n", qPrintable(m_player.source().fileName()),
             qlonglong(m_player.position()), qlonglong(m_player.duration()), m_opening ? " (still opening)" : "");
-        if (m_playing && !m_opening)
+        if (!m_playing)
+            break;
+        // On a busy machine the player can say that the item just loaded has
+        // ended, at 0 with its whole length ahead, and stop it there: the end
+        // of the item before, handed over late. That item is started again,
+        // once: an item that really holds nothing ends the second time.
+        if (endedBeforeBeginning() && !m_restartedAfterEarlyEnd) {
+            m_restartedAfterEarlyEnd = true;
+            m_player.play();
+            break;
+        }
+        if (!m_opening)
             m_listener.outputEndReached();
         break;
     default:
         break;
     }
+}
+
+bool HostMediaOutput::endedBeforeBeginning() const
+{
+    return m_opening || (m_player.position() == 0 && m_player.duration() > 0);
 }
 
 void HostMediaOutput::errorOccurred(QMediaPlayer::Error error, const QString& message)

@@ -48,6 +48,8 @@ public:
 private:
     void positionChanged(qint64 position);
     void mediaStatusChanged(QMediaPlayer::MediaStatus status);
+    /** Whether the player says the current item ended, and it never began. */
+    bool endedBeforeBeginning() const;
     void errorOccurred(QMediaPlayer::Error error, const QString& message);
     void showPicture(bool shown);
     void placePicture();
@@ -68,4 +70,7 @@ private:
     // Set by load() until the player says it has the new source: the end and
     // positions it still reports meanwhile belong to the item before.
     bool m_opening = false;
+    // The current item was started again once after an end before it began
+    // (see mediaStatusChanged()).
+    bool m_restartedAfterEarlyEnd = false;
 };
