@@ -30,7 +30,9 @@
 //    meanwhile and no change waits to be handled; no other writer can commit
 //    while that is decided. So a client that plays for hours, writing its
 //    history at every song while a scanner adds songs, never keeps the
-//    write-ahead log from starting over.
+//    write-ahead log from starting over. A look-up of files by their paths
+//    (how the history finds the song it adds) knows no positions and counts
+//    as no search here: it reads the snapshot, as every call does.
 //  - Without a subscription nothing is held: every call reads the newest state.
 // Writes (group changes, the history) go through a second connection that
 // never holds a snapshot; the change log announces them like any other
