@@ -97,6 +97,11 @@ public:
     QList<quint32> groupMembers(quint32 groupId);
     /** Replaces a group's members with @p mediaIds in that order. */
     bool setGroupMembers(quint32 groupId, const QList<quint32>& mediaIds);
+    /** A group's members as searches over it see them: in their order, each its object id
+     *  and, from its media object, the @p mediaColumns ("m.<column>", as
+     *  MediaSearchPlan::mediaColumns names them; NULL where the object is gone), in bytes
+     *  that are equal exactly when all of that is. Nothing when the database failed. */
+    std::optional<QByteArray> groupMemberView(quint32 groupId, const QList<QByteArray>& mediaColumns);
 
     // Searching
     /** The total of @p plan and its window; nothing when the database failed. */

@@ -88,6 +88,36 @@ QList<quint32> MediaDatabase::groupMembers(quint32 groupId)
     return members;
 }
 
+std::optional<QByteArray> MediaDatabase::groupMemberView(quint32 groupId, const QList<QByteArray>& mediaColumns)
+{
+    // A left join: a member whose media object another program deleted
+    // without foreign keys stays in the group but leaves its searches.
+    QByteArray sql = "SELECT gm.media_id";
+    for (const QByteArray& column : mediaColumns)
+        sql += ", " + column;
+    sql += " FROM group_members gm LEFT JOIN media m ON m.id = gm.media_id WHERE gm.group_id = ?1 ORDER BY gm.position";
+    SqliteStatement& query = statement(sql);
+    query.bind(1, qint64(groupId));
+    QByteArray view;
+    const int columns = 1 + int(mediaColumns.size());
+    SqliteStatement::Step step = query.step();
+    for (; step == SqliteStatement::Step::Row; step = query.step()) {
+        // Each value with its length, so that no two rows run into each other.
+        for (int column = 0; column < columns; ++column) {
+            if (query.isNull(column)) {
+                view += 'N';
+            } else {
+                const QByteArray value = query.utf8(column);
+                view += 'V' + QByteArray::number(value.size()) + ':' + value;
+            }
+        }
+    }
+    query.reset();
+    if (step != SqliteStatement::Step::Done)
+        return std::nullopt;
+    return view;
+}
+
 bool MediaDatabase::setGroupMembers(quint32 groupId, const QList<quint32>& mediaIds)
 {
     if (!groupById(groupId))

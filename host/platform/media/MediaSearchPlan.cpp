@@ -1,5 +1,7 @@
 #include "host/platform/media/MediaSearchPlan.h"
 
+#include <algorithm>
+#include <cctype>
 #include <cstring>
 
 #include "host/platform/phone/HostStorage.h"
@@ -330,6 +332,27 @@ void MediaSearchPlan::buildSql()
     for (const OrderTerm& term : m_orderTerms)
         order.append(term.column + directionOf(term.isDescending ? METADATA_SORT_DESCENDING : METADATA_SORT_ASCENDING));
     m_sql += " ORDER BY " + order.join(", ");
+}
+
+QList<QByteArray> MediaSearchPlan::mediaColumns() const
+{
+    // The SQL names every column of the media objects through the alias "m"
+    // and carries no values (they are bound), so whatever follows an "m."
+    // that starts a word is such a column; "gm.position" is not one.
+    const auto isWordByte = [](char byte) { return std::isalnum(static_cast<unsigned char>(byte)) || byte == '_'; };
+    QList<QByteArray> columns;
+    for (qsizetype at = m_sql.indexOf("m."); at >= 0; at = m_sql.indexOf("m.", at + 2)) {
+        if (at > 0 && isWordByte(m_sql[at - 1]))
+            continue;
+        qsizetype end = at + 2;
+        while (end < m_sql.size() && isWordByte(m_sql[end]))
+            ++end;
+        const QByteArray column = m_sql.mid(at, end - at);
+        if (!columns.contains(column))
+            columns.append(column);
+    }
+    std::sort(columns.begin(), columns.end());
+    return columns;
 }
 
 QByteArray MediaSearchPlan::conditionSql() const

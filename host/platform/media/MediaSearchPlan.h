@@ -50,6 +50,9 @@ public:
     const QList<OrderTerm>& orderTerms() const { return m_orderTerms; }
     /** The conditions an entry of the result meets, over "media m", joined by AND. */
     QByteArray conditionSql() const;
+    /** The columns of the media objects ("m.<column>", ascending, each once) that the
+     *  result depends on: those its conditions, order and album names read, and the id. */
+    QList<QByteArray> mediaColumns() const;
     /** Whether the result depends on group members (a group list or a group filter), not
      *  only on the media objects. */
     bool readsGroups() const { return isGroupList() || m_hasGroupFilter; }

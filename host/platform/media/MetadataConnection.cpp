@@ -2,6 +2,8 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
+
 #include "host/platform/media/MediaDatabase.h"
 #include "host/platform/media/MediaFolderWatch.h"
 #include "host/platform/media/MediaSearchPlan.h"
@@ -65,21 +67,25 @@ void MetadataConnection::catchUp()
 
 void MetadataConnection::noteIndicationDelivered(const MediaChanges& changes)
 {
-    if (concernsClient(changes))
+    if (concernsClient(changes) || moveSnapshotPastUnreadChanges() == SnapshotMove::HeldForMediaChange)
         m_isChangeUnhandled = true;
-    else
-        moveSnapshotPastUnreadChanges();
 }
 
 void MetadataConnection::noteRead(const MediaSearchPlan& plan)
 {
-    if (const std::optional<quint32> group = plan.groupId())
-        m_groupsRead.insert(*group);
+    const std::optional<quint32> group = plan.groupId();
+    if (!group) {
+        m_readsBeyondGroups = true;
+        return;
+    }
+    m_groupsRead.insert(*group);
+    for (const QByteArray& column : plan.mediaColumns())
+        m_groupColumnsRead.insert(column);
 }
 
 bool MetadataConnection::concernsClient(const MediaChanges& changes) const
 {
-    if (changes.isMediaChanged)
+    if (changes.isMediaChanged && m_readsBeyondGroups)
         return true;
     for (const MediaGroupChange& change : changes.groups) {
         if (m_groupsRead.contains(change.groupId))
@@ -88,22 +94,59 @@ bool MetadataConnection::concernsClient(const MediaChanges& changes) const
     return false;
 }
 
-void MetadataConnection::moveSnapshotPastUnreadChanges()
+std::optional<bool> MetadataConnection::isGroupReadAlike()
+{
+    // A media change reaches a group search only through the group's
+    // members: an object that is no member is in no result, whatever happens
+    // to it. So each group's members are compared, in their order, each with
+    // the columns of its object that the client's searches read (the id,
+    // which turns NULL when the object is gone, even where another program
+    // deleted it without foreign keys and left the member row; the storage a
+    // list is restricted to; the album in shuffle-albums mode). Equal members
+    // mean an equal result for every search the client made, so the
+    // positions it knows still hold; a scanner's new tags for a member's
+    // artist or title change nothing there. Two reads of the groups read,
+    // whatever the number of searches: comparing the results of the searches
+    // themselves would read one result per search shape, and a list in
+    // shuffle-albums mode makes one per album.
+    QList<QByteArray> columns(m_groupColumnsRead.begin(), m_groupColumnsRead.end());
+    std::sort(columns.begin(), columns.end());
+    for (const quint32 group : m_groupsRead) {
+        const std::optional<QByteArray> held = m_database->groupMemberView(group, columns);
+        const std::optional<QByteArray> newest = m_writer->groupMemberView(group, columns);
+        if (!held || !newest)
+            return std::nullopt;
+        if (*held != *newest)
+            return false;
+    }
+    return true;
+}
+
+MetadataConnection::SnapshotMove MetadataConnection::moveSnapshotPastUnreadChanges()
 {
     if (m_isChangeUnhandled || !m_database || !m_database->holdsSnapshot() || !m_writer
         || m_writer->fileName() != m_database->fileName() || m_writer->isInTransaction())
-        return;
+        return SnapshotMove::Held;
     const std::optional<qint64> taken = m_database->snapshotSequence();
     // Held while it is decided, so that no other writer commits in between:
     // a change made after the look below and before the new snapshot could
     // be one the client must handle before it reads with new positions.
+    // Nothing is written under it: it rolls back as it goes.
     const std::unique_ptr<SqliteTransaction> writeLock = m_writer->beginTransaction();
     if (!taken || !writeLock->isActive())
-        return;
+        return SnapshotMove::Held;
     const std::optional<MediaChanges> changes = m_writer->changesSince(*taken);
-    if (changes && !concernsClient(*changes))
-        m_database->holdSnapshot();
-    // The lock rolls back as it goes: nothing was written under it.
+    if (!changes || concernsClient(*changes))
+        return SnapshotMove::Held;
+    if (changes->isMediaChanged) {
+        const std::optional<bool> isAlike = isGroupReadAlike();
+        if (!isAlike)
+            return SnapshotMove::Held;
+        if (!*isAlike)
+            return SnapshotMove::HeldForMediaChange;
+    }
+    m_database->holdSnapshot();
+    return SnapshotMove::Moved;
 }
 
 // ---------------------------------------------------------------------------
@@ -113,8 +156,10 @@ bool MetadataConnection::backUp(const MediaSearchPlan& plan)
 {
     restartSnapshot();
     m_backup.reset();
-    // A new backup is a new list: the groups an earlier one read are not its.
+    // A new backup is a new list: what an earlier one read is not its.
     m_groupsRead.clear();
+    m_groupColumnsRead.clear();
+    m_readsBeyondGroups = false;
     noteRead(plan);
     if (m_database)
         m_backup = MediaBackup::take(*m_database, plan);

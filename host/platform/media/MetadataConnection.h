@@ -20,13 +20,19 @@
 //    songs and finds its song by id). A search that fetches entries to play
 //    (paths, album names) never moves it.
 //  - Changes that touch nothing the client reads do not wait for it: no
-//    media object changed, and no group that its searches or its backup
-//    drew from (the play history, when the library plays). The snapshot
-//    moves past them at once, when the client's own write made them or when
-//    they are delivered, provided nothing else was committed meanwhile and no
-//    change waits to be handled; no other writer can commit while that is
-//    decided. So a client that plays for hours, writing its history at every
-//    song, never keeps the write-ahead log from starting over.
+//    group that its searches or its backup drew from changed (the play
+//    history, when the library plays), and no media object changed, or, for
+//    a client that has searched only groups since its backup (a play list,
+//    the play history), none in a way that changes what those searches
+//    return (another program adding songs under a playing play list). The
+//    snapshot moves past them at once, when the client's own write made them
+//    or when they are delivered, provided nothing else was committed
+//    meanwhile and no change waits to be handled; no other writer can commit
+//    while that is decided. So a client that plays for hours, writing its
+//    history at every song while a scanner adds songs, never keeps the
+//    write-ahead log from starting over. A look-up of files by their paths
+//    (how the history finds the song it adds) knows no positions and counts
+//    as no search here: it reads the snapshot, as every call does.
 //  - Without a subscription nothing is held: every call reads the newest state.
 // Writes (group changes, the history) go through a second connection that
 // never holds a snapshot; the change log announces them like any other
@@ -34,6 +40,7 @@
 // Without write-ahead logging a held read would lock writers out, so then no
 // snapshot is held at all.
 
+#include <QByteArray>
 #include <QPointer>
 #include <QSet>
 #include <QString>
@@ -75,8 +82,9 @@ public:
     /** The client wrote through writerOn(): the snapshot moves past the write when that
      *  touches nothing the client reads (see above). */
     void noteOwnWrite() { moveSnapshotPastUnreadChanges(); }
-    /** @p plan is read through this connection: changes to its group concern the client
-     *  until the next backup (a new list) is taken. */
+    /** @p plan is read through this connection: changes to its group, or to the media
+     *  objects its result depends on, concern the client until the next backup (a new
+     *  list) is taken. */
     void noteRead(const MediaSearchPlan& plan);
 
     // The backup
@@ -104,19 +112,34 @@ private:
     bool isSubscribed() const;
     /** Takes a snapshot of the newest state when subscribed, else holds none. */
     void restartSnapshot();
-    /** Whether @p changes touch what the client reads. */
+    /** Whether @p changes touch what the client reads, as far as the change log tells:
+     *  a media change to a client that reads only groups is decided by
+     *  isGroupReadAlike(), under the write lock. */
     bool concernsClient(const MediaChanges& changes) const;
+    /** Whether every group the client read holds, for its searches, the same members in
+     *  the snapshot as in the newest state; nothing when that cannot be read. */
+    std::optional<bool> isGroupReadAlike();
+    enum class SnapshotMove {
+        Moved,
+        Held,               ///< not moved: a change concerns the client, or nothing could be decided
+        HeldForMediaChange, ///< not moved: a media change alters what the client's group searches return
+    };
     /** Moves the snapshot to the newest state when everything committed since it was
      *  taken leaves what the client reads as it was. */
-    void moveSnapshotPastUnreadChanges();
+    SnapshotMove moveSnapshotPastUnreadChanges();
 
     unsigned int m_handle;
     std::unique_ptr<MediaDatabase> m_database;   // reads, in the snapshot
     std::unique_ptr<MediaDatabase> m_writer;     // writes and change-log looks
     /** An indication that concerns the client was delivered after the snapshot was taken. */
     bool m_isChangeUnhandled = false;
-    /** The groups the client's searches and backup drew from while subscribed. */
+    /** The groups the client's searches and backup drew from since the backup. */
     QSet<quint32> m_groupsRead;
+    /** The media columns ("m.<column>") that those group searches read. */
+    QSet<QByteArray> m_groupColumnsRead;
+    /** A search since the backup drew from the media objects beyond any group (the
+     *  library, an album): every media change concerns the client. */
+    bool m_readsBeyondGroups = false;
     std::optional<MediaBackup> m_backup;
     // Both owned, made on demand. They are children of the application, so
     // that neither outlives the event loop it works in when a connection is

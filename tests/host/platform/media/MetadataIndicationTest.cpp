@@ -179,3 +179,125 @@ TEST_F(MetadataIndicationTest, HandlerMayCloseItsOwnConnection)
     processEvents();
     EXPECT_EQ(closer.calls, 1);
 }
+
+namespace {
+
+// A play list in its order, on the phone memory, as a list reads it to play.
+struct PlayListInOrder {
+    MetadataListType listType = METADATA_LIST_USER_GROUP;
+    MetadataSearchFilter group{METADATA_FILTER_GROUP_ID, METADATA_OPERATOR_EQUAL, sizeof groupId, &groupId};
+    MetadataSortEntry sort{METADATA_SORT_GROUP_POSITION, METADATA_SORT_ASCENDING};
+    MetadataSearchCandidateType candidates[2] = {METADATA_CANDIDATE_OBJECT_ID, METADATA_CANDIDATE_FULL_PATH};
+    uint32_t groupId = 0;
+
+    explicit PlayListInOrder(uint32_t id) : groupId(id) {}
+    PlayListInOrder(const PlayListInOrder&) = delete;
+
+    MetadataSearchMediaRequest words(int resultCount) const
+    {
+        return {1, &listType, 1, &group, 1, &sort, 0, 0, 0, 2, candidates, resultCount, 0, 1};
+    }
+};
+
+} // namespace
+
+// A client that reads only a play list does not hold the write-ahead log
+// for another program's song changes that leave the list's searches as they
+// were; a change that alters what they return still waits for the client,
+// even when no group change is logged with it.
+TEST_F(MetadataIndicationTest, PlayListClient_WaitsOnlyForSongChangesThatReachItsSearches)
+{
+    const quint32 second = add("/m/second.mp3", "Second");
+    const quint32 third = add("/m/third.mp3", "Third");
+    ASSERT_TRUE(m_database->setGroupMembers(m_playList, {m_song, second, third}));
+    // Heard last: everything committed before it has been delivered too.
+    ASSERT_TRUE(waitUntil(
+        [&] { return m_recorder.heard.contains(IndicationRecorder::group(m_playList, METADATA_GROUP_MEMBERS_CHANGED)); },
+        3000));
+    const PlayListInOrder playList(m_playList);
+    const MetadataSearchMediaRequest backup = playList.words(0);
+    ASSERT_EQ(metadataBackupSearchedMedias(m_handle, &backup), 0);
+    // Entries to play: reading them never moves the snapshot.
+    const auto entries = [&] {
+        const MetadataSearchMediaRequest fetch = playList.words(10);
+        QList<quint32> ids;
+        EXPECT_EQ(metadataSearchMedia(
+                      m_handle, &fetch,
+                      [](void* userData, MetadataSearchMediaResponse* response) {
+                          for (uint32_t i = 0; i < response->actualNum; ++i)
+                              static_cast<QList<quint32>*>(userData)->append(
+                                  response->mediaInfo[i].fields[0].value.number);
+                      },
+                      &ids),
+                  0);
+        return ids;
+    };
+    // A look-up by path, as the history's writes make: it tells which state the snapshot holds.
+    const auto isSeen = [&](const QByteArray& path) {
+        const MetadataSearchFilter filter{METADATA_FILTER_FILE_PATH, METADATA_OPERATOR_EQUAL,
+                                          uint32_t(path.size() + 1), path.constData()};
+        const MetadataSearchCandidateType id = METADATA_CANDIDATE_OBJECT_ID;
+        const MetadataSearchMusicFileRequest request{1, &filter, 2, 1, &id, 1, 0};
+        uint32_t found = 0;
+        EXPECT_EQ(metadataSearchMusicFile(
+                      m_handle, &request, 1,
+                      [](void* userData, MetadataSearchMusicFileResponse* response) {
+                          *static_cast<uint32_t*>(userData) = response->actualNum;
+                      },
+                      &found),
+                  0);
+        return found == 1;
+    };
+    const auto handle = [&] {
+        bool isExisted = false;
+        int newIndex = 0;
+        unsigned int count = 0;
+        EXPECT_EQ(metadataCheckBackupedItem(m_handle, 0, &isExisted, &newIndex, &count), 0);
+        return count;
+    };
+    ASSERT_EQ(entries(), (QList<quint32>{m_song, second, third}));
+
+    // A song added beside the list and a new title for one of its songs: the
+    // list's searches read neither, and the snapshot moves when they arrive.
+    m_recorder.heard.clear();
+    {
+        const std::unique_ptr<SqliteTransaction> transaction = m_database->beginTransaction();
+        add("/m/beside.mp3", "Beside");
+        MediaRecord retitled = *m_database->mediaById(second);
+        retitled.title = QStringLiteral("Second, live");
+        ASSERT_TRUE(m_database->updateMedia(retitled) && transaction->commit());
+    }
+    ASSERT_TRUE(hears(m_recorder, {IndicationRecorder::content()}));
+    EXPECT_TRUE(isSeen("/m/beside.mp3"));
+    EXPECT_EQ(entries(), (QList<quint32>{m_song, second, third}));
+
+    // A song of the list moved to the memory card leaves its search; that waits.
+    m_recorder.heard.clear();
+    {
+        const std::unique_ptr<SqliteTransaction> transaction = m_database->beginTransaction();
+        add("/m/later.mp3", "Later");
+        MediaRecord moved = *m_database->mediaById(third);
+        moved.storage = 1;
+        ASSERT_TRUE(m_database->updateMedia(moved) && transaction->commit());
+    }
+    ASSERT_TRUE(hears(m_recorder, {IndicationRecorder::content()}));
+    EXPECT_FALSE(isSeen("/m/later.mp3"));
+    EXPECT_EQ(entries(), (QList<quint32>{m_song, second, third})) << "delivered, not handled";
+    EXPECT_EQ(handle(), 2u);
+    EXPECT_TRUE(isSeen("/m/later.mp3"));
+    EXPECT_EQ(entries(), (QList<quint32>{m_song, second}));
+
+    // Deleted as the sqlite3 shell does, without foreign keys: the member row
+    // stays and no group change is logged, but the song leaves the list.
+    m_recorder.heard.clear();
+    sqlite3* shell = nullptr;
+    ASSERT_EQ(sqlite3_open(QFile::encodeName(MediaDatabase::defaultFile()).constData(), &shell), SQLITE_OK);
+    const QByteArray remove = "DELETE FROM media WHERE id = " + QByteArray::number(second);
+    const int result = sqlite3_exec(shell, remove.constData(), nullptr, nullptr, nullptr);
+    sqlite3_close(shell);
+    ASSERT_EQ(result, SQLITE_OK);
+    ASSERT_TRUE(hears(m_recorder, {IndicationRecorder::content()}));
+    EXPECT_EQ(entries(), (QList<quint32>{m_song, second})) << "delivered, not handled";
+    EXPECT_EQ(handle(), 1u);
+    EXPECT_EQ(entries(), QList<quint32>{m_song});
+}

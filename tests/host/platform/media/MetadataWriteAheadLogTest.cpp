@@ -1,7 +1,8 @@
 // A client that plays for hours keeps its snapshot (MetadataConnection.h)
 // and still lets the write-ahead log start over: the log stays small however
-// many songs go into the play history, and a change another program made
-// still waits until the list has handled it.
+// many songs go into the play history, whether the library or a play list
+// plays, and a change another program made still waits until the list has
+// handled it.
 
 #include <gtest/gtest.h>
 
@@ -17,6 +18,7 @@
 #include "host/engine/HostEngineClock.h"
 #include "host/platform/HostJournal.h"
 #include "host/platform/media/MediaDatabase.h"
+#include "host/platform/media/SqliteTransaction.h"
 #include "lists/MP_AufContext.h"
 #include "lists/MP_AufList.h"
 #include "lists/MP_RecentList.h"
@@ -116,4 +118,50 @@ TEST_F(MetadataWriteAheadLogTest, AnotherProgramsChangeStillWaitsForTheListThrou
     history->addItem(dataPath("music/003.mp3"));
     history->saveToDB();
     EXPECT_EQ(m_other->groupMembers(2), (QList<quint32>{third, first}));
+}
+
+// A play list plays while another program (a scanner) commits song changes:
+// new songs, and new tags for songs of the list and beside it. None of them
+// changes what the list's searches return, so none keeps the log from
+// starting over.
+TEST_F(MetadataWriteAheadLogTest, PlayListPlayingWhileAnotherProgramChangesSongs_TheLogStaysSmall)
+{
+    QList<quint32> ids;
+    for (int number = 0; number < 37; ++number)
+        ids << addPlayable(number);
+    const QList<quint32> members = ids.mid(0, 20);
+    const quint32 group = m_other->addGroup(METADATA_GROUP_USER, QStringLiteral("Mine"));
+    ASSERT_TRUE(m_other->setGroupMembers(group, members));
+    MP_AufList list(group, METADATA_GROUP_USER, 0, 0, QString());
+    std::unique_ptr<HostEngine, EngineRelease> engine(
+        static_cast<HostEngine*>(MP_CreateCommonPlayer(false, MP_LAUNCH_LIST)));
+    MP_MediafinderClient client(engine.get());
+    client.setAufList(&list);
+    engine->setPlayList(&list);
+    engine->autoPlay(false);
+    HostJournal::stopCapture();
+
+    qint64 largest = 0;
+    int added = 0;
+    for (int played = 0; played < 600; ++played) {
+        if (played % 5 == 4) {
+            const std::unique_ptr<SqliteTransaction> batch = m_other->beginTransaction();
+            m_other->addMedia(song(QStringLiteral("/scanned/%1.mp3").arg(added++)));
+            for (const quint32 id : {members.at(played % 20), ids.at(20 + played % 17)}) {
+                MediaRecord retagged = *m_other->mediaById(id);
+                retagged.artist = QStringLiteral("Artist %1").arg(played);
+                ASSERT_TRUE(m_other->updateMedia(retagged));
+            }
+            ASSERT_TRUE(batch->commit());
+        }
+        engine->control().next();
+        HostEngineClock::advance(1000);
+        largest = std::max(largest, logSize());
+    }
+    HostJournal::startCapture();
+
+    // 600 steps through 20 songs with repeat come back to the first.
+    ASSERT_EQ(list.getCurrentIndex(), 0);
+    EXPECT_EQ(m_other->groupMembers(2).value(0), members.at(0));
+    EXPECT_LE(largest, 1200 * 1024) << "a log of one megabyte, and what one song writes beyond it";
 }
