@@ -65,10 +65,24 @@ void MetadataConnection::catchUp()
         restartSnapshot();
 }
 
-void MetadataConnection::noteIndicationDelivered(const MediaChanges& changes)
+QList<quint32> MetadataConnection::noteIndicationDelivered(const MediaChanges& changes)
 {
-    if (concernsClient(changes) || moveSnapshotPastUnreadChanges() == SnapshotMove::HeldForMediaChange)
+    if (concernsClient(changes)) {
         m_isChangeUnhandled = true;
+        return {};
+    }
+    if (moveSnapshotPastUnreadChanges() != SnapshotMove::HeldForMediaChange)
+        return {};
+    // A change of media objects moved the members of a group the client
+    // reads (one went to the other storage, or another program deleted it
+    // without foreign keys, leaving its member row): no group change was
+    // logged, and a play list acts on the media change only when its own
+    // file is gone. Announced as a change of the group, it is one the list
+    // handles, and its handling moves the snapshot; unannounced, the snapshot
+    // and the write-ahead log would stay where they are for as long as the
+    // list plays.
+    m_isChangeUnhandled = true;
+    return QList<quint32>(m_groupsRead.cbegin(), m_groupsRead.cend());
 }
 
 void MetadataConnection::noteRead(const MediaSearchPlan& plan)
@@ -205,8 +219,8 @@ MetadataIndicationPoller& MetadataConnection::poller()
         m_poller = new MetadataIndicationPoller([handle] { return MetadataClients::instance().writer(handle); },
                                                 QCoreApplication::instance());
         m_poller->setDeliveryNotice([handle](const MediaChanges& changes) {
-            if (MetadataConnection* connection = MetadataClients::instance().connection(handle))
-                connection->noteIndicationDelivered(changes);
+            MetadataConnection* connection = MetadataClients::instance().connection(handle);
+            return connection ? connection->noteIndicationDelivered(changes) : QList<quint32>{};
         });
     }
     return *m_poller;

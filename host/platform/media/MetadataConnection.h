@@ -74,8 +74,10 @@ public:
     MediaDatabase* writerOn(const QString& file);
 
     /** @p changes are being delivered to the client: its snapshot moves at its next
-     *  handling call, or at once when they touch nothing it reads (see above). */
-    void noteIndicationDelivered(const MediaChanges& changes);
+     *  handling call, or at once when they touch nothing it reads (see above). Returns the
+     *  groups to announce as changed besides those of @p changes: the groups the client
+     *  reads, when a change of media objects alone moved their members. */
+    QList<quint32> noteIndicationDelivered(const MediaChanges& changes);
     /** The client handles the change now: the snapshot moves forward if an indication was
      *  delivered since it was taken. */
     void catchUp();

@@ -1,5 +1,7 @@
 #include "host/platform/media/MetadataIndicationPoller.h"
 
+#include <algorithm>
+
 #include "host/platform/media/MediaDatabase.h"
 
 MetadataIndicationPoller::MetadataIndicationPoller(DatabaseSource database, QObject* parent)
@@ -82,11 +84,18 @@ void MetadataIndicationPoller::poll()
 void MetadataIndicationPoller::deliver(const MediaChanges& changes)
 {
     ++m_deliveryDepth;
-    if (m_deliveryNotice && m_handler && (changes.isMediaChanged || !changes.groups.isEmpty()))
-        m_deliveryNotice(changes);
+    QList<MediaGroupChange> groups = changes.groups;
+    if (m_deliveryNotice && m_handler && (changes.isMediaChanged || !changes.groups.isEmpty())) {
+        for (const quint32 moved : m_deliveryNotice(changes)) {
+            const bool isListed = std::any_of(groups.cbegin(), groups.cend(),
+                                              [moved](const MediaGroupChange& change) { return change.groupId == moved; });
+            if (!isListed)
+                groups.append(MediaGroupChange{moved, false});
+        }
+    }
     if (changes.isMediaChanged)
         notify(METADATA_INDICATION_CONTENT_CHANGED, nullptr);
-    for (const MediaGroupChange& change : changes.groups) {
+    for (const MediaGroupChange& change : groups) {
         MetadataGroupUpdatedIndication indication{
             change.groupId, change.isDeleted ? METADATA_GROUP_DELETED : METADATA_GROUP_MEMBERS_CHANGED};
         notify(METADATA_INDICATION_GROUP_CHANGED, &indication);

@@ -31,8 +31,11 @@ public:
 
     explicit MetadataIndicationPoller(DatabaseSource database, QObject* parent = nullptr);
 
-    /** Called with each batch of changes before its indications are delivered to the handler. */
-    void setDeliveryNotice(std::function<void(const MediaChanges&)> notice) { m_deliveryNotice = std::move(notice); }
+    /** Called with each batch of changes before its indications are delivered to the
+     *  handler. It returns the groups that are announced as changed on top of the batch's
+     *  own: those whose members, as the client reads them, a change of media objects moved. */
+    using DeliveryNotice = std::function<QList<quint32>(const MediaChanges&)>;
+    void setDeliveryNotice(DeliveryNotice notice) { m_deliveryNotice = std::move(notice); }
     /** Sets the handler and its user data (the last set wins). */
     void setHandler(MetadataIndicationHandler handler, void* userData);
     /** Adds @p indications to the subscription; changes committed from now on are announced. */
@@ -52,7 +55,7 @@ private:
     void notify(unsigned short indication, void* data);
 
     DatabaseSource m_database;
-    std::function<void(const MediaChanges&)> m_deliveryNotice;
+    DeliveryNotice m_deliveryNotice;
     MetadataIndicationHandler m_handler = nullptr;
     void* m_userData = nullptr;    // not owned: the handler's
     QSet<unsigned short> m_indications;

@@ -271,7 +271,10 @@ TEST_F(MetadataIndicationTest, PlayListClient_WaitsOnlyForSongChangesThatReachIt
     EXPECT_TRUE(isSeen("/m/beside.mp3"));
     EXPECT_EQ(entries(), (QList<quint32>{m_song, second, third}));
 
-    // A song of the list moved to the memory card leaves its search; that waits.
+    // A song of the list moved to the memory card leaves its search; that
+    // waits, and the list hears of it as a change of its own group.
+    const QList<IndicationRecorder::Heard> contentAndList{
+        IndicationRecorder::content(), IndicationRecorder::group(m_playList, METADATA_GROUP_MEMBERS_CHANGED)};
     m_recorder.heard.clear();
     {
         const std::unique_ptr<SqliteTransaction> transaction = m_database->beginTransaction();
@@ -280,7 +283,7 @@ TEST_F(MetadataIndicationTest, PlayListClient_WaitsOnlyForSongChangesThatReachIt
         moved.storage = 1;
         ASSERT_TRUE(m_database->updateMedia(moved) && transaction->commit());
     }
-    ASSERT_TRUE(hears(m_recorder, {IndicationRecorder::content()}));
+    ASSERT_TRUE(hears(m_recorder, contentAndList));
     EXPECT_FALSE(isSeen("/m/later.mp3"));
     EXPECT_EQ(entries(), (QList<quint32>{m_song, second, third})) << "delivered, not handled";
     EXPECT_EQ(handle(), 2u);
@@ -296,7 +299,7 @@ TEST_F(MetadataIndicationTest, PlayListClient_WaitsOnlyForSongChangesThatReachIt
     const int result = sqlite3_exec(shell, remove.constData(), nullptr, nullptr, nullptr);
     sqlite3_close(shell);
     ASSERT_EQ(result, SQLITE_OK);
-    ASSERT_TRUE(hears(m_recorder, {IndicationRecorder::content()}));
+    ASSERT_TRUE(hears(m_recorder, contentAndList));
     EXPECT_EQ(entries(), (QList<quint32>{m_song, second})) << "delivered, not handled";
     EXPECT_EQ(handle(), 1u);
     EXPECT_EQ(entries(), QList<quint32>{m_song});
