@@ -3,6 +3,7 @@
 
 #include "mainwindow/MP_MainWindow.h"
 
+#include <QFile>
 #include <QJsonArray>
 #include <QSignalSpy>
 
@@ -144,6 +145,21 @@ TEST_F(MP_MainWindowEventsTest, EndKey_FocusedPlayerScreenQuits_WithoutEngineNot
     window->onEndKeyPressed();
     EXPECT_EQ(closeCounter.closes, 2);
     EXPECT_EQ(quits(), 1);
+}
+
+TEST_F(MP_MainWindowEventsTest, FlipClosedOrEndKeyElsewhere_WhileMusicPlays_HideThePlayer)
+{
+    QFile song(dataPath("song.mp3"));
+    ASSERT_TRUE(song.open(QIODevice::WriteOnly) && song.write("no tags") > 0);
+    song.close();
+    startPlaying(song.fileName());  // an untagged file plays for ten seconds
+    window->onAskReturnToIdle(-5001);
+    ASSERT_TRUE(waitUntil([&] { return quits() == 1; }));
+    window->onEndKeyPressed();  // the player screen does not have the focus
+    EXPECT_EQ(journalLines("engine", "flipClosed").size(), 2);
+    EXPECT_EQ(quits(), 2) << "the screen closed twice";
+    EXPECT_EQ(closeCounter.closes, 0) << "and the player plays on";
+    EXPECT_EQ(storedWrites(), (QJsonArray{QJsonArray{"HidePlaying", true}, QJsonArray{"HidePlaying", true}}));
 }
 
 TEST_F(MP_MainWindowEventsTest, CloseAndAppIcon_OnlyMoveThePlayerScreen)

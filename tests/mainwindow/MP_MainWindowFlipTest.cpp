@@ -1,9 +1,12 @@
 #include "mainwindow/MP_MainWindow.h"
 
+#include <QFile>
+
 #include <memory>
 
 #include "host/platform/display/HostDisplay.h"
 #include "host/platform/phone/HostPhone.h"
+#include "platform/MP_CommonPlayer.h"
 #include "tests/support/EntryPointWindow.h"
 #include "tests/support/TestEnvironment.h"
 
@@ -31,6 +34,25 @@ TEST_F(MP_MainWindowFlipTest, FlipClosedBeforeTheEngine_TheEngineComesWithTheDis
     EXPECT_EQ(after.mid(after.indexOf("display:endSession")),
               (QStringList{"display:endSession", "engine:removeListListener", "engine:removePlayerListener",
                            "engine:MP_DestroyCommonPlayer"}));
+}
+
+TEST_F(MP_MainWindowFlipTest, TheFlipOpeningWhileStopped_LeavesTheDisplayUntilTheNextChange)
+{
+    QFile song(dataPath("song.mp3"));
+    ASSERT_TRUE(song.open(QIODevice::WriteOnly) && song.write("no tags") > 0);
+    song.close();
+    WindowPtr window(MP_CreateMainWindow(song.fileName()));
+    ASSERT_TRUE(waitUntil([&] { return window->commonPlayer() != nullptr; }));
+    MP_PlayerControl* control = window->commonPlayer()->getPlayerControl();
+    window->onFlipStatusChanged(1);
+    ASSERT_NE(window->cliClient(), nullptr) << "closed while playing";
+    control->stop();
+    window->onFlipStatusChanged(0);
+    EXPECT_NE(window->cliClient(), nullptr) << "stopped: the display stays";
+    control->playPause();
+    window->onFlipStatusChanged(1);
+    window->onFlipStatusChanged(0);
+    EXPECT_EQ(window->cliClient(), nullptr) << "playing again, the next change takes it";
 }
 
 TEST_F(MP_MainWindowFlipTest, DisplayExit_QuitsThePlayer)

@@ -98,23 +98,6 @@ TEST(CommandsScenarioTest, DeletingFromAFolder_PlaysTheFolderOn)
     EXPECT_EQ(scenario.titlesPlayed(), (QStringList{"Paper Boats", "Paper Boats", "Rain on Glass"}));
 }
 
-TEST(CommandsScenarioTest, RemovingFromAUserPlayList_ChangesTheGroupOnlyAfterYes)
-{
-    ScenarioRun scenario;
-    ASSERT_TRUE(scenario.scanSampleLibrary());
-    const QStringList evening{"--action", "PlayUserListInMediaplayer", "Type=0", "GroupObjectID=4",
-                              "FirstIndex=0", "StorageLocation=2"};
-    ASSERT_EQ(scenario.run(ScenarioRun::script("commands_remove_from_play_list.mps"), evening), 0)
-        << qPrintable(scenario.errorOutput());
-    EXPECT_EQ(dialogAnswers(scenario), QStringList({"Remove 0", "Remove 0", "Remove 1"}));
-    const QList<QJsonArray> removals = scenario.argsOf("metadata", "metadataRemoveItemsFromGroup");
-    ASSERT_EQ(removals.size(), 1);
-    EXPECT_EQ(removals.first().at(0).toObject().value("positions").toArray(), QJsonArray{0});
-    EXPECT_TRUE(scenario.argsOf("file", "deleted").isEmpty()) << "the song stays in the library";
-    EXPECT_EQ(scenario.calls().count("engine:notifyCurrentChanged"), 1) << "once, when the database reported";
-    EXPECT_EQ(scenario.titlesPlayed().mid(0, 2), (QStringList{"Harbour Wind", "Lanterns"}));
-}
-
 TEST(CommandsScenarioTest, BackWhileDownloading_NoKeepsThePlayerYesCancelsAndQuits)
 {
     ScenarioRun scenario;

@@ -58,6 +58,9 @@ TEST_F(LaunchScenarioTest, MusicList_SavesTheSelectionAndPlaysItsSong)
     EXPECT_TRUE(saved.value("genre").isNull());
     EXPECT_EQ(saved.value("storageLocation").toInt(), 2);
     EXPECT_EQ(saved.value("firstIndex").toInt(), 3);
+    // The media browser's client follows the list: it stores the song it announced.
+    ASSERT_EQ(scenario.argsOf("metadata", "saveLastPlayedSong").size(), 1);
+    EXPECT_EQ(scenario.argsOf("metadata", "saveLastPlayedSong").first().at(1), 3);
 }
 
 TEST_F(LaunchScenarioTest, UserList_SavesTheGroupAndPlaysItsEntry)
