@@ -1,28 +1,21 @@
-#include "mainwindow/MP_MainWindow.h"
-
-#include <QFile>
-
-#include <memory>
-
 #include "host/platform/display/HostDisplay.h"
 #include "host/platform/phone/HostPhone.h"
 #include "platform/MP_CommonPlayer.h"
-#include "tests/support/EntryPointWindow.h"
-#include "tests/support/TestEnvironment.h"
+#include "tests/support/MainWindowFixture.h"
 
 namespace {
 
-class MP_MainWindowFlipTest : public TestEnvironment {};
+using MP_MainWindowFlipTest = MainWindowFixture;
 
 TEST_F(MP_MainWindowFlipTest, FlipClosedBeforeTheEngine_TheEngineComesWithTheDisplayClient)
 {
-    WindowPtr window(MP_CreateMainWindow(QString("/music/song.mp3")));
+    create(QStringLiteral("/music/song.mp3"));
     // No engine yet: the flip is noted, and nothing else can happen.
     HostPhone::setFlipStatus(1);
     window->onFlipStatusChanged(1);
     EXPECT_EQ(window->cliClient(), nullptr);
 
-    ASSERT_TRUE(waitUntil([&] { return window->commonPlayer() != nullptr; }));
+    ASSERT_TRUE(waitForEngine());
     ASSERT_NE(window->cliClient(), nullptr);
     const QStringList calls = journalCalls();
     EXPECT_LT(calls.indexOf("engine:MP_CreateCommonPlayer"), calls.indexOf("display:beginSession"));
@@ -38,11 +31,8 @@ TEST_F(MP_MainWindowFlipTest, FlipClosedBeforeTheEngine_TheEngineComesWithTheDis
 
 TEST_F(MP_MainWindowFlipTest, TheFlipOpeningWhileStopped_LeavesTheDisplayUntilTheNextChange)
 {
-    QFile song(dataPath("song.mp3"));
-    ASSERT_TRUE(song.open(QIODevice::WriteOnly) && song.write("no tags") > 0);
-    song.close();
-    WindowPtr window(MP_CreateMainWindow(song.fileName()));
-    ASSERT_TRUE(waitUntil([&] { return window->commonPlayer() != nullptr; }));
+    create(writeFile("song.mp3"));
+    ASSERT_TRUE(waitForEngine());
     MP_PlayerControl* control = window->commonPlayer()->getPlayerControl();
     window->onFlipStatusChanged(1);
     ASSERT_NE(window->cliClient(), nullptr) << "closed while playing";
@@ -58,7 +48,7 @@ TEST_F(MP_MainWindowFlipTest, TheFlipOpeningWhileStopped_LeavesTheDisplayUntilTh
 TEST_F(MP_MainWindowFlipTest, DisplayExit_QuitsThePlayer)
 {
     HostPhone::setFlipStatus(1);
-    WindowPtr window(MP_CreateMainWindow(QString("/music/song.mp3")));
+    create(QStringLiteral("/music/song.mp3"));
     ASSERT_TRUE(waitUntil([&] { return window->cliClient() != nullptr; }));
     ASSERT_TRUE(HostDisplay::send({DisplayCommand::Kind::Exit, 0}));
     EXPECT_TRUE(journalCalls().contains("engine:closePlayerWindow"));

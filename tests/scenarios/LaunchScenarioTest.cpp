@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/scenarios/ScenarioRun.h"
+#include "tests/support/Journal.h"
 
 namespace {
 
@@ -99,15 +100,9 @@ TEST_F(LaunchScenarioTest, Launchers_ResumeTheLastPlayedListAfterARestart)
 TEST_F(LaunchScenarioTest, HomeScreenWithNothingStored_ShowsTheNoticeAndNoPlayer)
 {
     ASSERT_EQ(run("resume.mps", launcher("HomeScreen")), 0) << qPrintable(scenario.errorOutput());
-    const QList<QJsonObject> lines = scenario.journal();
-    QList<QJsonObject> dialogs;
-    for (const QJsonObject& line : lines) {
-        if (line.value("kind").toString() == "dialog")
-            dialogs.append(line);
-    }
-    ASSERT_EQ(dialogs.size(), 1);
-    EXPECT_EQ(dialogs.first(), (QJsonObject{{"kind", "dialog"}, {"class", "VmNoticeDlg"}, {"type", 1}, {"title", ""},
-                                            {"text", "Because the files do not exist."}, {"answer", 1}}));
+    EXPECT_EQ(Journal::linesOf(scenario.journal(), "dialog", QString()),
+              (QList<QJsonObject>{{{"kind", "dialog"}, {"class", "VmNoticeDlg"}, {"type", 1}, {"title", ""},
+                                   {"text", "Because the files do not exist."}, {"answer", 1}}}));
     EXPECT_TRUE(engineCalls(scenario).isEmpty());
 }
 

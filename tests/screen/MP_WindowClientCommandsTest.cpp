@@ -16,13 +16,12 @@
 #include "lists/MP_AufContext.h"
 #include "lists/MP_AufList.h"
 #include "lists/MP_FolderList.h"
-#include "platform/VmKbMainWidget.h"
 #include "platform/VmOptionsMenu.h"
 #include "screen/MP_SetupLibrary.h"
 #include "screen/MP_WindowClient.h"
 #include "tests/lists/TraceCapture.h"
-#include "tests/support/ChannelJournal.h"
 #include "tests/support/FakeEngine.h"
+#include "tests/support/Journal.h"
 #include "tests/support/SongBuilder.h"
 #include "tests/support/TestEnvironment.h"
 
@@ -30,26 +29,12 @@ namespace {
 
 const QString kDownloadManager = QStringLiteral("/VEMO/AM/DOWNLOADMANAGER");
 
-class CommandEngine : public FakeEngine {
-public:
-    int content = MP_CONTENT_SOUND;
-    int medium = MP_MEDIUM_LOCAL;
-    MP_ListInterface* list = nullptr;
-    QString path = QStringLiteral("/dl/Night Song.mp3.pd");
-    VmKbMainWidget widget;
-
-    VmKbMainWidget* getMainWidget() override { return &widget; }
-    MP_CONTENT_TYPE getContentType() override { return MP_CONTENT_TYPE(content); }
-    int getMediumType() override { return medium; }
-    MP_ListInterface* getCurrentList() override { return list; }
-    QString getCurrentPath() override { return path; }
-};
-
 class MP_WindowClientCommandsTest : public TestEnvironment {
 protected:
     void SetUp() override
     {
         TestEnvironment::SetUp();
+        engine.path = QStringLiteral("/dl/Night Song.mp3.pd");
         client = std::make_unique<MP_WindowClient>(&engine);
         HostDialogs::clearAnswers();
     }
@@ -63,17 +48,7 @@ protected:
 
     void run(const char* slot) { ASSERT_TRUE(QMetaObject::invokeMethod(client.get(), slot)); }
 
-    /** Title, text and answer of every dialog shown. */
-    static QStringList dialogs()
-    {
-        QStringList shown;
-        for (const QJsonObject& line : journal()) {
-            if (line.value("kind").toString() == QLatin1String("dialog"))
-                shown << line.value("title").toString() + '|' + line.value("text").toString() + '|'
-                             + QString::number(line.value("answer").toInt());
-        }
-        return shown;
-    }
+    static QStringList dialogs() { return Journal::dialogs(journal()); }
 
     /** Files named @p names in a fresh folder; returns the folder. */
     QString makeFolder(const QString& name, const QStringList& names)
@@ -85,7 +60,7 @@ protected:
         return folder;
     }
 
-    CommandEngine engine;
+    FakeScreenEngine engine;
     std::unique_ptr<MP_WindowClient> client;
     TraceCapture traces;
 };

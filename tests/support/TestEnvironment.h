@@ -3,6 +3,7 @@
 // folder, a new phone, the journal captured in memory, and the engine's
 // clock in manual mode.
 
+#include <QJsonArray>
 #include <QJsonObject>
 #include <QList>
 #include <QStringList>
@@ -24,6 +25,8 @@ protected:
     static QStringList journalCalls();
     /** The captured lines of one kind with one call name. */
     static QList<QJsonObject> journalLines(const QString& kind, const QString& call);
+    /** The args of the captured lines of one kind and call, in order. */
+    static QList<QJsonArray> journalArgs(const QString& kind, const QString& call);
 
     /** Runs the event loop until @p condition holds or @p timeoutMs passes. */
     static bool waitUntil(const std::function<bool()>& condition, int timeoutMs = 2000);
@@ -31,6 +34,9 @@ protected:
     static void processEvents();
 
     QString dataPath(const QString& name) const;
+    /** Writes @p contents to dataPath(@p name), making its folder; returns the
+     *  path. Untagged, a song plays for the engine's default ten seconds. */
+    QString writeFile(const QString& name, const QByteArray& contents = "no tags") const;
 
 private:
     QTemporaryDir m_dataDir;

@@ -19,38 +19,14 @@
 #include "host/engine/HostEngine.h"
 #include "host/engine/HostEngineClock.h"
 #include "host/platform/HostJournal.h"
-#include "lists/MP_ListInterface.h"
 #include "platform/SETUP_SET_Manager.h"
 #include "platform/VmKbMainWidget.h"
 #include "tests/support/EngineRelease.h"
+#include "tests/support/Journal.h"
+#include "tests/support/PathList.h"
 #include "tests/support/TestEnvironment.h"
 
 namespace {
-
-// A list over fixed paths; with repeat it wraps at both ends.
-class FakeList : public MP_ListInterface {
-public:
-    explicit FakeList(QStringList items, bool wraps = false) : paths(std::move(items)), repeat(wraps) {}
-
-    unsigned int count() override { return unsigned(paths.size()); }
-    bool hasNext() override { return !paths.isEmpty() && (repeat || current + 1 < paths.size()); }
-    bool hasPrevious() override { return !paths.isEmpty() && (repeat || current > 0); }
-    QString getCurrent() override { return paths.value(current); }
-    QString getItem(int index) override { return paths.value(index); }
-    int getCurrentIndex() override { return current; }
-    void skipSteps(int steps) override
-    {
-        const int size = int(paths.size());
-        current = size ? ((current + steps) % size + size) % size : 0;
-    }
-    void moveTo(int index) override { current = index; }
-    bool removeItem(int) override { return false; }
-    QByteArray* getReservedData() override { return nullptr; }
-
-    QStringList paths;
-    int current = 0;
-    bool repeat;
-};
 
 // Writes every report it hears into a shared log, prefixed with its name
 // when it has one, so that the order across listeners shows.
@@ -103,23 +79,6 @@ private:
 // Lists of std::string print readably when an expectation fails.
 using Events = std::vector<std::string>;
 
-using EnginePtr = std::unique_ptr<HostEngine, EngineRelease>;
-
-EnginePtr createEngine(MP_LAUNCH_TYPE type = MP_LAUNCH_LIST)
-{
-    return EnginePtr(static_cast<HostEngine*>(MP_CreateCommonPlayer(false, type)));
-}
-
-// Every captured journal line as "kind:call [args]".
-Events journalSummary()
-{
-    Events lines;
-    for (const QJsonObject& line : HostJournal::captured())
-        lines.push_back((line["kind"].toString() + ':' + line["call"].toString() + ' ').toStdString()
-                        + QJsonDocument(line["args"].toArray()).toJson(QJsonDocument::Compact).toStdString());
-    return lines;
-}
-
 } // namespace
 
 class HostEngineTest : public TestEnvironment {
@@ -127,7 +86,7 @@ protected:
     void SetUp() override
     {
         TestEnvironment::SetUp();
-        engine = createEngine();
+        engine = makeHostEngine();
         engine->addListListener(&listener);
         engine->addPlayerListener(&listener);
     }
@@ -188,7 +147,7 @@ protected:
 
     QStringList log;
     RecordingListener listener{log};
-    EnginePtr engine;
+    HostEnginePtr engine;
 };
 
 TEST_F(HostEngineTest, SetFile_TaggedWav_ReportsTagsDurationAndStopsUntilPlayed)
@@ -259,7 +218,7 @@ TEST_F(HostEngineTest, Reports_ReachListenersInRegistrationOrder_SkippingThoseRe
 
 TEST_F(HostEngineTest, ManualClock_StepsTheListAtItemEnds_CarryingTimeOver_AndFinishes)
 {
-    FakeList list({writeWav("one.wav", 2500), writeWav("two.wav", 2000)});
+    PathList list({writeWav("one.wav", 2500), writeWav("two.wav", 2000)});
     engine->setPlayList(&list);
     engine->autoPlay(false);
     takeLog();
@@ -279,7 +238,7 @@ TEST_F(HostEngineTest, ManualClock_StepsTheListAtItemEnds_CarryingTimeOver_AndFi
 
 TEST_F(HostEngineTest, RepeatedListOfMissingFiles_TriesEachOnceThenFinishes)
 {
-    FakeList list({dataPath("a.mp3"), dataPath("b.mp3"), dataPath("c.mp3")}, true);
+    PathList list({dataPath("a.mp3"), dataPath("b.mp3"), dataPath("c.mp3")}, true);
     engine->setPlayList(&list);
     EXPECT_EQ(takeLog(), Events({"updateListInfo(0)", "updateState(7)"}));
 
@@ -290,7 +249,7 @@ TEST_F(HostEngineTest, RepeatedListOfMissingFiles_TriesEachOnceThenFinishes)
 
 TEST_F(HostEngineTest, Control_NextPreviousSeekStopAndPause)
 {
-    FakeList list({writeFakeVideo("a.mp4"), writeFakeVideo("b.mp4"), writeFakeVideo("c.mp4")});
+    PathList list({writeFakeVideo("a.mp4"), writeFakeVideo("b.mp4"), writeFakeVideo("c.mp4")});
     MP_PlayerControl* control = engine->getPlayerControl();
     engine->setPlayList(&list);
     control->play();
@@ -321,12 +280,12 @@ TEST_F(HostEngineTest, Control_NextPreviousSeekStopAndPause)
 
 TEST_F(HostEngineTest, EmptyAndClearedLists)
 {
-    FakeList empty({});
+    PathList empty({});
     engine->setPlayList(&empty);
     EXPECT_EQ(takeLog(), Events({"updateListInfo(0)", "updateState(8)"}));
     EXPECT_TRUE(engine->getCurrentPath().isNull());
 
-    FakeList list({writeFakeVideo("a.mp4")});
+    PathList list({writeFakeVideo("a.mp4")});
     engine->setPlayList(&list);
     engine->autoPlay(false);
     takeLog();
@@ -339,7 +298,7 @@ TEST_F(HostEngineTest, EmptyAndClearedLists)
 
 TEST_F(HostEngineTest, NotifyCurrentChanged_LoadsTheNewCurrentItem_KeepingOnPlaying)
 {
-    FakeList list({writeFakeVideo("a.mp4"), writeWav("b.wav", 4000)});
+    PathList list({writeFakeVideo("a.mp4"), writeWav("b.wav", 4000)});
     engine->setPlayList(&list);
     engine->autoPlay(false);
     takeLog();
@@ -415,7 +374,7 @@ TEST_F(HostEngineTest, MainWidget_ShowsWhatPlays_AndFollowsShowAndClose)
 TEST_F(HostEngineTest, LiveEngine_IsTheNewestStillAlive)
 {
     EXPECT_EQ(HostEngine::liveEngine(), engine.get());
-    EnginePtr newer = createEngine();
+    HostEnginePtr newer = makeHostEngine();
     EXPECT_EQ(HostEngine::liveEngine(), newer.get());
     newer.reset();
     EXPECT_EQ(HostEngine::liveEngine(), engine.get());
@@ -444,7 +403,7 @@ TEST_F(HostEngineTest, Journal_RecordsCallsAndEachReportOnce)
 {
     const QString path = writeWav("tide.wav", 1500, "Tide", "Shore", "Sea");
     HostJournal::startCapture();
-    EnginePtr player = createEngine(MP_LAUNCH_FILE);
+    HostEnginePtr player = makeHostEngine(MP_LAUNCH_FILE);
     RecordingListener first(log, "A"), second(log, "B");
     player->addPlayerListener(&first);
     player->addPlayerListener(&second);
@@ -457,7 +416,7 @@ TEST_F(HostEngineTest, Journal_RecordsCallsAndEachReportOnce)
     player.reset();
 
     const std::string file = QJsonDocument(QJsonArray{path}).toJson(QJsonDocument::Compact).toStdString();
-    EXPECT_EQ(journalSummary(),
+    EXPECT_EQ(Journal::callsWithArgs(journal(), {}),
               Events({"engine:MP_CreateCommonPlayer [false,1]", "engine:addPlayerListener [\"listener\"]",
                       "engine:addPlayerListener [\"listener\"]", "engine:setFile " + file,
                       "report:signalContentTypeChanged [1]", "report:updateMetaInfo [\"Tide\",\"Shore\",\"Sea\",true]",
@@ -472,7 +431,7 @@ TEST_F(HostEngineTest, Journal_RecordsCallsAndEachReportOnce)
 // are the clock's.
 TEST_F(HostEngineTest, MediaOutput_ReportsAListExactlyAsTheClockDoes)
 {
-    FakeList list({writeWav("one.wav", 1500), writeWav("two.wav", 1200)});
+    PathList list({writeWav("one.wav", 1500), writeWav("two.wav", 1200)});
     engine->setPlayList(&list);
     engine->autoPlay(false);
     HostEngineClock::advance(3000);
@@ -484,7 +443,7 @@ TEST_F(HostEngineTest, MediaOutput_ReportsAListExactlyAsTheClockDoes)
     EXPECT_STREQ(engine->output().name(), "media");
     QStringList mediaLog;
     RecordingListener mediaListener{mediaLog};
-    const EnginePtr media = createEngine();
+    const HostEnginePtr media = makeHostEngine();
     ASSERT_STREQ(media->output().name(), "media");
     media->addListListener(&mediaListener);
     media->addPlayerListener(&mediaListener);
@@ -501,7 +460,7 @@ TEST_F(HostEngineTest, MediaOutput_ReportsAListExactlyAsTheClockDoes)
 TEST_F(HostEngineTest, MediaOutput_AFileTheDecoderRefuses_IsAnErrorAndTheListMovesOn)
 {
     HostEngineClock::setManual(false);
-    FakeList list({writeFakeVideo("broken.mp4"), writeWav("fine.wav", 1000)});
+    PathList list({writeFakeVideo("broken.mp4"), writeWav("fine.wav", 1000)});
     engine->setPlayList(&list);
     engine->autoPlay(false);
     ASSERT_TRUE(waitUntil([&] { return engine->control().getState() == MP_STATE_FINISHED; }, 10000));
@@ -521,7 +480,7 @@ TEST_F(HostEngineTest, MediaOutput_AFileTheDecoderRefuses_IsAnErrorAndTheListMov
 TEST_F(HostEngineTest, MediaOutput_ARepeatedSingleItemPlaysAgainFromItsBeginning)
 {
     HostEngineClock::setManual(false);
-    FakeList list({writeWav("only.wav", 1000)}, /*wraps*/ true);
+    PathList list({writeWav("only.wav", 1000)}, /*wraps*/ true);
     engine->setPlayList(&list);
     engine->autoPlay(false);
     // The second end steps the list to its third start before the wait returns.
