@@ -443,6 +443,17 @@ TEST_F(PlayerProcessTest, ExtremeSeeksAnswer_CanControlHolds_AndASecondBridgeTak
     ASSERT_TRUE(m_player.waitForFinished(kWaitMs));
 }
 
+TEST_F(PlayerProcessTest, AwaitAsTheScriptsFirstLine_HearsASenderThatSendsAtOnce)
+{
+    ASSERT_TRUE(connectTest());
+    // The player's bus connection is as new as it can be: nothing ran before the await.
+    ASSERT_TRUE(startPlayerOn(m_player, "first", "await TEST/Control go 60000\nquit\n",
+                              "await: listening on TEST/Control for go"));
+    tell("TEST/Control", "go");
+    ASSERT_TRUE(m_player.waitForFinished(kWaitMs)) << "the message sent at once was missed";
+    EXPECT_EQ(m_player.exitCode(), 0) << m_player.readAllStandardError().toStdString();
+}
+
 TEST_F(PlayerProcessTest, TheBridgeEndsWithAKilledPlayerThatStartedIt_AndWithItsBus)
 {
     ASSERT_TRUE(connectTest());
