@@ -48,7 +48,7 @@ protected:
     {
         QStringList paths;
         for (int i = 0; i < count; ++i)
-            paths << writeFile(QStringLiteral("song%1.mp3").arg(i));
+            paths << writeDataFile(QStringLiteral("song%1.mp3").arg(i));
         return paths;
     }
 

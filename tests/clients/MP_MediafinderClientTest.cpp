@@ -62,7 +62,7 @@ protected:
     // Songs that exist as files, so that the engine plays them for its default time.
     quint32 addPlayable(const QString& title, MediaKind kind = MediaKind::Audio)
     {
-        const QString path = writeFile("music/" + title + (kind == MediaKind::Video ? ".mp4" : ".mp3"));
+        const QString path = writeDataFile("music/" + title + (kind == MediaKind::Video ? ".mp4" : ".mp3"));
         return database->addMedia(song(path).title(title).artist("Band").kind(kind));
     }
 

@@ -115,7 +115,7 @@ TEST_F(MP_MainWindowEventsTest, EndKey_FocusedPlayerScreenQuits_WithoutEngineNot
 
 TEST_F(MP_MainWindowEventsTest, FlipClosedOrEndKeyElsewhere_WhileMusicPlays_HideThePlayer)
 {
-    startPlaying(writeFile("song.mp3"));  // an untagged file plays for ten seconds
+    startPlaying(writeDataFile("song.mp3"));  // an untagged file plays for ten seconds
     window->onAskReturnToIdle(-5001);
     ASSERT_TRUE(waitUntil([&] { return quits() == 1; }));
     window->onEndKeyPressed();  // the player screen does not have the focus

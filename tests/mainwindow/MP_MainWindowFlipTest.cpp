@@ -31,7 +31,7 @@ TEST_F(MP_MainWindowFlipTest, FlipClosedBeforeTheEngine_TheEngineComesWithTheDis
 
 TEST_F(MP_MainWindowFlipTest, TheFlipOpeningWhileStopped_LeavesTheDisplayUntilTheNextChange)
 {
-    create(writeFile("song.mp3"));
+    create(writeDataFile("song.mp3"));
     ASSERT_TRUE(waitForEngine());
     MP_PlayerControl* control = window->commonPlayer()->getPlayerControl();
     window->onFlipStatusChanged(1);

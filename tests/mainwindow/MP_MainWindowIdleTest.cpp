@@ -19,7 +19,7 @@ protected:
     void SetUp() override
     {
         MainWindowFixture::SetUp();
-        create(writeFile("song.mp3"));
+        create(writeDataFile("song.mp3"));
     }
     static bool hidePlaying() { return storedSetting("HidePlaying", false); }
 };

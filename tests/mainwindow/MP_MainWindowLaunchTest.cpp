@@ -44,7 +44,7 @@ protected:
         EXPECT_NE(database->addMedia(builder), 0u);
         return builder.record().path;
     }
-    SongBuilder songFile(const QString& name) { return song(writeFile("music/" + name)); }
+    SongBuilder songFile(const QString& name) { return song(writeDataFile("music/" + name)); }
 
     // Without a launch action the start-up event would install the whole
     // library; a request made now comes first.

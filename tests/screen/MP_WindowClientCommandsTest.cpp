@@ -406,7 +406,7 @@ TEST_F(MP_WindowClientCommandsTest, SaveBookmark_OnStreamAThenStreamB_EditFollow
 TEST_F(MP_WindowClientCommandsTest, ApplyToPlaylist_FromTheMenu_KeepsANameOutsideLatin1)
 {
     auto database = MediaDatabase::open(MediaDatabase::defaultFile());
-    engine.path = writeFile(QString::fromUtf8("music/02 \xce\xa9\xce\xbc\xce\xad\xce\xb3\xce\xb1.wav"));
+    engine.path = writeDataFile(QString::fromUtf8("music/02 \xce\xa9\xce\xbc\xce\xad\xce\xb3\xce\xb1.wav"));
     const quint32 id = database->addMedia(song(engine.path).title("Omega"));
     client->updateMetaInfo("Omega", "", "", QByteArray(), true);
     VmOptionsMenu* menu = client->getMenu();

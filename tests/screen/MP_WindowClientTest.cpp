@@ -40,7 +40,7 @@ protected:
     void SetUp() override
     {
         TestEnvironment::SetUp();
-        engine.path = writeFile("music/a.mp3");
+        engine.path = writeDataFile("music/a.mp3");
         writable = dataPath("music");
     }
 

@@ -53,7 +53,7 @@ QList<QJsonArray> TestEnvironment::journalArgs(const QString& kind, const QStrin
     return Journal::argsOf(Journal::captured(), kind, call);
 }
 
-bool TestEnvironment::waitUntil(const std::function<bool()>& condition, int timeoutMs)
+bool waitUntil(const std::function<bool()>& condition, int timeoutMs)
 {
     QDeadlineTimer deadline(timeoutMs);
     while (!condition()) {
@@ -75,7 +75,7 @@ QString TestEnvironment::dataPath(const QString& name) const
     return m_dataDir.filePath(name);
 }
 
-QString TestEnvironment::writeFile(const QString& name, const QByteArray& contents) const
+QString TestEnvironment::writeDataFile(const QString& name, const QByteArray& contents) const
 {
     QFile file(dataPath(name));
     QDir().mkpath(QFileInfo(file).absolutePath());

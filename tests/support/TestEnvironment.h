@@ -13,6 +13,9 @@
 
 #include <gtest/gtest.h>
 
+/** Runs the event loop until @p condition holds or @p timeoutMs passes; whether it held. */
+bool waitUntil(const std::function<bool()>& condition, int timeoutMs = 2000);
+
 class TestEnvironment : public ::testing::Test {
 protected:
     void SetUp() override;
@@ -29,14 +32,17 @@ protected:
     static QList<QJsonArray> journalArgs(const QString& kind, const QString& call);
 
     /** Runs the event loop until @p condition holds or @p timeoutMs passes. */
-    static bool waitUntil(const std::function<bool()>& condition, int timeoutMs = 2000);
+    static bool waitUntil(const std::function<bool()>& condition, int timeoutMs = 2000)
+    {
+        return ::waitUntil(condition, timeoutMs);
+    }
     /** Runs the event loop until nothing is left to do right now. */
     static void processEvents();
 
     QString dataPath(const QString& name) const;
     /** Writes @p contents to dataPath(@p name), making its folder; returns the
      *  path. Untagged, a song plays for the engine's default ten seconds. */
-    QString writeFile(const QString& name, const QByteArray& contents = "no tags") const;
+    QString writeDataFile(const QString& name, const QByteArray& contents = "no tags") const;
 
 private:
     QTemporaryDir m_dataDir;

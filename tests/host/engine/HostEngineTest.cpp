@@ -114,7 +114,7 @@ protected:
         out.writeRawData("data", 4);
         out << dataSize;
         wav.append(QByteArray(int(dataSize), char(0x80)));
-        const QString path = writeFile(name, wav);
+        const QString path = writeDataFile(name, wav);
         if (!title.isEmpty()) {
             TagLib::RIFF::WAV::File file(QFile::encodeName(path).constData());
             file.ID3v2Tag()->setTitle(TagLib::String(title.toStdString(), TagLib::String::UTF8));
@@ -125,16 +125,8 @@ protected:
         return path;
     }
 
-    QString writeFile(const QString& name, const QByteArray& contents)
-    {
-        QFile file(dataPath(name));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(contents);
-        return file.fileName();
-    }
-
     // Not media at all: TagLib cannot read it, so it plays for the default time.
-    QString writeFakeVideo(const QString& name) { return writeFile(name, "not really a video"); }
+    QString writeFakeVideo(const QString& name) { return writeDataFile(name, "not really a video"); }
 
     // The reports heard since the last call.
     Events takeLog()

@@ -18,7 +18,7 @@ bool screenShown()
 
 TEST_F(PlayerScreenLaunchTest, PassedFileAndLibraryLaunch_ShowTheScreen)
 {
-    const QString path = writeFile("a.wav", {});
+    const QString path = writeDataFile("a.wav", {});
     create(path);
     EXPECT_TRUE(waitUntil(screenShown)) << "a passed file";
     EXPECT_FALSE(journalCalls().contains("engine:showPlayer")) << "the library did not ask";

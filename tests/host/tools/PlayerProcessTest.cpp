@@ -22,6 +22,7 @@
 #include "tests/support/Journal.h"
 #include "tests/support/PrivateBus.h"
 #include "tests/support/ProjectProgram.h"
+#include "tests/support/TestEnvironment.h"
 
 namespace {
 
@@ -250,16 +251,9 @@ bool processRuns(uint pid)
     return state != 'Z' && state != 'X';
 }
 
-/** Runs the event loop until @p condition holds, at most kWaitMs. */
 bool waitFor(const std::function<bool()>& condition)
 {
-    const QDeadlineTimer deadline(kWaitMs);
-    while (!condition()) {
-        if (deadline.hasExpired())
-            return false;
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-    }
-    return true;
+    return waitUntil(condition, kWaitMs);
 }
 
 TEST_F(PlayerProcessTest, TheBridgeFollowsThePlayerAndDrivesIt)

@@ -16,17 +16,17 @@ using MetadataFileCheckTest = TestEnvironment;
 
 TEST_F(MetadataFileCheckTest, ComparesTheFileWithTheStoredSizeAndTime)
 {
-    const QString kept = writeFile("kept.mp3", "song");
-    const QString grown = writeFile("grown.mp3", "song");
-    const QString gone = writeFile("gone.mp3", "song");
-    const QString unstamped = writeFile("unstamped.mp3", "song");
+    const QString kept = writeDataFile("kept.mp3", "song");
+    const QString grown = writeDataFile("grown.mp3", "song");
+    const QString gone = writeDataFile("gone.mp3", "song");
+    const QString unstamped = writeDataFile("unstamped.mp3", "song");
     {
         auto database = MediaDatabase::open(MediaDatabase::defaultFile());
         for (const QString& path : {kept, grown, gone})
             ASSERT_NE(database->addMedia(song(path).stampOf(QFileInfo(path))), 0u);
         ASSERT_NE(database->addMedia(song(unstamped)), 0u);
     }
-    writeFile("grown.mp3", "another song");
+    writeDataFile("grown.mp3", "another song");
     ASSERT_TRUE(QFile::remove(gone));
     const unsigned int handle = MP_AufContext::getHandler();
 
