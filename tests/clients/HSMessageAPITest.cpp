@@ -1,6 +1,7 @@
 #include "clients/HSMessageAPI.h"
 
-#include "tests/support/ChannelJournal.h"
+#include "tests/support/Journal.h"
+#include "tests/support/Payload.h"
 #include "tests/support/TestEnvironment.h"
 
 namespace {
@@ -16,8 +17,8 @@ TEST_F(HSMessageAPITest, NameGoesAsOneStringOnTheFrameworkChannel_NullAndEmptyKe
 
     // One journal line a message: the message is sent once, through the channel.
     EXPECT_EQ(channelMessages("VEMO/HSFRAMEWORK"),
-              (MessageLines{"activePlugIn() 0000001e00490064006c0065004d00750073006900630050006c0061007900650072",
-                           "deactivePlugIn() 0000001e00490064006c0065004d00750073006900630050006c0061007900650072",
+              (MessageLines{"activePlugIn() " + payloadHex(QStringLiteral("IdleMusicPlayer")),
+                           "deactivePlugIn() " + payloadHex(QStringLiteral("IdleMusicPlayer")),
                            "activePlugIn() ffffffff", "deactivePlugIn() 00000000"}));
     EXPECT_EQ(journal().size(), 4);
 }

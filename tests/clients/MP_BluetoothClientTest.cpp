@@ -2,7 +2,6 @@
 // manual clock, the phone lock, the launched-by-key mode, and the two
 // audio-route entries the client lends the player's menu.
 
-#include <QDataStream>
 #include <QJsonArray>
 
 #include <memory>
@@ -14,28 +13,17 @@
 #include "host/platform/phone/HostPhone.h"
 #include "platform/PhoneServices.h"
 #include "platform/QCopChannel.h"
-#include "platform/StreamEncoding.h"
-#include "platform/VmKbMainWidget.h"
 #include "platform/VmOptionsMenu.h"
 #include "screen/MP_WindowClient.h"
 #include "tests/support/FakeEngine.h"
+#include "tests/support/Payload.h"
 #include "tests/support/TestEnvironment.h"
 
 namespace {
 
-class ScreenEngine : public FakeEngine {
-public:
-    VmKbMainWidget widget;
-    VmKbMainWidget* getMainWidget() override { return &widget; }
-};
-
 QByteArray keyPayload(int key, int type)
 {
-    QByteArray payload;
-    QDataStream out(&payload, QIODevice::WriteOnly);
-    MP_SetPayloadFormat(out);
-    out << qint32(key) << qint32(type);
-    return payload;
+    return payload(qint32(key), qint32(type));
 }
 
 class MP_BluetoothClientTest : public TestEnvironment {
@@ -65,7 +53,7 @@ protected:
     static void release(int key) { send("keyMsg(int,int)", keyPayload(key, 2)); }
     QStringList takeCalls() { return std::exchange(engine.control.calls, {}); }
 
-    ScreenEngine engine;
+    FakeScreenEngine engine;
     std::unique_ptr<MP_WindowClient> screen;
     std::unique_ptr<MP_BluetoothClient> client;
 };

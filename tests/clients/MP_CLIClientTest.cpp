@@ -8,39 +8,20 @@
 
 #include "host/engine/HostEngine.h"
 #include "host/platform/display/HostDisplay.h"
-#include "lists/MP_ListInterface.h"
 #include "platform/AM_Action.h"
 #include "platform/SETUP_SET_Manager.h"
 #include "tests/support/EngineRelease.h"
+#include "tests/support/PathList.h"
 #include "tests/support/TestEnvironment.h"
 
 namespace {
-
-// A list whose current entry is one fixed path.
-class OneEntryList : public MP_ListInterface {
-public:
-    explicit OneEntryList(QString path) : m_path(std::move(path)) {}
-    unsigned int count() override { return 1; }
-    bool hasNext() override { return false; }
-    bool hasPrevious() override { return false; }
-    QString getCurrent() override { return m_path; }
-    QString getItem(int) override { return m_path; }
-    int getCurrentIndex() override { return 0; }
-    void skipSteps(int) override {}
-    void moveTo(int) override {}
-    bool removeItem(int) override { return false; }
-    QByteArray* getReservedData() override { return nullptr; }
-
-private:
-    QString m_path;
-};
 
 class MP_CLIClientTest : public TestEnvironment {
 protected:
     void SetUp() override
     {
         TestEnvironment::SetUp();
-        engine.reset(static_cast<HostEngine*>(MP_CreateCommonPlayer(false, MP_LAUNCH_LIST)));
+        engine = makeHostEngine();
     }
     void TearDown() override
     {
@@ -81,7 +62,7 @@ protected:
     }
     static void send(DisplayCommand::Kind kind, int value = 0) { ASSERT_TRUE(HostDisplay::send({kind, value})); }
 
-    std::unique_ptr<HostEngine, EngineRelease> engine;
+    HostEnginePtr engine;
     std::unique_ptr<MP_CLIClient> client;
 
 private:
@@ -94,13 +75,16 @@ TEST_F(MP_CLIClientTest, Session_ShowsTheStoredVolumeAndEndsWithTheClient)
         int stored; // -1: none stored
         QStringList shown;
     };
+    // A stored level beyond the display's is held to the nearest one.
     const Case cases[] = {
         {-1, {"beginSession []", "informVolume [5]"}},
         {0, {"beginSession []", "informMuteState [1]", "informVolume [0]"}},
         {7, {"beginSession []", "informVolume [7]"}},
+        {-5, {"beginSession []", "informMuteState [1]", "informVolume [0]"}},
+        {300, {"beginSession []", "informVolume [255]"}},
     };
     for (const Case& c : cases) {
-        if (c.stored >= 0)
+        if (c.stored != -1)
             storeVolume(c.stored);
         skipJournal();
         createClient();
@@ -116,28 +100,11 @@ TEST_F(MP_CLIClientTest, Session_ShowsTheStoredVolumeAndEndsWithTheClient)
     }
 }
 
-TEST_F(MP_CLIClientTest, Session_AStoredVolumeBeyondALevelIsHeldToTheNearestOne)
-{
-    storeVolume(-5);
-    skipJournal();
-    createClient();
-    EXPECT_EQ(take("display"), (QStringList{"beginSession []", "informMuteState [1]", "informVolume [0]"}));
-    client.reset();
-
-    storeVolume(300);
-    skipJournal();
-    createClient();
-    EXPECT_EQ(take("display"), (QStringList{"beginSession []", "informVolume [255]"}));
-    send(DisplayCommand::Kind::Mute, 1);
-    send(DisplayCommand::Kind::Mute, 0);
-    EXPECT_EQ(take("settings"), (QStringList{"VolumeLevel=0", "VolumeLevel=255"})) << "the held level is stored back";
-}
-
 TEST_F(MP_CLIClientTest, Session_WithAListPlaying_ShowsItsEntryAndTheEngineReportsAtOnce)
 {
     // A file that cannot be played: the refreshed state is the error, whose
     // user text reaches the display.
-    OneEntryList missing(dataPath("gone.mp3"));
+    PathList missing({dataPath("gone.mp3")});
     engine->setPlayList(&missing);
     skipJournal();
     createClient();
@@ -148,7 +115,7 @@ TEST_F(MP_CLIClientTest, Session_WithAListPlaying_ShowsItsEntryAndTheEngineRepor
     client.reset();
 
     // A stream is another medium.
-    OneEntryList stream("http://radio.example/live");
+    PathList stream({"http://radio.example/live"});
     engine->setPlayList(&stream);
     createClient();
     skipJournal();
@@ -226,6 +193,14 @@ TEST_F(MP_CLIClientTest, VolumeAndMute_ReachEngineAndDisplay_AndUnmutingStoresTh
     skipJournal();
     send(DisplayCommand::Kind::Mute, 0);
     EXPECT_EQ(take("settings"), QStringList{"VolumeLevel=5"});
+    // A level held from beyond the display's is stored back as held.
+    client.reset();
+    storeVolume(300);
+    createClient();
+    skipJournal();
+    send(DisplayCommand::Kind::Mute, 1);
+    send(DisplayCommand::Kind::Mute, 0);
+    EXPECT_EQ(take("settings"), (QStringList{"VolumeLevel=0", "VolumeLevel=255"}));
 }
 
 } // namespace

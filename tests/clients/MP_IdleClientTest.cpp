@@ -1,6 +1,5 @@
 #include "clients/MP_IdleClient.h"
 
-#include <QFile>
 #include <QJsonArray>
 #include <QSignalSpy>
 
@@ -14,19 +13,27 @@
 #include "platform/SETUP_SET_Manager.h"
 #include "tests/support/EngineRelease.h"
 #include "tests/support/PathList.h"
-#include "tests/support/ChannelJournal.h"
+#include "tests/support/Journal.h"
+#include "tests/support/Payload.h"
 #include "tests/support/TestEnvironment.h"
 
 namespace {
 
-const std::string kName = "0000001e00490064006c0065004d00750073006900630050006c0061007900650072";
+const std::string kName = payloadHex(QStringLiteral("IdleMusicPlayer"));
+
+// "/MP/Idle/Info/NAME HEX" of an information message, its payload made of @p values.
+template <typename... Values>
+std::string info(const char* name, const Values&... values)
+{
+    return "/MP/Idle/Info/" + std::string(name) + ' ' + payloadHex(values...);
+}
 
 class MP_IdleClientTest : public TestEnvironment {
 protected:
     void SetUp() override
     {
         TestEnvironment::SetUp();
-        engine.reset(static_cast<HostEngine*>(MP_CreateCommonPlayer(false, MP_LAUNCH_LIST)));
+        engine = makeHostEngine();
         client = std::make_unique<MP_IdleClient>(engine.get());
     }
     void TearDown() override
@@ -40,12 +47,8 @@ protected:
     QStringList songs(int count)
     {
         QStringList paths;
-        for (int i = 0; i < count; ++i) {
-            QFile file(dataPath(QStringLiteral("song%1.mp3").arg(i)));
-            EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-            file.write("no tags");
-            paths << file.fileName();
-        }
+        for (int i = 0; i < count; ++i)
+            paths << writeDataFile(QStringLiteral("song%1.mp3").arg(i));
         return paths;
     }
 
@@ -64,42 +67,21 @@ protected:
         QCopChannel::send("/MP/Idle/Channel", message, data);
         processEvents();
     }
+    static MessageLines controlCalls() { return Journal::callsWithArgs(journal(), {"control"}); }
+    static MessageLines infos() { return channelMessages("/MP/Idle/Channel", "/MP/Idle/Info/"); }
 
-    // The calls on the playback control, as "name(args)", since the capture started.
-    static QStringList controlCalls()
-    {
-        QStringList calls;
-        for (const QJsonObject& line : journal()) {
-            if (line.value("kind").toString() != "control")
-                continue;
-            QStringList args;
-            for (const QJsonValue& arg : line.value("args").toArray())
-                args << (arg.isDouble() ? QString::number(arg.toInt()) : arg.toVariant().toString());
-            calls << line.value("call").toString() + '(' + args.join(',') + ')';
-        }
-        return calls;
-    }
-    static MessageLines info()
-    {
-        MessageLines lines;
-        for (const std::string& line : channelMessages("/MP/Idle/Channel"))
-            if (line.rfind("/MP/Idle/Info/", 0) == 0)
-                lines.push_back(line);
-        return lines;
-    }
-
-    std::unique_ptr<HostEngine, EngineRelease> engine;
+    HostEnginePtr engine;
     std::unique_ptr<MP_IdleClient> client;
 };
 
 TEST_F(MP_IdleClientTest, State_StoppedErrorAndFinishedReadAsPaused_OthersAsTheyAre)
 {
-    for (int state : {0, 1, 2, 3, 5, 6, 7, 8})
+    MessageLines expected;
+    for (const auto& [state, shown] : {std::pair{0, 0}, {1, 1}, {2, 2}, {3, 3}, {5, 2}, {6, 2}, {7, 2}, {8, 2}}) {
         client->updateState(MP_PLAYER_STATE(state));
-    EXPECT_EQ(info(), (MessageLines{"/MP/Idle/Info/State 00000000", "/MP/Idle/Info/State 00000001",
-                                   "/MP/Idle/Info/State 00000002", "/MP/Idle/Info/State 00000003",
-                                   "/MP/Idle/Info/State 00000002", "/MP/Idle/Info/State 00000002",
-                                   "/MP/Idle/Info/State 00000002", "/MP/Idle/Info/State 00000002"}));
+        expected.push_back(info("State", qint32(shown)));
+    }
+    EXPECT_EQ(infos(), expected);
 }
 
 TEST_F(MP_IdleClientTest, Time_TotalSentWhenItChangesAndAgainAfterAnUpdateRequest)
@@ -107,17 +89,14 @@ TEST_F(MP_IdleClientTest, Time_TotalSentWhenItChangesAndAgainAfterAnUpdateReques
     client->updateTime(0, 0); // a first total of 0 is the stored one
     client->updateTime(1000, 65000);
     client->updateTime(2000, 65000);
-    EXPECT_EQ(info(), (MessageLines{"/MP/Idle/Info/ElapsedTime 000000080030003a00300030",
-                                   "/MP/Idle/Info/ElapsedTime 000000080030003a00300031",
-                                   "/MP/Idle/Info/TotalTime 000000080031003a00300035",
-                                   "/MP/Idle/Info/ElapsedTime 000000080030003a00300032"}));
+    EXPECT_EQ(infos(), (MessageLines{info("ElapsedTime", QStringLiteral("0:00")), info("ElapsedTime", QStringLiteral("0:01")),
+                                     info("TotalTime", QStringLiteral("1:05")), info("ElapsedTime", QStringLiteral("0:02"))}));
 
     request("/MP/Idle/Req/Update");
-    EXPECT_EQ(controlCalls(), QStringList{"requestUpdate(listener)"});
+    EXPECT_EQ(controlCalls(), MessageLines{"control:requestUpdate [\"listener\"]"});
     HostJournal::startCapture();
     client->updateTime(3000, 65000);
-    EXPECT_EQ(info(), (MessageLines{"/MP/Idle/Info/ElapsedTime 000000080030003a00300033",
-                                   "/MP/Idle/Info/TotalTime 000000080031003a00300035"}));
+    EXPECT_EQ(infos(), (MessageLines{info("ElapsedTime", QStringLiteral("0:03")), info("TotalTime", QStringLiteral("1:05"))}));
 }
 
 TEST_F(MP_IdleClientTest, MetaInfo_NameFromPathWithoutTitle_OneLine_CardMarkByPrefix)
@@ -132,23 +111,19 @@ TEST_F(MP_IdleClientTest, MetaInfo_NameFromPathWithoutTitle_OneLine_CardMarkByPr
     client->updateMetaInfo("Two\r\nLines", "", "X", QByteArray(), true);
     list.moveTo(2);
     client->updateMetaInfo("x", "", "", QByteArray(), true);
-    EXPECT_EQ(info(), (MessageLines{
-                          "/MP/Idle/Info/MetaInfo 000000100073006f006e0067002e006d00700033" "00000000" "00",
-                          "/MP/Idle/Info/MetaInfo 0000002000730"
-                          "06f006e0067002e006d007000330020002d002000580020002d00200059" "0000000201ff" "00",
-                          "/MP/Idle/Info/MetaInfo 0000001800540077006f004c0069006e006500730020002d00200058"
-                          "00000000" "01",
-                          "/MP/Idle/Info/MetaInfo 000000020078" "00000000" "01"}));
+    const QByteArray none("");
+    EXPECT_EQ(infos(), (MessageLines{info("MetaInfo", QStringLiteral("song.mp3"), none, qint8(0)),
+                                     info("MetaInfo", QStringLiteral("song.mp3 - X - Y"), QByteArray("\x01\xff", 2), qint8(0)),
+                                     info("MetaInfo", QStringLiteral("TwoLines - X"), none, qint8(1)),
+                                     info("MetaInfo", QStringLiteral("x"), none, qint8(1))}));
 }
 
 TEST_F(MP_IdleClientTest, MetaInfo_OfASingleFile_NamesTheFile)
 {
-    const QString path = songs(1).first();
-    engine->setFile(path);
+    engine->setFile(songs(1).first());
     HostJournal::startCapture();
     client->updateMetaInfo("", "", "", QByteArray(), true);
-    EXPECT_EQ(info(), MessageLines{"/MP/Idle/Info/MetaInfo 000000120073006f006e00670030002e006d00700033" "00000000"
-                                  "00"});
+    EXPECT_EQ(infos(), MessageLines{info("MetaInfo", QStringLiteral("song0.mp3"), QByteArray(""), qint8(0))});
 }
 
 TEST_F(MP_IdleClientTest, Requests_ReachTheControlTheEngineAndTheMainWindow)
@@ -170,8 +145,9 @@ TEST_F(MP_IdleClientTest, Requests_ReachTheControlTheEngineAndTheMainWindow)
     request("/MP/Idle/Req/Pause");
     request("/MP/Idle/Req/Next");
     request("/MP/Idle/Req/Prev");
-    EXPECT_EQ(controlCalls(), (QStringList{"seek(15000)", "seek(-10000)", "seek(2147483647)", "seekFinished()",
-                                           "playPause()", "playPause()", "next()", "previous()"}));
+    EXPECT_EQ(controlCalls(), (MessageLines{"control:seek [15000]", "control:seek [-10000]", "control:seek [2147483647]",
+                                            "control:seekFinished []", "control:playPause []", "control:playPause []",
+                                            "control:next []", "control:previous []"}));
 
     HostJournal::startCapture();
     request("/MP/Idle/Req/Restore");
@@ -179,7 +155,7 @@ TEST_F(MP_IdleClientTest, Requests_ReachTheControlTheEngineAndTheMainWindow)
     request("/MP/Idle/Req/Shuffle");
     request("/MP/Idle/Req/Repeat");
     EXPECT_EQ(journalCalls(), (QStringList{"engine:showPlayer", "engine:setShuffleRepeat", "engine:setShuffleRepeat"}));
-    EXPECT_EQ(journalLines("engine", "setShuffleRepeat").first().value("args").toArray(), (QJsonArray{true, true}));
+    EXPECT_EQ(journalArgs("engine", "setShuffleRepeat").first(), (QJsonArray{true, true}));
     EXPECT_EQ(quit.size(), 1);
     ASSERT_EQ(keys.size(), 2);
     EXPECT_EQ(keys.at(0), (QVariantList{0x4002, false}));
@@ -208,17 +184,17 @@ TEST_F(MP_IdleClientTest, AtTheEndOfAFinishedList_PlayRestartsALongerList_NextAn
     playToTheEnd(three);
     request("/MP/Idle/Req/Play");
     EXPECT_EQ(three.getCurrentIndex(), 0);
-    EXPECT_EQ(controlCalls(), QStringList{"play()"});
+    EXPECT_EQ(controlCalls(), MessageLines{"control:play []"});
     EXPECT_EQ(engine->getPlayerControl()->getState(), MP_STATE_PLAYING);
 
     PathList one(songs(1));
     playToTheEnd(one);
     request("/MP/Idle/Req/Play"); // the engine's own play/pause plays a single item again
-    EXPECT_EQ(controlCalls(), QStringList{"playPause()"});
+    EXPECT_EQ(controlCalls(), MessageLines{"control:playPause []"});
 
     playToTheEnd(one);
     request("/MP/Idle/Req/Next");
-    EXPECT_EQ(controlCalls(), QStringList{"play()"});
+    EXPECT_EQ(controlCalls(), MessageLines{"control:play []"});
     EXPECT_EQ(engine->getPlayerControl()->getState(), MP_STATE_PLAYING);
 }
 
@@ -231,7 +207,7 @@ TEST_F(MP_IdleClientTest, Plugin_ActivatedOnce_DeactivatedAndExitSentWhenTheClie
     client.reset();
     EXPECT_EQ(channelMessages("VEMO/HSFRAMEWORK"),
               (MessageLines{"activePlugIn() " + kName, "deactivePlugIn() " + kName}));
-    EXPECT_EQ(info(), MessageLines{"/MP/Idle/Info/Exit "});
+    EXPECT_EQ(infos(), MessageLines{"/MP/Idle/Info/Exit "});
     EXPECT_EQ(journalCalls(), (QStringList{"engine:removeListListener", "engine:removePlayerListener"}));
 }
 

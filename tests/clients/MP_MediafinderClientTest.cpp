@@ -4,8 +4,6 @@
 
 #include "clients/MP_MediafinderClient.h"
 
-#include <QDir>
-#include <QFile>
 #include <QJsonArray>
 
 #include <memory>
@@ -29,8 +27,6 @@ static void PrintTo(const QString& text, std::ostream* out)
 
 namespace {
 
-using EnginePtr = std::unique_ptr<HostEngine, EngineRelease>;
-
 // "/a/x.mp3" as a stream string: byte count, then UTF-16BE.
 const char* const kPathX = "00000010002f0061002f0078002e006d00700033";
 const char* const kNull = "ffffffff";
@@ -42,7 +38,7 @@ protected:
         TestEnvironment::SetUp();
         database = MediaDatabase::open(MediaDatabase::defaultFile());
         ASSERT_TRUE(database);
-        engine.reset(static_cast<HostEngine*>(MP_CreateCommonPlayer(false, MP_LAUNCH_LIST)));
+        engine = makeHostEngine();
         client = std::make_unique<MP_MediafinderClient>(engine.get());
     }
     void TearDown() override
@@ -66,10 +62,7 @@ protected:
     // Songs that exist as files, so that the engine plays them for its default time.
     quint32 addPlayable(const QString& title, MediaKind kind = MediaKind::Audio)
     {
-        QDir().mkpath(dataPath("music"));
-        const QString path = dataPath("music/" + title + (kind == MediaKind::Video ? ".mp4" : ".mp3"));
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        const QString path = writeDataFile("music/" + title + (kind == MediaKind::Video ? ".mp4" : ".mp3"));
         return database->addMedia(song(path).title(title).artist("Band").kind(kind));
     }
 
@@ -101,7 +94,7 @@ protected:
     }
 
     std::unique_ptr<MediaDatabase> database;
-    EnginePtr engine;
+    HostEnginePtr engine;
     std::unique_ptr<MP_AufList> list;
     std::unique_ptr<MP_MediafinderClient> client;
 };

@@ -1,6 +1,5 @@
 #include "lists/MP_AufList.h"
 
-#include <QDataStream>
 #include <QFile>
 #include <QJsonArray>
 #include <QProcess>
@@ -15,7 +14,7 @@
 #include "host/platform/media/MediaDatabase.h"
 #include "lists/MP_AufContext.h"
 #include "platform/QCopChannel.h"
-#include "platform/StreamEncoding.h"
+#include "tests/support/Payload.h"
 #include "tests/support/ProjectProgram.h"
 #include "tests/support/SongBuilder.h"
 #include "tests/support/TestEnvironment.h"
@@ -202,11 +201,7 @@ TEST_F(MP_AufListTest, SetupMessages_ChangeTheModesOfTheirKindOfList)
     QSignalSpy musicSpy(&music, SIGNAL(signalListUpdate(int, bool)));
     QSignalSpy videoSpy(&videos, SIGNAL(signalListUpdate(int, bool)));
     auto send = [](const char* message, int value) {
-        QByteArray data;
-        QDataStream stream(&data, QIODevice::WriteOnly);
-        MP_SetPayloadFormat(stream);
-        stream << qint32(value);
-        QCopChannel::send("MEDIAPLAYER_MESSAGE_CHANNEL", message, data);
+        QCopChannel::send("MEDIAPLAYER_MESSAGE_CHANNEL", message, payload(qint32(value)));
         processEvents();
     };
 

@@ -12,13 +12,13 @@
 #include "host/platform/media/MediaDatabase.h"
 #include "lists/MP_AufContext.h"
 #include "lists/MP_AufList.h"
-#include "platform/AM_Action.h"
 #include "platform/MP_CommonPlayer.h"
 #include "platform/QCopChannel.h"
-#include "platform/SETUP_SET_Manager.h"
 #include "platform/VmKbMainWidget.h"
+#include "tests/support/Journal.h"
+#include "tests/support/MainWindowFixture.h"
+#include "tests/support/Payload.h"
 #include "tests/support/SongBuilder.h"
-#include "tests/support/TestEnvironment.h"
 
 namespace {
 
@@ -38,32 +38,23 @@ protected:
 
 QByteArray twoInts(qint32 first, qint32 second)
 {
-    QByteArray bytes;
-    QDataStream out(&bytes, QIODevice::WriteOnly);
-    out << first << second;  // QDataStream's default: 32-bit big-endian
-    return bytes;
+    return payload(first, second);
 }
 
-class MP_MainWindowEventsTest : public TestEnvironment {
+class MP_MainWindowEventsTest : public MainWindowFixture {
 protected:
-    void TearDown() override
-    {
-        window.reset();
-        TestEnvironment::TearDown();
-    }
     // A window whose engine plays @p passedFile (a missing file still
     // reports its content type, from its name); nothing to hide to.
     void startPlaying(const QString& passedFile)
     {
         create(passedFile);
-        ASSERT_TRUE(waitUntil([&] { return window->commonPlayer() != nullptr; }));
+        ASSERT_TRUE(waitForEngine());
         processEvents();
         HostJournal::startCapture();
     }
     void create(const QString& passedFile)
     {
-        window = std::make_unique<MP_MainWindow>(passedFile, nullptr, nullptr, 0);
-        window->installEventFilter(&closeCounter);
+        MainWindowFixture::create(passedFile).installEventFilter(&closeCounter);
         quitSpy = std::make_unique<QSignalSpy>(window.get(), &MP_MainWindow::quitApp);
     }
     void installList()
@@ -75,34 +66,10 @@ protected:
         window->setList(new MP_AufList(), false, false, false, false, MP_LAUNCH_LIST);
         HostJournal::startCapture();
     }
-    static void store(const char* key, int value)
-    {
-        SETUP_SET_Manager(AM_Global::MediaPlayer, false).setSettingInfo("MediaControlItem", key, value);
-    }
-    static void store(const char* key, bool value)
-    {
-        SETUP_SET_Manager(AM_Global::MediaPlayer, false).setSettingInfo("MediaControlItem", key, value);
-    }
-    static QJsonArray storedWrites()
-    {
-        QJsonArray writes;
-        for (const QJsonObject& line : journal()) {
-            if (line.value("kind").toString() == "settings")
-                writes.append(QJsonArray{line.value("key"), line.value("value")});
-        }
-        return writes;
-    }
-    static QList<QJsonArray> argsOf(const QString& kind, const QString& call)
-    {
-        QList<QJsonArray> args;
-        for (const QJsonObject& line : journalLines(kind, call))
-            args.append(line.value("args").toArray());
-        return args;
-    }
+    static QStringList storedWrites() { return Journal::settingsWritten(journal()); }
     int quits() const { return int(journalLines("engine", "closePlayerWindow").size()); }
 
     CloseCounter closeCounter;
-    std::unique_ptr<MP_MainWindow> window;
     std::unique_ptr<QSignalSpy> quitSpy;
 };
 
@@ -135,7 +102,7 @@ TEST_F(MP_MainWindowEventsTest, EndKey_FocusedPlayerScreenQuits_WithoutEngineNot
     EXPECT_EQ(closeCounter.closes, 1) << "the flip closing quits even without an engine";
     EXPECT_EQ(quits(), 0);
 
-    ASSERT_TRUE(waitUntil([&] { return window->commonPlayer() != nullptr; }));
+    ASSERT_TRUE(waitForEngine());
     VmKbMainWidget* screen = window->commonPlayer()->getMainWidget();
     screen->activateWindow();
     screen->setFocus();
@@ -146,6 +113,18 @@ TEST_F(MP_MainWindowEventsTest, EndKey_FocusedPlayerScreenQuits_WithoutEngineNot
     EXPECT_EQ(quits(), 1);
 }
 
+TEST_F(MP_MainWindowEventsTest, FlipClosedOrEndKeyElsewhere_WhileMusicPlays_HideThePlayer)
+{
+    startPlaying(writeDataFile("song.mp3"));  // an untagged file plays for ten seconds
+    window->onAskReturnToIdle(-5001);
+    ASSERT_TRUE(waitUntil([&] { return quits() == 1; }));
+    window->onEndKeyPressed();  // the player screen does not have the focus
+    EXPECT_EQ(journalLines("engine", "flipClosed").size(), 2);
+    EXPECT_EQ(quits(), 2) << "the screen closed twice";
+    EXPECT_EQ(closeCounter.closes, 0) << "and the player plays on";
+    EXPECT_EQ(storedWrites(), (QStringList{"HidePlaying=true", "HidePlaying=true"}));
+}
+
 TEST_F(MP_MainWindowEventsTest, CloseAndAppIcon_OnlyMoveThePlayerScreen)
 {
     create(dataPath("clip.mp4"));
@@ -153,7 +132,7 @@ TEST_F(MP_MainWindowEventsTest, CloseAndAppIcon_OnlyMoveThePlayerScreen)
     window->onClickAppIcon();
     EXPECT_EQ(journalCalls(), QStringList()) << "no engine yet";
 
-    ASSERT_TRUE(waitUntil([&] { return window->commonPlayer() != nullptr; }));
+    ASSERT_TRUE(waitForEngine());
     HostJournal::startCapture();
     window->onClosePlayer();
     window->onClickAppIcon();
@@ -170,7 +149,7 @@ TEST_F(MP_MainWindowEventsTest, ShuffleKey_OnRelease_AppliesTheStoredModeWithout
     store("MusicRepeat", true);
     store("MusicShuffle", 1);  // the asker stores the mode before the key comes
     window->onSetupKeyClicked(0x4002, true);
-    EXPECT_EQ(argsOf("engine", "setShuffleRepeat"), QList<QJsonArray>()) << "presses are ignored";
+    EXPECT_EQ(journalArgs("engine", "setShuffleRepeat"), QList<QJsonArray>()) << "presses are ignored";
 
     window->onSetupKeyClicked(0x4002, false);
     EXPECT_EQ(MP_AufContext::shuffle, 1);
@@ -180,10 +159,9 @@ TEST_F(MP_MainWindowEventsTest, ShuffleKey_OnRelease_AppliesTheStoredModeWithout
     store("MusicShuffle", 0);
     window->onSetupKeyClicked(0x4002, false);
     EXPECT_EQ(MP_AufContext::shuffle, 0);
-    EXPECT_EQ(storedWrites(), (QJsonArray{QJsonArray{"MusicRepeat", true}, QJsonArray{"MusicShuffle", 1},
-                                          QJsonArray{"MusicShuffle", 2}, QJsonArray{"MusicShuffle", 0}}))
+    EXPECT_EQ(storedWrites(), (QStringList{"MusicRepeat=true", "MusicShuffle=1", "MusicShuffle=2", "MusicShuffle=0"}))
         << "the window writes nothing";
-    EXPECT_EQ(argsOf("engine", "setShuffleRepeat"), (QList<QJsonArray>{{true, true}, {true, true}, {false, true}}));
+    EXPECT_EQ(journalArgs("engine", "setShuffleRepeat"), (QList<QJsonArray>{{true, true}, {true, true}, {false, true}}));
 
     store("MusicShuffle", 1);
     window->onSetupKeyClicked(0x4002, false);
@@ -201,10 +179,9 @@ TEST_F(MP_MainWindowEventsTest, RepeatKey_OnRelease_InvertsRepeatTurnsShuffleOff
     EXPECT_TRUE(MP_AufContext::isRepeat);
     window->onSetupKeyClicked(0x4003, false);
     EXPECT_FALSE(MP_AufContext::isRepeat);
-    EXPECT_EQ(storedWrites(), (QJsonArray{QJsonArray{"MusicShuffle", 2}, QJsonArray{"MusicRepeat", true},
-                                          QJsonArray{"MusicShuffle", 0}, QJsonArray{"MusicRepeat", false},
-                                          QJsonArray{"MusicShuffle", 0}}));
-    EXPECT_EQ(argsOf("engine", "setShuffleRepeat"), (QList<QJsonArray>{{false, true}, {false, false}}));
+    EXPECT_EQ(storedWrites(), (QStringList{"MusicShuffle=2", "MusicRepeat=true", "MusicShuffle=0", "MusicRepeat=false",
+                                           "MusicShuffle=0"}));
+    EXPECT_EQ(journalArgs("engine", "setShuffleRepeat"), (QList<QJsonArray>{{false, true}, {false, false}}));
 
     // Other codes do nothing.
     HostJournal::startCapture();
@@ -219,7 +196,7 @@ TEST_F(MP_MainWindowEventsTest, ToggleKey_StartsTheRecorder_OrAfterACapturedVide
     window->onSetupKeyClicked(0x4006, true);
     EXPECT_EQ(closeCounter.closes, 0);
     window->onSetupKeyClicked(0x4006, false);
-    EXPECT_EQ(argsOf("action", "invoke"),
+    EXPECT_EQ(journalArgs("action", "invoke"),
               (QList<QJsonArray>{{QJsonObject{{"action", "RecordingVideo"}, {"values", QJsonObject()}}, false}}));
     EXPECT_EQ(closeCounter.closes, 1);
     EXPECT_EQ(quitSpy->count(), 0);
@@ -227,7 +204,7 @@ TEST_F(MP_MainWindowEventsTest, ToggleKey_StartsTheRecorder_OrAfterACapturedVide
     window->playCapturedVideo();
     HostJournal::startCapture();
     window->onSetupKeyClicked(0x4006, false);
-    EXPECT_EQ(argsOf("action", "invoke").size(), 0);
+    EXPECT_EQ(journalArgs("action", "invoke").size(), 0);
     EXPECT_EQ(closeCounter.closes, 2);
     EXPECT_EQ(quitSpy->count(), 1);
 }

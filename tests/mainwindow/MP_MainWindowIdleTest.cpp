@@ -1,52 +1,27 @@
 // The main window and the idle screen: the idle client lives with the
 // engine, hiding hands over to its plug-in, a style change restarts it.
 
-#include <QFile>
-
-#include <memory>
-
 #include "clients/MP_IdleClient.h"
-#include "mainwindow/MP_MainWindow.h"
-#include "platform/AM_Action.h"
+#include "host/platform/HostJournal.h"
 #include "platform/QCopChannel.h"
-#include "platform/SETUP_SET_Manager.h"
-#include "tests/support/ChannelJournal.h"
-#include "tests/support/TestEnvironment.h"
+#include "tests/support/Journal.h"
+#include "tests/support/MainWindowFixture.h"
+#include "tests/support/Payload.h"
 
 namespace {
 
-const std::string kName = "0000001e00490064006c0065004d00750073006900630050006c0061007900650072";
+const std::string kName = payloadHex(QStringLiteral("IdleMusicPlayer"));
 const std::string kActive = "activePlugIn() " + kName;
 const std::string kDeactive = "deactivePlugIn() " + kName;
 
-class MP_MainWindowIdleTest : public TestEnvironment {
+class MP_MainWindowIdleTest : public MainWindowFixture {
 protected:
     void SetUp() override
     {
-        TestEnvironment::SetUp();
-        window = std::make_unique<MP_MainWindow>(dataPath("song.mp3"), nullptr, nullptr, 0);
-        QFile file(dataPath("song.mp3"));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write("no tags");
+        MainWindowFixture::SetUp();
+        create(writeDataFile("song.mp3"));
     }
-    void TearDown() override
-    {
-        window.reset();
-        TestEnvironment::TearDown();
-    }
-    static bool hidePlaying()
-    {
-        bool value = false;
-        SETUP_SET_Manager(AM_Global::MediaPlayer, false).getSettingInfo("MediaControlItem", "HidePlaying", value);
-        return value;
-    }
-    static void systemMessage(const char* message, const QByteArray& data = QByteArray())
-    {
-        QCopChannel::send("VEMO/System", message, data);
-        processEvents();
-    }
-
-    std::unique_ptr<MP_MainWindow> window;
+    static bool hidePlaying() { return storedSetting("HidePlaying", false); }
 };
 
 TEST_F(MP_MainWindowIdleTest, WithoutEngine_HideAndStyleChangeDoNothing)
@@ -70,7 +45,8 @@ TEST_F(MP_MainWindowIdleTest, Hide_ActivatesThePluginOnce_StoresHidePlaying_Clos
     EXPECT_EQ(journalLines("engine", "closePlayerWindow").size(), 2);
 
     // A new style restarts the plug-in.
-    systemMessage("applyStyle()");
+    QCopChannel::send("VEMO/System", "applyStyle()");
+    processEvents();
     EXPECT_EQ(channelMessages("VEMO/HSFRAMEWORK"), (MessageLines{kActive, kDeactive, kActive}));
     EXPECT_EQ(journalLines("engine", "closePlayerWindow").size(), 2) << "nothing quit";
 }

@@ -4,7 +4,6 @@
 #include "mainwindow/MP_MainWindow.h"
 
 #include <QDataStream>
-#include <QDir>
 #include <QFile>
 #include <QJsonArray>
 #include <QPointer>
@@ -15,12 +14,8 @@
 #include "lists/MP_AufContext.h"
 #include "lists/MP_AufList.h"
 #include "lists/MP_RecentList.h"
-#include "platform/AM_Action.h"
-#include "tests/support/EntryPointWindow.h"
+#include "tests/support/MainWindowFixture.h"
 #include "tests/support/SongBuilder.h"
-#include "tests/support/TestEnvironment.h"
-
-extern "C" void playCapturedVideo(MP_MainWindow* window);
 
 namespace {
 
@@ -34,38 +29,26 @@ QStringList selectionOf(const MP_AufList& list)
     return {QString::number(type), artist, album, genre, composer};
 }
 
-class MP_MainWindowLaunchTest : public TestEnvironment {
+class MP_MainWindowLaunchTest : public MainWindowFixture {
 protected:
     void SetUp() override
     {
-        TestEnvironment::SetUp();
+        MainWindowFixture::SetUp();
         database = MediaDatabase::open(MediaDatabase::defaultFile());
         ASSERT_TRUE(database);
-        // Real files: the resume checks that they exist.
-        QDir().mkpath(dataPath("music"));
-    }
-    void TearDown() override
-    {
-        window.reset();
-        database.reset();
-        TestEnvironment::TearDown();
     }
 
-    QString addFile(const QString& name, SongBuilder builder)
+    // Real files: the resume checks that they exist.
+    QString addFile(SongBuilder builder)
     {
-        QFile file(builder.record().path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly)) << qPrintable(name);
         EXPECT_NE(database->addMedia(builder), 0u);
         return builder.record().path;
     }
-    SongBuilder songFile(const QString& name) { return song(dataPath("music/" + name)); }
+    SongBuilder songFile(const QString& name) { return song(writeDataFile("music/" + name)); }
 
-    void startWindow()
-    {
-        window.reset(MP_CreateMainWindow(QString()));
-        // Without a launch action the start-up event would install the whole
-        // library; a request made now comes first.
-    }
+    // Without a launch action the start-up event would install the whole
+    // library; a request made now comes first.
+    void startWindow() { create(); }
     void request(const QString& name, const QList<QPair<QString, QString>>& values)
     {
         AM_ActionData action(name);
@@ -73,20 +56,15 @@ protected:
             action.setValue(key, value);
         window->onReceiveAction(action);
     }
-    void resumeFromHomeScreen()
-    {
-        window.reset(MP_CreateMainWindow(QString()));
-        window->handleLauncherRequest(QStringLiteral("HomeScreen"));
-    }
+    void resumeFromHomeScreen() { create().handleLauncherRequest(QStringLiteral("HomeScreen")); }
 
     std::unique_ptr<MediaDatabase> database;
-    WindowPtr window;
 };
 
 TEST_F(MP_MainWindowLaunchTest, LibrarySelection_EveryFieldAndNonLatinNameSurviveTheResume)
 {
-    addFile("a", songFile("kino.mp3").title("Gruppa krovi").artist("Кино").album("Звезда").genre("Рок").composer("Цой"));
-    addFile("b", songFile("other.mp3").title("Other").artist("Other"));
+    addFile(songFile("kino.mp3").title("Gruppa krovi").artist("Кино").album("Звезда").genre("Рок").composer("Цой"));
+    addFile(songFile("other.mp3").title("Other").artist("Other"));
     startWindow();
     request("PlayMusicListInMediaplayer", {{"isAllArtist", "0"}, {"Artist", "Кино"}, {"isAllAlbum", "0"},
                                            {"Album", "Звезда"}, {"isAllGenre", "0"}, {"Genre", "Рок"},
@@ -117,9 +95,9 @@ TEST_F(MP_MainWindowLaunchTest, LibrarySelection_EveryFieldAndNonLatinNameSurviv
 
 TEST_F(MP_MainWindowLaunchTest, Resume_KeepsAListWithOneFileLeftAndReplacesOneWithNone)
 {
-    const QString first = addFile("1", songFile("1.mp3").title("A").artist("Band"));
-    const QString second = addFile("2", songFile("2.mp3").title("B").artist("Band"));
-    addFile("3", songFile("3.mp3").title("C").artist("Solo"));
+    const QString first = addFile(songFile("1.mp3").title("A").artist("Band"));
+    const QString second = addFile(songFile("2.mp3").title("B").artist("Band"));
+    addFile(songFile("3.mp3").title("C").artist("Solo"));
     startWindow();
     request("PlayMusicListInMediaplayer", {{"isAllArtist", "0"}, {"Artist", "Band"}, {"isAllAlbum", "1"},
                                            {"isAllGenre", "1"}, {"isAllComposer", "1"}, {"StorageLocation", "2"}});
@@ -137,8 +115,8 @@ TEST_F(MP_MainWindowLaunchTest, Resume_KeepsAListWithOneFileLeftAndReplacesOneWi
 
 TEST_F(MP_MainWindowLaunchTest, CapturedVideo_LeavesTheHistoryUnsavedAndIgnoresANullWindow)
 {
-    addFile("v", songFile("clip.mp4").title("Clip").video().createdBy(int(METADATA_CREATED_CAPTURED)));
-    const QString played = addFile("s", songFile("song.mp3").title("Song"));
+    addFile(songFile("clip.mp4").title("Clip").video().createdBy(int(METADATA_CREATED_CAPTURED)));
+    const QString played = addFile(songFile("song.mp3").title("Song"));
     startWindow();
     request("PlayMusicListInMediaplayer", {{"isAllArtist", "1"}, {"isAllAlbum", "1"}, {"isAllGenre", "1"},
                                            {"isAllComposer", "1"}, {"StorageLocation", "2"}});

@@ -1,7 +1,5 @@
 // The main window with lists: installing, replacing and releasing them.
 
-#include "mainwindow/MP_MainWindow.h"
-
 #include <QJsonArray>
 #include <QPointer>
 
@@ -11,42 +9,26 @@
 #include "lists/MP_AufContext.h"
 #include "lists/MP_AufList.h"
 #include "lists/MP_RecentList.h"
-#include "platform/AM_Action.h"
-#include "tests/support/TestEnvironment.h"
-
-extern "C" MP_MainWindow* MP_CreateMainWindow(const QString& passedFile);
-extern "C" void MP_DeleteMainWindow(MP_MainWindow* window);
+#include "tests/support/MainWindowFixture.h"
+#include "tests/support/SongBuilder.h"
 
 namespace {
 
-class MP_MainWindowListTest : public TestEnvironment {
+class MP_MainWindowListTest : public MainWindowFixture {
 protected:
     void SetUp() override
     {
-        TestEnvironment::SetUp();
+        MainWindowFixture::SetUp();
         std::unique_ptr<MediaDatabase> database = MediaDatabase::open(MediaDatabase::defaultFile());
         ASSERT_TRUE(database);
         for (int i = 0; i < 3; ++i) {
-            MediaRecord record;
-            record.path = QStringLiteral("/music/song%1.mp3").arg(i);
-            record.title = QStringLiteral("Song %1").arg(i);
-            record.artist = QStringLiteral("Band");
-            ASSERT_NE(database->addMedia(record), 0u);
+            const QString number = QString::number(i);
+            ASSERT_NE(database->addMedia(song("/music/song" + number + ".mp3").title("Song " + number).artist("Band")), 0u);
         }
         // A file passed at creation keeps the start-up from installing a list.
-        window.reset(MP_CreateMainWindow(QStringLiteral("/music/song0.mp3")));
-        ASSERT_TRUE(waitUntil([&] { return window->commonPlayer() != nullptr; }));
+        create(QStringLiteral("/music/song0.mp3"));
+        ASSERT_TRUE(waitForEngine());
     }
-    void TearDown() override
-    {
-        window.reset();
-        TestEnvironment::TearDown();
-    }
-
-    struct Deleter {
-        void operator()(MP_MainWindow* w) const { MP_DeleteMainWindow(w); }
-    };
-    std::unique_ptr<MP_MainWindow, Deleter> window;
 };
 
 TEST_F(MP_MainWindowListTest, SetListWithTheCurrentList_OnlyShowsThePlayer)

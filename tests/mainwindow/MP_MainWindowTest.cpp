@@ -9,11 +9,8 @@
 
 #include "lists/MP_AufContext.h"
 #include "lists/MP_AufList.h"
-#include "platform/AM_Action.h"
 #include "platform/QCopChannel.h"
-#include "platform/SETUP_SET_Manager.h"
-#include "tests/support/EntryPointWindow.h"
-#include "tests/support/TestEnvironment.h"
+#include "tests/support/MainWindowFixture.h"
 
 // The exported entry points, as the application reaches them.
 
@@ -31,27 +28,11 @@ public:
     }
 };
 
-class MP_MainWindowTest : public TestEnvironment {
-protected:
-    static int storedInt(const char* key)
-    {
-        int value = -1;
-        SETUP_SET_Manager(AM_Global::MediaPlayer, false).getSettingInfo("MediaControlItem", key, value, 0);
-        return value;
-    }
-    static void store(const char* key, int value)
-    {
-        SETUP_SET_Manager(AM_Global::MediaPlayer, false).setSettingInfo("MediaControlItem", key, value);
-    }
-    static void store(const char* key, bool value)
-    {
-        SETUP_SET_Manager(AM_Global::MediaPlayer, false).setSettingInfo("MediaControlItem", key, value);
-    }
-};
+using MP_MainWindowTest = MainWindowFixture;
 
 TEST_F(MP_MainWindowTest, Startup_WithoutFileOrAction_PostsOneEventAndPlaysTheWholeLibrary)
 {
-    WindowPtr window(MP_CreateMainWindow(QString()));
+    create();
     StartupEventCounter counter;
     window->installEventFilter(&counter);
     EXPECT_EQ(counter.count, 0) << "nothing may happen before the event loop turns";
@@ -72,12 +53,12 @@ TEST_F(MP_MainWindowTest, Startup_WithoutFileOrAction_PostsOneEventAndPlaysTheWh
 
 TEST_F(MP_MainWindowTest, Startup_WithFile_PlaysItAfterTheTimerAndPostsNoEvent)
 {
-    WindowPtr window(MP_CreateMainWindow(QStringLiteral("/music/song.mp3")));
+    create(QStringLiteral("/music/song.mp3"));
     StartupEventCounter counter;
     window->installEventFilter(&counter);
     EXPECT_EQ(window->commonPlayer(), nullptr);
 
-    ASSERT_TRUE(waitUntil([&] { return window->commonPlayer() != nullptr; }));
+    ASSERT_TRUE(waitForEngine());
     EXPECT_EQ(counter.count, 0);
     // The clients' listener registrations are their own tests' business.
     const QStringList engineCalls = journalCalls().filter(QRegularExpression("^engine:(?!(add|remove)\\w+Listener)"));
@@ -92,7 +73,7 @@ TEST_F(MP_MainWindowTest, Startup_WithFile_PlaysItAfterTheTimerAndPostsNoEvent)
 
 TEST_F(MP_MainWindowTest, EngineLifecycle_FreeTwiceThenOpenMakesANewEngine)
 {
-    WindowPtr window(MP_CreateMainWindow(QString()));
+    create();
     window->onOpenDoc(QStringLiteral("/music/a.mp3"));
     ASSERT_NE(window->commonPlayer(), nullptr);
 
@@ -115,7 +96,7 @@ TEST_F(MP_MainWindowTest, EngineLifecycle_FreeTwiceThenOpenMakesANewEngine)
 TEST_F(MP_MainWindowTest, TearDown_ReleasesEngineThenStoresHidePlayingFalse)
 {
     store("HidePlaying", true);
-    WindowPtr window(MP_CreateMainWindow(QString()));
+    create();
     window->onOpenDoc(QStringLiteral("/music/a.mp3"));
     window.reset();
 
@@ -130,16 +111,14 @@ TEST_F(MP_MainWindowTest, TearDown_ReleasesEngineThenStoresHidePlayingFalse)
     EXPECT_EQ(last.value("group").toString(), "MediaControlItem");
     EXPECT_EQ(last.value("key").toString(), "HidePlaying");
     EXPECT_EQ(last.value("value"), QJsonValue(false));
-    bool hidden = true;
-    SETUP_SET_Manager(AM_Global::MediaPlayer, false).getSettingInfo("MediaControlItem", "HidePlaying", hidden, true);
-    EXPECT_FALSE(hidden);
+    EXPECT_FALSE(storedSetting("HidePlaying", true));
 
     MP_DeleteMainWindow(nullptr);  // ignored
 }
 
 TEST_F(MP_MainWindowTest, ReadSetting_ForcedShuffleKeepsTheStoredSettingApart)
 {
-    WindowPtr window(MP_CreateMainWindow(QString()));
+    create();
     store("MusicShuffle", 0);
     store("MusicRepeat", true);
     store("VideoShuffle", 2);
@@ -152,18 +131,18 @@ TEST_F(MP_MainWindowTest, ReadSetting_ForcedShuffleKeepsTheStoredSettingApart)
     EXPECT_EQ(MP_AufContext::shuffleSetting, 2);
     EXPECT_EQ(MP_AufContext::shuffle, 2);
     EXPECT_FALSE(MP_AufContext::isRepeat) << "absent VideoRepeat reads as false";
-    EXPECT_EQ(storedInt("MusicShuffle"), 0) << "reading writes nothing";
+    EXPECT_EQ(storedSetting("MusicShuffle", 0), 0) << "reading writes nothing";
 }
 
 TEST_F(MP_MainWindowTest, ReadSetting_AStoredShuffleModeOutsideTheThreeIsOff)
 {
-    WindowPtr window(MP_CreateMainWindow(QString()));
+    create();
     for (const int stored : {3, 99, -1, INT_MAX}) {
         store("MusicShuffle", stored);
         window->readSetting(false, false);
         EXPECT_EQ(MP_AufContext::shuffleSetting, 0) << stored;
         EXPECT_EQ(MP_AufContext::shuffle, 0) << stored;
-        EXPECT_EQ(storedInt("MusicShuffle"), stored) << "reading writes nothing";
+        EXPECT_EQ(storedSetting("MusicShuffle", 0), stored) << "reading writes nothing";
     }
     store("VideoShuffle", 7);
     window->readSetting(true, true);
@@ -173,7 +152,7 @@ TEST_F(MP_MainWindowTest, ReadSetting_AStoredShuffleModeOutsideTheThreeIsOff)
 
 TEST_F(MP_MainWindowTest, FreeCurrentList_ClearsTheLastPlayedRecord)
 {
-    WindowPtr window(MP_CreateMainWindow(QString()));
+    create();
     window->freeCurrentList();
     const LastPlayedListRecord& record = window->lastPlayedList();
     EXPECT_EQ(record.listType, -1);

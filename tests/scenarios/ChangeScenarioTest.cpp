@@ -24,17 +24,4 @@ TEST(ChangeScenarioTest, PlayingSongRemovedFromThePlayList_TheNextOnePlays)
     EXPECT_EQ(scenario.titlesPlayed().mid(0, 2), (QStringList{"Harbour Wind", "Lanterns"}));
 }
 
-TEST(ChangeScenarioTest, WholeSelectionLeavesTheDatabase_ThePlayerQuits)
-{
-    ScenarioRun scenario;
-    ASSERT_TRUE(scenario.scanSampleLibrary());
-    const QStringList paperBoats{"--action", "PlayMusicListInMediaplayer", "isAllArtist=1", "isAllAlbum=0",
-                                 "Album=Paper Boats", "isAllGenre=1", "isAllComposer=1", "StorageLocation=2"};
-    ASSERT_EQ(scenario.run(ScenarioRun::script("album_emptied.mps"), paperBoats), 0)
-        << qPrintable(scenario.errorOutput());
-    EXPECT_EQ(scenario.titlesPlayed().first(), "Paper Boats");
-    EXPECT_TRUE(scenario.calls().contains("engine:closePlayerWindow"));
-    EXPECT_TRUE(scenario.errorOutput().contains("the player quit")) << qPrintable(scenario.errorOutput());
-}
-
 } // namespace

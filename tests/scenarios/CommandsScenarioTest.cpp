@@ -11,29 +11,18 @@
 #include <gtest/gtest.h>
 
 #include "tests/scenarios/ScenarioRun.h"
+#include "tests/support/Journal.h"
 #include "tests/support/ProjectProgram.h"
 
 namespace {
 
+// "title answer" of every dialog shown.
 QStringList dialogAnswers(const ScenarioRun& scenario)
 {
     QStringList answers;
-    for (const QJsonObject& line : scenario.journal()) {
-        if (line.value("kind").toString() == QLatin1String("dialog"))
-            answers << line.value("title").toString() + ' ' + QString::number(line.value("answer").toInt());
-    }
+    for (const QString& dialog : Journal::dialogs(scenario.journal()))
+        answers << dialog.section('|', 0, 0) + ' ' + dialog.section('|', -1);
     return answers;
-}
-
-QStringList downloadManagerMessages(const ScenarioRun& scenario)
-{
-    QStringList messages;
-    for (const QJsonObject& line : scenario.journal()) {
-        if (line.value("kind").toString() == QLatin1String("qcop")
-            && line.value("channel").toString() == QLatin1String("/VEMO/AM/DOWNLOADMANAGER"))
-            messages << line.value("message").toString() + ' ' + line.value("data").toString();
-    }
-    return messages;
 }
 
 /** Copies one album of the sample library into @p folder (so the library stays
@@ -98,23 +87,6 @@ TEST(CommandsScenarioTest, DeletingFromAFolder_PlaysTheFolderOn)
     EXPECT_EQ(scenario.titlesPlayed(), (QStringList{"Paper Boats", "Paper Boats", "Rain on Glass"}));
 }
 
-TEST(CommandsScenarioTest, RemovingFromAUserPlayList_ChangesTheGroupOnlyAfterYes)
-{
-    ScenarioRun scenario;
-    ASSERT_TRUE(scenario.scanSampleLibrary());
-    const QStringList evening{"--action", "PlayUserListInMediaplayer", "Type=0", "GroupObjectID=4",
-                              "FirstIndex=0", "StorageLocation=2"};
-    ASSERT_EQ(scenario.run(ScenarioRun::script("commands_remove_from_play_list.mps"), evening), 0)
-        << qPrintable(scenario.errorOutput());
-    EXPECT_EQ(dialogAnswers(scenario), QStringList({"Remove 0", "Remove 0", "Remove 1"}));
-    const QList<QJsonArray> removals = scenario.argsOf("metadata", "metadataRemoveItemsFromGroup");
-    ASSERT_EQ(removals.size(), 1);
-    EXPECT_EQ(removals.first().at(0).toObject().value("positions").toArray(), QJsonArray{0});
-    EXPECT_TRUE(scenario.argsOf("file", "deleted").isEmpty()) << "the song stays in the library";
-    EXPECT_EQ(scenario.calls().count("engine:notifyCurrentChanged"), 1) << "once, when the database reported";
-    EXPECT_EQ(scenario.titlesPlayed().mid(0, 2), (QStringList{"Harbour Wind", "Lanterns"}));
-}
-
 TEST(CommandsScenarioTest, BackWhileDownloading_NoKeepsThePlayerYesCancelsAndQuits)
 {
     ScenarioRun scenario;
@@ -123,15 +95,11 @@ TEST(CommandsScenarioTest, BackWhileDownloading_NoKeepsThePlayerYesCancelsAndQui
               0)
         << qPrintable(scenario.errorOutput());
     const QList<QJsonObject> journal = scenario.journal();
-    QStringList texts;
-    for (const QJsonObject& line : journal) {
-        if (line.value("kind").toString() == QLatin1String("dialog"))
-            texts << line.value("text").toString();
-    }
-    ASSERT_EQ(texts.size(), 2);
-    EXPECT_EQ(texts.first().toStdString(),
-              "You are currently downloading: 01 First Light.wav.  Choosing Yes will cancel this download. "
-              "Do you want to continue?");
+    const QStringList dialogs = Journal::dialogs(journal);
+    ASSERT_EQ(dialogs.size(), 2);
+    EXPECT_EQ(dialogs.first().toStdString(),
+              "Cancel Download|You are currently downloading: 01 First Light.wav.  Choosing Yes will cancel this "
+              "download. Do you want to continue?|0");
     // In order: No keeps everything; Yes tells the download manager, then the player closes.
     QStringList events;
     for (const QJsonObject& line : journal) {
@@ -144,7 +112,8 @@ TEST(CommandsScenarioTest, BackWhileDownloading_NoKeepsThePlayerYesCancelsAndQui
             events << "closePlayerWindow";
     }
     EXPECT_EQ(events, QStringList({"dialog 0", "dialog 1", "MPUserCancelDL()", "closePlayerWindow"}));
-    EXPECT_EQ(downloadManagerMessages(scenario), QStringList{"MPUserCancelDL() "}) << "sent without data";
+    EXPECT_EQ(Journal::messages(journal, "/VEMO/AM/DOWNLOADMANAGER"), MessageLines{"MPUserCancelDL() "})
+        << "sent without data";
 }
 
 } // namespace

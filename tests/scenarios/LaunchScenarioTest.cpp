@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/scenarios/ScenarioRun.h"
+#include "tests/support/Journal.h"
 
 namespace {
 
@@ -58,6 +59,9 @@ TEST_F(LaunchScenarioTest, MusicList_SavesTheSelectionAndPlaysItsSong)
     EXPECT_TRUE(saved.value("genre").isNull());
     EXPECT_EQ(saved.value("storageLocation").toInt(), 2);
     EXPECT_EQ(saved.value("firstIndex").toInt(), 3);
+    // The media browser's client follows the list: it stores the song it announced.
+    ASSERT_EQ(scenario.argsOf("metadata", "saveLastPlayedSong").size(), 1);
+    EXPECT_EQ(scenario.argsOf("metadata", "saveLastPlayedSong").first().at(1), 3);
 }
 
 TEST_F(LaunchScenarioTest, UserList_SavesTheGroupAndPlaysItsEntry)
@@ -96,15 +100,9 @@ TEST_F(LaunchScenarioTest, Launchers_ResumeTheLastPlayedListAfterARestart)
 TEST_F(LaunchScenarioTest, HomeScreenWithNothingStored_ShowsTheNoticeAndNoPlayer)
 {
     ASSERT_EQ(run("resume.mps", launcher("HomeScreen")), 0) << qPrintable(scenario.errorOutput());
-    const QList<QJsonObject> lines = scenario.journal();
-    QList<QJsonObject> dialogs;
-    for (const QJsonObject& line : lines) {
-        if (line.value("kind").toString() == "dialog")
-            dialogs.append(line);
-    }
-    ASSERT_EQ(dialogs.size(), 1);
-    EXPECT_EQ(dialogs.first(), (QJsonObject{{"kind", "dialog"}, {"class", "VmNoticeDlg"}, {"type", 1}, {"title", ""},
-                                            {"text", "Because the files do not exist."}, {"answer", 1}}));
+    EXPECT_EQ(Journal::linesOf(scenario.journal(), "dialog", QString()),
+              (QList<QJsonObject>{{{"kind", "dialog"}, {"class", "VmNoticeDlg"}, {"type", 1}, {"title", ""},
+                                   {"text", "Because the files do not exist."}, {"answer", 1}}}));
     EXPECT_TRUE(engineCalls(scenario).isEmpty());
 }
 

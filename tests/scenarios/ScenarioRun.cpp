@@ -3,10 +3,10 @@
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QProcess>
 
 #include "host/tools/samplegen/SampleLibraryWriter.h"
+#include "tests/support/Journal.h"
 #include "tests/support/ProjectProgram.h"
 
 ScenarioRun::ScenarioRun() : m_journalPath(m_dataDir.filePath(QStringLiteral("journal.jsonl"))) {}
@@ -80,36 +80,17 @@ int ScenarioRun::runApplication(const QStringList& arguments)
 
 QList<QJsonObject> ScenarioRun::journal() const
 {
-    QList<QJsonObject> lines;
-    QFile file(m_journalPath);
-    if (!file.open(QIODevice::ReadOnly))
-        return lines;
-    for (const QByteArray& line : file.readAll().split('\n')) {
-        if (!line.isEmpty())
-            lines.append(QJsonDocument::fromJson(line).object());
-    }
-    return lines;
+    return Journal::readFile(m_journalPath);
 }
 
 QStringList ScenarioRun::calls() const
 {
-    QStringList calls;
-    for (const QJsonObject& line : journal()) {
-        if (line.contains(QLatin1String("call")))
-            calls.append(line.value(QLatin1String("kind")).toString() + QLatin1Char(':')
-                         + line.value(QLatin1String("call")).toString());
-    }
-    return calls;
+    return Journal::calls(journal());
 }
 
 QList<QJsonArray> ScenarioRun::argsOf(const QString& kind, const QString& call) const
 {
-    QList<QJsonArray> args;
-    for (const QJsonObject& line : journal()) {
-        if (line.value(QLatin1String("kind")).toString() == kind && line.value(QLatin1String("call")).toString() == call)
-            args.append(line.value(QLatin1String("args")).toArray());
-    }
-    return args;
+    return Journal::argsOf(journal(), kind, call);
 }
 
 QStringList ScenarioRun::titlesPlayed() const

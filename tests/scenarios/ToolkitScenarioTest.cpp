@@ -1,7 +1,10 @@
-// The script commands that stand in for the phone's feature bits, its soft
-// keys and the engine's medium and download reports.
+// The script commands that stand in for the phone: its feature bits, keys,
+// flip, lock, memory card and Bluetooth radio, and the engine's medium and
+// download reports.
 
 #include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 
 #include <gtest/gtest.h>
 
@@ -30,6 +33,45 @@ TEST(ToolkitScenarioTest, ProfileAndEngineCommands_ReachThePhoneAndEveryListener
     ASSERT_FALSE(progress.isEmpty());
     EXPECT_EQ(progress.first(), (QJsonArray{30, 100}));
     EXPECT_EQ(scenario.argsOf("report", "updateState").last(), QJsonArray{2});
+}
+
+TEST(ToolkitScenarioTest, PhoneCommands_EachReachesThePhoneOrThePlayer)
+{
+    ScenarioRun scenario;
+    ASSERT_TRUE(scenario.scanSampleLibrary());
+    ASSERT_EQ(scenario.run(ScenarioRun::script("phone_commands.mps"),
+                           {"--action", "PlayMusicListInMediaplayer", "isAllArtist=1", "isAllAlbum=0",
+                            "Album=Paper Boats", "isAllGenre=1", "isAllComposer=1", "StorageLocation=2"}),
+              0)
+        << qPrintable(scenario.errorOutput());
+    EXPECT_TRUE(scenario.errorOutput().contains("phone_commands.mps:20: the player quit"))
+        << qPrintable(scenario.errorOutput());
+    const QStringList kept{"phone", "app", "control", "display:beginSession", "display:endSession",
+                           "engine:flipClosed", "engine:closePlayerWindow", "report:SetupKeyEvent", "VEMO/KeyEvent",
+                           "VEMO/System"};
+    QStringList story;
+    for (const QJsonObject& line : scenario.journal()) {
+        const QString kind = line.value("kind").toString();
+        const QString call = kind + ':' + line.value("call").toString();
+        const QString channel = line.value("channel").toString();
+        if (kept.contains(kind) || kept.contains(call))
+            story << call + ' ' + QJsonDocument(line.value("args").toArray()).toJson(QJsonDocument::Compact);
+        else if (kept.contains(channel))
+            story << channel + ' ' + line.value("message").toString() + ' ' + line.value("data").toString();
+    }
+    EXPECT_EQ(story.join('\n').toStdString(),
+              QStringList({"phone:setFlipStatus [1]", "display:beginSession []", "control:requestUpdate [\"listener\"]",
+                           "control:next []", "phone:setFlipStatus [0]", "display:endSession []",
+                           "app:askReturnToIdle [-5002]", "VEMO/KeyEvent keyMsg(int,int) 0000104900000001",
+                           "phone:setPhoneLockStatus [1]", "phone:setPhoneLockStatus [0]",
+                           "phone:setBluetoothPower [true]", "phone:setBluetoothLink [\"mono\"]",
+                           "phone:setBluetoothPower [false]", "phone:setBluetoothLink [\"none\"]",
+                           "report:SetupKeyEvent [16387,false]", "engine:closePlayerWindow []",
+                           "app:askReturnToIdle [-5000]", "engine:flipClosed []", "engine:closePlayerWindow []",
+                           "phone:setMemoryCard [false]", "VEMO/System cardHotplugEvent(int,int) 0000000100000000",
+                           "engine:closePlayerWindow []"})
+                  .join('\n')
+                  .toStdString());
 }
 
 TEST(ToolkitScenarioTest, BadWords_StopTheScriptNamingWhatIsExpected)

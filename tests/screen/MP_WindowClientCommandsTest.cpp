@@ -16,13 +16,13 @@
 #include "lists/MP_AufContext.h"
 #include "lists/MP_AufList.h"
 #include "lists/MP_FolderList.h"
-#include "platform/VmKbMainWidget.h"
 #include "platform/VmOptionsMenu.h"
 #include "screen/MP_SetupLibrary.h"
 #include "screen/MP_WindowClient.h"
 #include "tests/lists/TraceCapture.h"
-#include "tests/support/ChannelJournal.h"
 #include "tests/support/FakeEngine.h"
+#include "tests/support/Journal.h"
+#include "tests/support/PathList.h"
 #include "tests/support/SongBuilder.h"
 #include "tests/support/TestEnvironment.h"
 
@@ -30,26 +30,12 @@ namespace {
 
 const QString kDownloadManager = QStringLiteral("/VEMO/AM/DOWNLOADMANAGER");
 
-class CommandEngine : public FakeEngine {
-public:
-    int content = MP_CONTENT_SOUND;
-    int medium = MP_MEDIUM_LOCAL;
-    MP_ListInterface* list = nullptr;
-    QString path = QStringLiteral("/dl/Night Song.mp3.pd");
-    VmKbMainWidget widget;
-
-    VmKbMainWidget* getMainWidget() override { return &widget; }
-    MP_CONTENT_TYPE getContentType() override { return MP_CONTENT_TYPE(content); }
-    int getMediumType() override { return medium; }
-    MP_ListInterface* getCurrentList() override { return list; }
-    QString getCurrentPath() override { return path; }
-};
-
 class MP_WindowClientCommandsTest : public TestEnvironment {
 protected:
     void SetUp() override
     {
         TestEnvironment::SetUp();
+        engine.path = QStringLiteral("/dl/Night Song.mp3.pd");
         client = std::make_unique<MP_WindowClient>(&engine);
         HostDialogs::clearAnswers();
     }
@@ -63,17 +49,7 @@ protected:
 
     void run(const char* slot) { ASSERT_TRUE(QMetaObject::invokeMethod(client.get(), slot)); }
 
-    /** Title, text and answer of every dialog shown. */
-    static QStringList dialogs()
-    {
-        QStringList shown;
-        for (const QJsonObject& line : journal()) {
-            if (line.value("kind").toString() == QLatin1String("dialog"))
-                shown << line.value("title").toString() + '|' + line.value("text").toString() + '|'
-                             + QString::number(line.value("answer").toInt());
-        }
-        return shown;
-    }
+    static QStringList dialogs() { return Journal::dialogs(journal()); }
 
     /** Files named @p names in a fresh folder; returns the folder. */
     QString makeFolder(const QString& name, const QStringList& names)
@@ -85,7 +61,7 @@ protected:
         return folder;
     }
 
-    CommandEngine engine;
+    FakeScreenEngine engine;
     std::unique_ptr<MP_WindowClient> client;
     TraceCapture traces;
 };
@@ -397,17 +373,50 @@ TEST_F(MP_WindowClientCommandsTest, SaveBookmark_ShowsEditOnlyWhenABookmarkWasSt
     const QList<QJsonObject> edits = journalLines("service", "editBookmark");
     ASSERT_EQ(edits.size(), 1);
     EXPECT_EQ(edits.first().value("args").toArray().at(0).toString(), identity);
+}
 
-    // Another stream plays: the bookmark of the first is not its own.
-    engine.path = QStringLiteral("rtsp://radio.example/other");
-    client->updateMetaInfo("D", "E", "F", QByteArray(), false);
-    EXPECT_FALSE(menu->isItemVisible(6002)) << "hidden as the new stream's report comes";
-    run("onMenuEditBookmark");
+TEST_F(MP_WindowClientCommandsTest, SaveBookmark_OnStreamAThenStreamB_EditFollowsTheStreamThatPlays)
+{
+    PathList streams({"rtsp://radio.example/a", "rtsp://radio.example/b"});
+    engine.list = &streams;
+    engine.medium = MP_MEDIUM_STREAM;
+    client->updateMetaInfo("A", "", "", QByteArray(), false);
+    VmOptionsMenu* menu = client->getMenu();
+    ASSERT_NE(menu, nullptr);
     emit menu->aboutToShow();
-    EXPECT_FALSE(menu->isItemVisible(6002));
-    engine.path = QStringLiteral("rtsp://radio.example/live");
+    run("onMenuSaveBookmark");
+    ASSERT_TRUE(menu->isItemVisible(6002));
+
+    streams.skipSteps(1);
+    client->updateListInfo(&streams);
+    EXPECT_FALSE(menu->isItemVisible(6002)) << "A's bookmark is not B's";
+    run("onMenuSaveBookmark");
+    EXPECT_TRUE(menu->isItemVisible(6002));
     run("onMenuEditBookmark");
-    EXPECT_EQ(journalLines("service", "editBookmark").size(), 1) << "forgotten, not edited on another stream";
+    const QList<QJsonArray> saves = journalArgs("service", "addBookmark");
+    ASSERT_EQ(saves.size(), 2);
+    EXPECT_EQ(saves.at(1).at(1), "rtsp://radio.example/b");
+    EXPECT_EQ(journalArgs("service", "editBookmark"), QList<QJsonArray>{{saves.at(1).at(2)}}) << "B's, not A's";
+
+    streams.moveTo(0);  // A again, before the engine reports it
+    emit menu->aboutToShow();
+    EXPECT_FALSE(menu->isItemVisible(6002)) << "B's is not A's, as the menu opens";
+}
+
+TEST_F(MP_WindowClientCommandsTest, ApplyToPlaylist_FromTheMenu_KeepsANameOutsideLatin1)
+{
+    auto database = MediaDatabase::open(MediaDatabase::defaultFile());
+    engine.path = writeDataFile(QString::fromUtf8("music/02 \xce\xa9\xce\xbc\xce\xad\xce\xb3\xce\xb1.wav"));
+    const quint32 id = database->addMedia(song(engine.path).title("Omega"));
+    client->updateMetaInfo("Omega", "", "", QByteArray(), true);
+    VmOptionsMenu* menu = client->getMenu();
+    ASSERT_NE(menu, nullptr);
+    emit menu->aboutToShow();
+    ASSERT_TRUE(menu->isItemVisible(1014)) << "offered: the database holds the file under its UTF-8 name";
+    ASSERT_TRUE(menu->chooseItem(1014));
+    const std::optional<MediaGroup> applied = database->groupByName(METADATA_GROUP_USER, "Applied");
+    ASSERT_TRUE(applied);
+    EXPECT_EQ(database->groupMembers(applied->id), QList<quint32>{id});
 }
 
 TEST_F(MP_WindowClientCommandsTest, BuyMore_NoticeOnlyWhenTheFlagWasSet)

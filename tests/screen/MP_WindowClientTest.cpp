@@ -14,7 +14,6 @@
 #include "host/platform/services/HostDownloadManager.h"
 #include "tests/lists/TraceCapture.h"
 #include "platform/STUFF_Global.h"
-#include "platform/VmKbMainWidget.h"
 #include "platform/VmOptionsMenu.h"
 #include "platform/VmSoftKey.h"
 #include "screen/MP_SlotAction.h"
@@ -25,21 +24,6 @@
 #include "tests/support/TestEnvironment.h"
 
 namespace {
-
-class ScreenEngine : public FakeEngine {
-public:
-    VmKbMainWidget widget;
-    int content = MP_CONTENT_SOUND;
-    int medium = MP_MEDIUM_LOCAL;
-    QString path;
-    MP_ListInterface* list = nullptr;
-
-    VmKbMainWidget* getMainWidget() override { return &widget; }
-    MP_CONTENT_TYPE getContentType() override { return MP_CONTENT_TYPE(content); }
-    int getMediumType() override { return medium; }
-    QString getCurrentPath() override { return path; }
-    MP_ListInterface* getCurrentList() override { return list; }
-};
 
 class HidingAction : public MP_SlotAction {
 public:
@@ -56,10 +40,8 @@ protected:
     void SetUp() override
     {
         TestEnvironment::SetUp();
+        engine.path = writeDataFile("music/a.mp3");
         writable = dataPath("music");
-        QDir().mkpath(writable);
-        engine.path = writable + "/a.mp3";
-        QFile(engine.path).open(QIODevice::WriteOnly);
     }
 
     MP_WindowClient& makeClient()
@@ -81,7 +63,7 @@ protected:
 
     QString rightKey() { return engine.widget.getSoftKey(false)->text(1); }
 
-    ScreenEngine engine;
+    FakeScreenEngine engine;
     QString writable;
     std::unique_ptr<MP_WindowClient> client;
     TraceCapture traces;

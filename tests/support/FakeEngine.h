@@ -1,10 +1,13 @@
 #pragma once
 // An engine for client tests: records the calls it receives as "name(args)"
 // strings and hands out a control that does the same, or no control at all.
+// FakeScreenEngine adds a main widget (soft keys, options menu) and plays
+// what a test sets: content and medium type, a file or a list.
 
 #include <QStringList>
 
 #include "platform/MP_CommonPlayer.h"
+#include "platform/VmKbMainWidget.h"
 
 class FakeControl : public MP_PlayerControl {
 public:
@@ -59,4 +62,19 @@ public:
     void removeListListener(MP_ListListener*) override { calls << "removeListListener()"; }
     void addPlayerListener(MP_PlayerListener*) override { calls << "addPlayerListener()"; }
     void removePlayerListener(MP_PlayerListener*) override { calls << "removePlayerListener()"; }
+};
+
+class FakeScreenEngine : public FakeEngine {
+public:
+    VmKbMainWidget widget;
+    int content = MP_CONTENT_SOUND;
+    int medium = MP_MEDIUM_LOCAL;
+    QString path;
+    MP_ListInterface* list = nullptr;
+
+    VmKbMainWidget* getMainWidget() override { return &widget; }
+    MP_CONTENT_TYPE getContentType() override { return MP_CONTENT_TYPE(content); }
+    int getMediumType() override { return medium; }
+    QString getCurrentPath() override { return path; }
+    MP_ListInterface* getCurrentList() override { return list; }
 };

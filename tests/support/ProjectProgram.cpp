@@ -1,5 +1,7 @@
 #include "tests/support/ProjectProgram.h"
 
+#include <QDeadlineTimer>
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -36,4 +38,18 @@ bool ProjectProgram::start(QProcess& process, const QString& name, const QString
                   << qPrintable(program == path(name) ? QString() : QStringLiteral(" through ") + program) << ": "
                   << qPrintable(process.errorString());
     return false;
+}
+
+QString ProjectProgram::readUntil(QProcess& process, QProcess::ProcessChannel channel, const QString& last, int timeoutMs)
+{
+    process.setReadChannel(channel);
+    QStringList lines;
+    const QDeadlineTimer deadline(timeoutMs);
+    while (lines.isEmpty() || lines.last() != last) {
+        if (!process.canReadLine() && !process.waitForReadyRead(int(deadline.remainingTime())))
+            break;
+        while (process.canReadLine() && (lines.isEmpty() || lines.last() != last))
+            lines.append(QString::fromUtf8(process.readLine()).chopped(1));
+    }
+    return lines.join(QLatin1Char('\n'));
 }

@@ -21,4 +21,8 @@ QString sourcePath(const QString& relative);
  *  test failure that names the program and the reason, and returns false. */
 bool start(QProcess& process, const QString& name, const QStringList& arguments);
 
+/** Reads @p process's @p channel line by line until a line equals @p last or
+ *  @p timeoutMs pass; the lines read, joined by newlines. */
+QString readUntil(QProcess& process, QProcess::ProcessChannel channel, const QString& last, int timeoutMs = 15000);
+
 } // namespace ProjectProgram

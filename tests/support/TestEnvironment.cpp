@@ -1,7 +1,10 @@
 #include "tests/support/TestEnvironment.h"
 
 #include <QCoreApplication>
+#include <QDir>
+#include <QFile>
 #include <QDeadlineTimer>
+#include <QFileInfo>
 #include <QThread>
 
 #include "host/engine/HostEngineClock.h"
@@ -9,6 +12,7 @@
 #include "host/platform/HostJournal.h"
 #include "host/platform/services/HostLaunchAction.h"
 #include "host/platform/phone/HostPhone.h"
+#include "tests/support/Journal.h"
 
 void TestEnvironment::SetUp()
 {
@@ -31,31 +35,25 @@ void TestEnvironment::TearDown()
 
 QList<QJsonObject> TestEnvironment::journal()
 {
-    return HostJournal::captured();
+    return Journal::captured();
 }
 
 QStringList TestEnvironment::journalCalls()
 {
-    QStringList calls;
-    for (const QJsonObject& line : HostJournal::captured()) {
-        if (line.contains(QLatin1String("call")))
-            calls.append(line.value(QLatin1String("kind")).toString() + QLatin1Char(':')
-                         + line.value(QLatin1String("call")).toString());
-    }
-    return calls;
+    return Journal::calls(Journal::captured());
 }
 
 QList<QJsonObject> TestEnvironment::journalLines(const QString& kind, const QString& call)
 {
-    QList<QJsonObject> lines;
-    for (const QJsonObject& line : HostJournal::captured()) {
-        if (line.value(QLatin1String("kind")).toString() == kind && line.value(QLatin1String("call")).toString() == call)
-            lines.append(line);
-    }
-    return lines;
+    return Journal::linesOf(Journal::captured(), kind, call);
 }
 
-bool TestEnvironment::waitUntil(const std::function<bool()>& condition, int timeoutMs)
+QList<QJsonArray> TestEnvironment::journalArgs(const QString& kind, const QString& call)
+{
+    return Journal::argsOf(Journal::captured(), kind, call);
+}
+
+bool waitUntil(const std::function<bool()>& condition, int timeoutMs)
 {
     QDeadlineTimer deadline(timeoutMs);
     while (!condition()) {
@@ -75,4 +73,12 @@ void TestEnvironment::processEvents()
 QString TestEnvironment::dataPath(const QString& name) const
 {
     return m_dataDir.filePath(name);
+}
+
+QString TestEnvironment::writeDataFile(const QString& name, const QByteArray& contents) const
+{
+    QFile file(dataPath(name));
+    QDir().mkpath(QFileInfo(file).absolutePath());
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(contents) == contents.size()) << qPrintable(name);
+    return file.fileName();
 }

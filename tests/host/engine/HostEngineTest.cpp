@@ -19,38 +19,14 @@
 #include "host/engine/HostEngine.h"
 #include "host/engine/HostEngineClock.h"
 #include "host/platform/HostJournal.h"
-#include "lists/MP_ListInterface.h"
 #include "platform/SETUP_SET_Manager.h"
 #include "platform/VmKbMainWidget.h"
 #include "tests/support/EngineRelease.h"
+#include "tests/support/Journal.h"
+#include "tests/support/PathList.h"
 #include "tests/support/TestEnvironment.h"
 
 namespace {
-
-// A list over fixed paths; with repeat it wraps at both ends.
-class FakeList : public MP_ListInterface {
-public:
-    explicit FakeList(QStringList items, bool wraps = false) : paths(std::move(items)), repeat(wraps) {}
-
-    unsigned int count() override { return unsigned(paths.size()); }
-    bool hasNext() override { return !paths.isEmpty() && (repeat || current + 1 < paths.size()); }
-    bool hasPrevious() override { return !paths.isEmpty() && (repeat || current > 0); }
-    QString getCurrent() override { return paths.value(current); }
-    QString getItem(int index) override { return paths.value(index); }
-    int getCurrentIndex() override { return current; }
-    void skipSteps(int steps) override
-    {
-        const int size = int(paths.size());
-        current = size ? ((current + steps) % size + size) % size : 0;
-    }
-    void moveTo(int index) override { current = index; }
-    bool removeItem(int) override { return false; }
-    QByteArray* getReservedData() override { return nullptr; }
-
-    QStringList paths;
-    int current = 0;
-    bool repeat;
-};
 
 // Writes every report it hears into a shared log, prefixed with its name
 // when it has one, so that the order across listeners shows.
@@ -103,23 +79,6 @@ private:
 // Lists of std::string print readably when an expectation fails.
 using Events = std::vector<std::string>;
 
-using EnginePtr = std::unique_ptr<HostEngine, EngineRelease>;
-
-EnginePtr createEngine(MP_LAUNCH_TYPE type = MP_LAUNCH_LIST)
-{
-    return EnginePtr(static_cast<HostEngine*>(MP_CreateCommonPlayer(false, type)));
-}
-
-// Every captured journal line as "kind:call [args]".
-Events journalSummary()
-{
-    Events lines;
-    for (const QJsonObject& line : HostJournal::captured())
-        lines.push_back((line["kind"].toString() + ':' + line["call"].toString() + ' ').toStdString()
-                        + QJsonDocument(line["args"].toArray()).toJson(QJsonDocument::Compact).toStdString());
-    return lines;
-}
-
 } // namespace
 
 class HostEngineTest : public TestEnvironment {
@@ -127,7 +86,7 @@ protected:
     void SetUp() override
     {
         TestEnvironment::SetUp();
-        engine = createEngine();
+        engine = makeHostEngine();
         engine->addListListener(&listener);
         engine->addPlayerListener(&listener);
     }
@@ -155,7 +114,7 @@ protected:
         out.writeRawData("data", 4);
         out << dataSize;
         wav.append(QByteArray(int(dataSize), char(0x80)));
-        const QString path = writeFile(name, wav);
+        const QString path = writeDataFile(name, wav);
         if (!title.isEmpty()) {
             TagLib::RIFF::WAV::File file(QFile::encodeName(path).constData());
             file.ID3v2Tag()->setTitle(TagLib::String(title.toStdString(), TagLib::String::UTF8));
@@ -166,16 +125,8 @@ protected:
         return path;
     }
 
-    QString writeFile(const QString& name, const QByteArray& contents)
-    {
-        QFile file(dataPath(name));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(contents);
-        return file.fileName();
-    }
-
     // Not media at all: TagLib cannot read it, so it plays for the default time.
-    QString writeFakeVideo(const QString& name) { return writeFile(name, "not really a video"); }
+    QString writeFakeVideo(const QString& name) { return writeDataFile(name, "not really a video"); }
 
     // The reports heard since the last call.
     Events takeLog()
@@ -188,7 +139,7 @@ protected:
 
     QStringList log;
     RecordingListener listener{log};
-    EnginePtr engine;
+    HostEnginePtr engine;
 };
 
 TEST_F(HostEngineTest, SetFile_TaggedWav_ReportsTagsDurationAndStopsUntilPlayed)
@@ -259,7 +210,7 @@ TEST_F(HostEngineTest, Reports_ReachListenersInRegistrationOrder_SkippingThoseRe
 
 TEST_F(HostEngineTest, ManualClock_StepsTheListAtItemEnds_CarryingTimeOver_AndFinishes)
 {
-    FakeList list({writeWav("one.wav", 2500), writeWav("two.wav", 2000)});
+    PathList list({writeWav("one.wav", 2500), writeWav("two.wav", 2000)});
     engine->setPlayList(&list);
     engine->autoPlay(false);
     takeLog();
@@ -279,7 +230,7 @@ TEST_F(HostEngineTest, ManualClock_StepsTheListAtItemEnds_CarryingTimeOver_AndFi
 
 TEST_F(HostEngineTest, RepeatedListOfMissingFiles_TriesEachOnceThenFinishes)
 {
-    FakeList list({dataPath("a.mp3"), dataPath("b.mp3"), dataPath("c.mp3")}, true);
+    PathList list({dataPath("a.mp3"), dataPath("b.mp3"), dataPath("c.mp3")}, true);
     engine->setPlayList(&list);
     EXPECT_EQ(takeLog(), Events({"updateListInfo(0)", "updateState(7)"}));
 
@@ -290,7 +241,7 @@ TEST_F(HostEngineTest, RepeatedListOfMissingFiles_TriesEachOnceThenFinishes)
 
 TEST_F(HostEngineTest, Control_NextPreviousSeekStopAndPause)
 {
-    FakeList list({writeFakeVideo("a.mp4"), writeFakeVideo("b.mp4"), writeFakeVideo("c.mp4")});
+    PathList list({writeFakeVideo("a.mp4"), writeFakeVideo("b.mp4"), writeFakeVideo("c.mp4")});
     MP_PlayerControl* control = engine->getPlayerControl();
     engine->setPlayList(&list);
     control->play();
@@ -321,12 +272,12 @@ TEST_F(HostEngineTest, Control_NextPreviousSeekStopAndPause)
 
 TEST_F(HostEngineTest, EmptyAndClearedLists)
 {
-    FakeList empty({});
+    PathList empty({});
     engine->setPlayList(&empty);
     EXPECT_EQ(takeLog(), Events({"updateListInfo(0)", "updateState(8)"}));
     EXPECT_TRUE(engine->getCurrentPath().isNull());
 
-    FakeList list({writeFakeVideo("a.mp4")});
+    PathList list({writeFakeVideo("a.mp4")});
     engine->setPlayList(&list);
     engine->autoPlay(false);
     takeLog();
@@ -339,7 +290,7 @@ TEST_F(HostEngineTest, EmptyAndClearedLists)
 
 TEST_F(HostEngineTest, NotifyCurrentChanged_LoadsTheNewCurrentItem_KeepingOnPlaying)
 {
-    FakeList list({writeFakeVideo("a.mp4"), writeWav("b.wav", 4000)});
+    PathList list({writeFakeVideo("a.mp4"), writeWav("b.wav", 4000)});
     engine->setPlayList(&list);
     engine->autoPlay(false);
     takeLog();
@@ -415,7 +366,7 @@ TEST_F(HostEngineTest, MainWidget_ShowsWhatPlays_AndFollowsShowAndClose)
 TEST_F(HostEngineTest, LiveEngine_IsTheNewestStillAlive)
 {
     EXPECT_EQ(HostEngine::liveEngine(), engine.get());
-    EnginePtr newer = createEngine();
+    HostEnginePtr newer = makeHostEngine();
     EXPECT_EQ(HostEngine::liveEngine(), newer.get());
     newer.reset();
     EXPECT_EQ(HostEngine::liveEngine(), engine.get());
@@ -444,7 +395,7 @@ TEST_F(HostEngineTest, Journal_RecordsCallsAndEachReportOnce)
 {
     const QString path = writeWav("tide.wav", 1500, "Tide", "Shore", "Sea");
     HostJournal::startCapture();
-    EnginePtr player = createEngine(MP_LAUNCH_FILE);
+    HostEnginePtr player = makeHostEngine(MP_LAUNCH_FILE);
     RecordingListener first(log, "A"), second(log, "B");
     player->addPlayerListener(&first);
     player->addPlayerListener(&second);
@@ -457,7 +408,7 @@ TEST_F(HostEngineTest, Journal_RecordsCallsAndEachReportOnce)
     player.reset();
 
     const std::string file = QJsonDocument(QJsonArray{path}).toJson(QJsonDocument::Compact).toStdString();
-    EXPECT_EQ(journalSummary(),
+    EXPECT_EQ(Journal::callsWithArgs(journal(), {}),
               Events({"engine:MP_CreateCommonPlayer [false,1]", "engine:addPlayerListener [\"listener\"]",
                       "engine:addPlayerListener [\"listener\"]", "engine:setFile " + file,
                       "report:signalContentTypeChanged [1]", "report:updateMetaInfo [\"Tide\",\"Shore\",\"Sea\",true]",
@@ -472,7 +423,7 @@ TEST_F(HostEngineTest, Journal_RecordsCallsAndEachReportOnce)
 // are the clock's.
 TEST_F(HostEngineTest, MediaOutput_ReportsAListExactlyAsTheClockDoes)
 {
-    FakeList list({writeWav("one.wav", 1500), writeWav("two.wav", 1200)});
+    PathList list({writeWav("one.wav", 1500), writeWav("two.wav", 1200)});
     engine->setPlayList(&list);
     engine->autoPlay(false);
     HostEngineClock::advance(3000);
@@ -484,7 +435,7 @@ TEST_F(HostEngineTest, MediaOutput_ReportsAListExactlyAsTheClockDoes)
     EXPECT_STREQ(engine->output().name(), "media");
     QStringList mediaLog;
     RecordingListener mediaListener{mediaLog};
-    const EnginePtr media = createEngine();
+    const HostEnginePtr media = makeHostEngine();
     ASSERT_STREQ(media->output().name(), "media");
     media->addListListener(&mediaListener);
     media->addPlayerListener(&mediaListener);
@@ -501,7 +452,7 @@ TEST_F(HostEngineTest, MediaOutput_ReportsAListExactlyAsTheClockDoes)
 TEST_F(HostEngineTest, MediaOutput_AFileTheDecoderRefuses_IsAnErrorAndTheListMovesOn)
 {
     HostEngineClock::setManual(false);
-    FakeList list({writeFakeVideo("broken.mp4"), writeWav("fine.wav", 1000)});
+    PathList list({writeFakeVideo("broken.mp4"), writeWav("fine.wav", 1000)});
     engine->setPlayList(&list);
     engine->autoPlay(false);
     ASSERT_TRUE(waitUntil([&] { return engine->control().getState() == MP_STATE_FINISHED; }, 10000));
@@ -521,7 +472,7 @@ TEST_F(HostEngineTest, MediaOutput_AFileTheDecoderRefuses_IsAnErrorAndTheListMov
 TEST_F(HostEngineTest, MediaOutput_ARepeatedSingleItemPlaysAgainFromItsBeginning)
 {
     HostEngineClock::setManual(false);
-    FakeList list({writeWav("only.wav", 1000)}, /*wraps*/ true);
+    PathList list({writeWav("only.wav", 1000)}, /*wraps*/ true);
     engine->setPlayList(&list);
     engine->autoPlay(false);
     // Until the third start: the second end's time report can come from the

@@ -1,20 +1,14 @@
 // The player screen comes up when a launch gives the player something to
 // play, also on the first launch, where the library asks for no screen.
 
-#include <QFile>
-
-#include <memory>
-
 #include "host/engine/HostEngine.h"
 #include "host/platform/media/MediaDatabase.h"
-#include "mainwindow/MP_MainWindow.h"
-#include "tests/support/EntryPointWindow.h"
+#include "tests/support/MainWindowFixture.h"
 #include "tests/support/SongBuilder.h"
-#include "tests/support/TestEnvironment.h"
 
 namespace {
 
-using PlayerScreenLaunchTest = TestEnvironment;
+using PlayerScreenLaunchTest = MainWindowFixture;
 
 bool screenShown()
 {
@@ -24,13 +18,11 @@ bool screenShown()
 
 TEST_F(PlayerScreenLaunchTest, PassedFileAndLibraryLaunch_ShowTheScreen)
 {
-    const QString path = dataPath("a.wav");
-    QFile(path).open(QIODevice::WriteOnly);
-    {
-        WindowPtr window(MP_CreateMainWindow(path));
-        EXPECT_TRUE(waitUntil(screenShown)) << "a passed file";
-        EXPECT_FALSE(journalCalls().contains("engine:showPlayer")) << "the library did not ask";
-    }
+    const QString path = writeDataFile("a.wav", {});
+    create(path);
+    EXPECT_TRUE(waitUntil(screenShown)) << "a passed file";
+    EXPECT_FALSE(journalCalls().contains("engine:showPlayer")) << "the library did not ask";
+    window.reset();
     ASSERT_EQ(HostEngine::liveEngine(), nullptr);
 
     {
@@ -39,7 +31,7 @@ TEST_F(PlayerScreenLaunchTest, PassedFileAndLibraryLaunch_ShowTheScreen)
         ASSERT_NE(database->addMedia(song(path).title("A")), 0u);
     }
     // Without a file or an action the start-up plays the whole library.
-    WindowPtr window(MP_CreateMainWindow(QString()));
+    create();
     EXPECT_TRUE(waitUntil(screenShown)) << "a list";
     EXPECT_TRUE(journalCalls().contains("engine:setPlayList"));
 }

@@ -182,6 +182,8 @@ TEST_F(PlayerFloodTest, UpdateAndNextFloods_KeepMemoryBounded_AndTerminationEnds
     EXPECT_LT(std::max(updatePeak, nextPeak), kResidentLimitKb) << updatePeak << " kB, " << nextPeak << " kB";
 #else
     (void)before;
+    (void)updatePeak;
+    (void)nextPeak;
 #endif
 }
 

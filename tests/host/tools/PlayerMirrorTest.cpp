@@ -2,7 +2,6 @@
 // the requests it makes of the player in return.
 
 #include <QDBusObjectPath>
-#include <QDataStream>
 #include <QHash>
 #include <QSignalSpy>
 
@@ -10,8 +9,8 @@
 #include "host/tools/mp-mpris/PlayerMirror.h"
 #include "host/tools/mp-mpris/PlayerRequests.h"
 #include "host/tools/mp-mpris/TrackLookup.h"
-#include "platform/StreamEncoding.h"
-#include "tests/support/ChannelJournal.h"
+#include "tests/support/Journal.h"
+#include "tests/support/Payload.h"
 #include "tests/support/SongBuilder.h"
 #include "tests/support/TestEnvironment.h"
 
@@ -38,16 +37,6 @@ public:
     int shuffle = 0;
     bool repeatOn = false;
 };
-
-template <typename... Values>
-QByteArray payload(const Values&... values)
-{
-    QByteArray bytes;
-    QDataStream stream(&bytes, QIODevice::WriteOnly);
-    MP_SetPayloadFormat(stream);
-    (stream << ... << values);
-    return bytes;
-}
 
 class PlayerMirrorTest : public TestEnvironment {
 protected:

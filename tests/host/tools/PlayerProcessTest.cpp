@@ -9,7 +9,6 @@
 #include <QDBusVariant>
 #include <QDeadlineTimer>
 #include <QFile>
-#include <QJsonDocument>
 #include <QProcess>
 #include <QCoreApplication>
 
@@ -20,8 +19,10 @@
 
 #include "host/tools/qcop/PayloadDecoder.h"
 #include "tests/scenarios/ScenarioRun.h"
+#include "tests/support/Journal.h"
 #include "tests/support/PrivateBus.h"
 #include "tests/support/ProjectProgram.h"
+#include "tests/support/TestEnvironment.h"
 
 namespace {
 
@@ -34,21 +35,6 @@ const QByteArray kPlayerScript =
     "isAllComposer=1 FirstIndex=0 StorageLocation=2\n"
     "await TEST/Control done 60000\n"
     "quit\n";
-
-/** Reads @p process's @p channel line by line until one equals @p line; the lines read, joined. */
-QString readUntil(QProcess& process, QProcess::ProcessChannel channel, const QString& line)
-{
-    process.setReadChannel(channel);
-    QStringList lines;
-    const QDeadlineTimer deadline(kWaitMs);
-    while (lines.isEmpty() || lines.last() != line) {
-        if (!process.canReadLine() && !process.waitForReadyRead(int(deadline.remainingTime())))
-            break;
-        while (process.canReadLine() && (lines.isEmpty() || lines.last() != line))
-            lines.append(QString::fromUtf8(process.readLine()).chopped(1));
-    }
-    return lines.join(QLatin1Char('\n'));
-}
 
 class PlayerProcessTest : public ::testing::Test {
 protected:
@@ -84,7 +70,7 @@ protected:
               {"--data-dir", m_run.dataDir() + "/data", "--journal", m_run.dataDir() + "/journal.jsonl", "--quiet",
                "--log", m_run.dataDir() + "/trace.log", "--script", m_run.dataDir() + "/player.mps"});
         const QString awaiting = "await: listening on TEST/Control for done";
-        return readUntil(m_player, QProcess::StandardError, awaiting).endsWith(awaiting);
+        return ProjectProgram::readUntil(m_player, QProcess::StandardError, awaiting).endsWith(awaiting);
     }
 
     /** Starts mp-mpris and connects the test to the bus; true once it offers the player. */
@@ -94,7 +80,7 @@ protected:
             return false;
         start(m_tool, "mp-mpris", {"--data-dir", m_run.dataDir() + "/data"});
         const QString offering = "mp-mpris: offering org.mpris.MediaPlayer2.mediaplayer";
-        return readUntil(m_tool, QProcess::StandardError, offering) == offering;
+        return ProjectProgram::readUntil(m_tool, QProcess::StandardError, offering) == offering;
     }
 
     bool connectTest()
@@ -115,7 +101,7 @@ protected:
               QStringList{"--data-dir", m_run.dataDir() + "/data", "--journal", journalOf(name), "--quiet", "--log",
                           m_run.dataDir() + "/" + name + ".log", "--script", file.fileName()}
                   + extraArguments);
-        return readUntil(process, QProcess::StandardError, awaiting).endsWith(awaiting);
+        return ProjectProgram::readUntil(process, QProcess::StandardError, awaiting).endsWith(awaiting);
     }
 
     QString journalOf(const QString& name) const { return m_run.dataDir() + "/" + name + ".jsonl"; }
@@ -155,17 +141,17 @@ protected:
 TEST_F(PlayerProcessTest, QcopHearsThePlayersIdleMessagesAndMovesItOn)
 {
     start(m_tool, "qcop", {"--listen", "/MP/Idle/Channel"});
-    ASSERT_EQ(readUntil(m_tool, QProcess::StandardError, "qcop: listening on 1 channel(s)"),
+    ASSERT_EQ(ProjectProgram::readUntil(m_tool, QProcess::StandardError, "qcop: listening on 1 channel(s)"),
               "qcop: listening on 1 channel(s)");
     ASSERT_TRUE(startPlayer());
     const QString playing = "/MP/Idle/Channel /MP/Idle/Info/State int:1";
-    QString heard = readUntil(m_tool, QProcess::StandardOutput, playing);
+    QString heard = ProjectProgram::readUntil(m_tool, QProcess::StandardOutput, playing);
     ASSERT_TRUE(heard.endsWith(playing)) << heard.toStdString();
 
     // A seek without its count, from another process, is no seek.
     EXPECT_EQ(qcop({"/MP/Idle/Channel", "/MP/Idle/Req/Seek/Forth", "raw:0001"}), 0);
     EXPECT_EQ(qcop({"/MP/Idle/Channel", "/MP/Idle/Req/Next"}), 0);
-    heard += '\n' + readUntil(m_tool, QProcess::StandardOutput,
+    heard += '\n' + ProjectProgram::readUntil(m_tool, QProcess::StandardOutput,
                                "/MP/Idle/Channel /MP/Idle/Info/MetaInfo str:\"Harbour Wind - Northern Lights - "
                                "Aurora Lane\" bytes: i8:0");
     ASSERT_EQ(endPlayer(), 0) << m_player.readAllStandardError().toStdString();
@@ -239,16 +225,7 @@ QString title()
 /** The args of one kind and call in a journal file, in order. */
 QList<QJsonArray> journalArgs(const QString& path, const QString& kind, const QString& call)
 {
-    QList<QJsonArray> args;
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return args;
-    for (const QByteArray& line : file.readAll().split('\n')) {
-        const QJsonObject object = QJsonDocument::fromJson(line).object();
-        if (object.value("kind").toString() == kind && object.value("call").toString() == call)
-            args.append(object.value("args").toArray());
-    }
-    return args;
+    return Journal::argsOf(Journal::readFile(path), kind, call);
 }
 
 /** Whether @p name has an owner on the test's bus; its process id in @p pid. */
@@ -274,16 +251,9 @@ bool processRuns(uint pid)
     return state != 'Z' && state != 'X';
 }
 
-/** Runs the event loop until @p condition holds, at most kWaitMs. */
 bool waitFor(const std::function<bool()>& condition)
 {
-    const QDeadlineTimer deadline(kWaitMs);
-    while (!condition()) {
-        if (deadline.hasExpired())
-            return false;
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-    }
-    return true;
+    return waitUntil(condition, kWaitMs);
 }
 
 TEST_F(PlayerProcessTest, TheBridgeFollowsThePlayerAndDrivesIt)
@@ -381,10 +351,10 @@ TEST_F(PlayerProcessTest, ShuffleAndLoopStatusReadBackWhatTheDesktopAsked_AndThe
     // The player screen's key, twice: on, then back off.
     tell("TEST/Control", "keys");
     EXPECT_TRUE(shuffleIs(true));
-    readUntil(m_player, QProcess::StandardError, "await: listening on TEST/Control for again");
+    ProjectProgram::readUntil(m_player, QProcess::StandardError, "await: listening on TEST/Control for again");
     tell("TEST/Control", "again");
     EXPECT_TRUE(shuffleIs(false));
-    readUntil(m_player, QProcess::StandardError, "await: listening on TEST/Control for done");
+    ProjectProgram::readUntil(m_player, QProcess::StandardError, "await: listening on TEST/Control for done");
     tell("TEST/Control", "done");
     ASSERT_TRUE(m_player.waitForFinished(kWaitMs));
     EXPECT_EQ(m_player.exitCode(), 0) << m_player.readAllStandardError().toStdString();
@@ -416,7 +386,7 @@ TEST_F(PlayerProcessTest, OfTwoPlayersTheNewestIsFollowedAndDriven_ThenTheOneLef
 
     // The older player speaks; the bridge keeps showing the newer one.
     tell("TEST/A", "tick");
-    ASSERT_TRUE(readUntil(m_player, QProcess::StandardError, "await: listening on TEST/A for done")
+    ASSERT_TRUE(ProjectProgram::readUntil(m_player, QProcess::StandardError, "await: listening on TEST/A for done")
                     .endsWith("await: listening on TEST/A for done"));
     for (int read = 0; read < 50; ++read) {
         ASSERT_EQ(title(), titleOfB) << "read " << read;
@@ -462,9 +432,20 @@ TEST_F(PlayerProcessTest, ExtremeSeeksAnswer_CanControlHolds_AndASecondBridgeTak
     ASSERT_TRUE(m_second.waitForStarted(kWaitMs));
     const QString instance = "mp-mpris: offering org.mpris.MediaPlayer2.mediaplayer.instance"
                              + QString::number(m_second.processId());
-    EXPECT_EQ(readUntil(m_second, QProcess::StandardError, instance), instance);
+    EXPECT_EQ(ProjectProgram::readUntil(m_second, QProcess::StandardError, instance), instance);
     tell("TEST/Control", "done");
     ASSERT_TRUE(m_player.waitForFinished(kWaitMs));
+}
+
+TEST_F(PlayerProcessTest, AwaitAsTheScriptsFirstLine_HearsASenderThatSendsAtOnce)
+{
+    ASSERT_TRUE(connectTest());
+    // The player's bus connection is as new as it can be: nothing ran before the await.
+    ASSERT_TRUE(startPlayerOn(m_player, "first", "await TEST/Control go 60000\nquit\n",
+                              "await: listening on TEST/Control for go"));
+    tell("TEST/Control", "go");
+    ASSERT_TRUE(m_player.waitForFinished(kWaitMs)) << "the message sent at once was missed";
+    EXPECT_EQ(m_player.exitCode(), 0) << m_player.readAllStandardError().toStdString();
 }
 
 TEST_F(PlayerProcessTest, TheBridgeEndsWithAKilledPlayerThatStartedIt_AndWithItsBus)
@@ -483,14 +464,14 @@ TEST_F(PlayerProcessTest, TheBridgeEndsWithAKilledPlayerThatStartedIt_AndWithIts
 
     // A bridge of its own ends when its bus goes.
     start(m_tool, "mp-mpris", {"--data-dir", m_run.dataDir() + "/data"});
-    ASSERT_EQ(readUntil(m_tool, QProcess::StandardError, "mp-mpris: offering org.mpris.MediaPlayer2.mediaplayer"),
+    ASSERT_EQ(ProjectProgram::readUntil(m_tool, QProcess::StandardError, "mp-mpris: offering org.mpris.MediaPlayer2.mediaplayer"),
               "mp-mpris: offering org.mpris.MediaPlayer2.mediaplayer");
     QDBusConnection::disconnectFromBus(QStringLiteral("player-process-test"));
     m_bus.stop();
     ASSERT_TRUE(m_tool.waitForFinished(kWaitMs));
     EXPECT_EQ(m_tool.exitStatus(), QProcess::NormalExit);
     EXPECT_EQ(m_tool.exitCode(), 3);
-    EXPECT_EQ(readUntil(m_tool, QProcess::StandardError, "mp-mpris: the session bus went away"),
+    EXPECT_EQ(ProjectProgram::readUntil(m_tool, QProcess::StandardError, "mp-mpris: the session bus went away"),
               "mp-mpris: the session bus went away");
 }
 

@@ -2,7 +2,6 @@
 // messages and the processes leaving the bus, and what reaches its picture
 // of the player when those come in the order that once made ghosts.
 
-#include <QDataStream>
 #include <QSignalSpy>
 
 #include "host/tools/mp-mpris/PlaySettings.h"
@@ -10,7 +9,7 @@
 #include "host/tools/mp-mpris/PlayerMirror.h"
 #include "host/tools/mp-mpris/PlayerSenderTracker.h"
 #include "host/tools/mp-mpris/TrackLookup.h"
-#include "platform/StreamEncoding.h"
+#include "tests/support/Payload.h"
 #include "tests/support/TestEnvironment.h"
 
 namespace {
@@ -29,11 +28,7 @@ public:
 
 QByteArray state(qint32 value)
 {
-    QByteArray bytes;
-    QDataStream stream(&bytes, QIODevice::WriteOnly);
-    MP_SetPayloadFormat(stream);
-    stream << value;
-    return bytes;
+    return payload(value);
 }
 
 class PlayerSenderTrackerTest : public TestEnvironment {

@@ -74,27 +74,12 @@ protected:
         m_listener.setProcessEnvironment(m_bus.environment());
         if (!ProjectProgram::start(m_listener, "qcop", QStringList{"--listen"} + channels))
             return false;
-        m_listener.setReadChannel(QProcess::StandardError);
-        while (!m_listener.canReadLine()) {
-            if (!m_listener.waitForReadyRead(10000))
-                return false;
-        }
-        return m_listener.readLine() == "qcop: listening on " + QByteArray::number(channels.size()) + " channel(s)\n";
+        const QString listening = QStringLiteral("qcop: listening on %1 channel(s)").arg(channels.size());
+        return ProjectProgram::readUntil(m_listener, QProcess::StandardError, listening, 10000) == listening;
     }
 
     /** The listener's lines up to and including the first that equals @p last, one text. */
-    QString linesUntil(const QString& last)
-    {
-        m_listener.setReadChannel(QProcess::StandardOutput);
-        QStringList lines;
-        while (lines.isEmpty() || lines.last() != last) {
-            if (!m_listener.canReadLine() && !m_listener.waitForReadyRead(10000))
-                break;
-            while (m_listener.canReadLine() && (lines.isEmpty() || lines.last() != last))
-                lines.append(QString::fromUtf8(m_listener.readLine()).chopped(1));
-        }
-        return lines.join(QLatin1Char('\n'));
-    }
+    QString linesUntil(const QString& last) { return ProjectProgram::readUntil(m_listener, QProcess::StandardOutput, last, 10000); }
 
     void TearDown() override
     {

@@ -14,27 +14,19 @@ namespace {
 
 using MetadataFileCheckTest = TestEnvironment;
 
-bool writeFile(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
-
 TEST_F(MetadataFileCheckTest, ComparesTheFileWithTheStoredSizeAndTime)
 {
-    const QString kept = dataPath("kept.mp3");
-    const QString grown = dataPath("grown.mp3");
-    const QString gone = dataPath("gone.mp3");
-    const QString unstamped = dataPath("unstamped.mp3");
-    for (const QString& path : {kept, grown, gone, unstamped})
-        ASSERT_TRUE(writeFile(path, "song"));
+    const QString kept = writeDataFile("kept.mp3", "song");
+    const QString grown = writeDataFile("grown.mp3", "song");
+    const QString gone = writeDataFile("gone.mp3", "song");
+    const QString unstamped = writeDataFile("unstamped.mp3", "song");
     {
         auto database = MediaDatabase::open(MediaDatabase::defaultFile());
         for (const QString& path : {kept, grown, gone})
             ASSERT_NE(database->addMedia(song(path).stampOf(QFileInfo(path))), 0u);
         ASSERT_NE(database->addMedia(song(unstamped)), 0u);
     }
-    ASSERT_TRUE(writeFile(grown, "another song"));
+    writeDataFile("grown.mp3", "another song");
     ASSERT_TRUE(QFile::remove(gone));
     const unsigned int handle = MP_AufContext::getHandler();
 

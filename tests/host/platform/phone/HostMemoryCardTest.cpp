@@ -8,7 +8,7 @@
 #include <QJsonArray>
 
 #include "host/platform/phone/HostStorage.h"
-#include "tests/support/ChannelJournal.h"
+#include "tests/support/Journal.h"
 #include "tests/support/TestEnvironment.h"
 
 namespace {
@@ -36,10 +36,7 @@ TEST_F(HostMemoryCardTest, OutAndIn_KeepsTheCardsFiles_AndAnnouncesBoth)
 
     EXPECT_EQ(channelMessages("VEMO/System"), (MessageLines{"cardHotplugEvent(int,int) 0000000100000000",
                                                             "cardHotplugEvent(int,int) 0000000100000001"}));
-    const QList<QJsonObject> changes = journalLines("phone", "setMemoryCard");
-    ASSERT_EQ(changes.size(), 2);
-    EXPECT_EQ(changes.at(0).value("args").toArray(), QJsonArray{false});
-    EXPECT_EQ(changes.at(1).value("args").toArray(), QJsonArray{true});
+    EXPECT_EQ(journalArgs("phone", "setMemoryCard"), (QList<QJsonArray>{{false}, {true}}));
 }
 
 TEST_F(HostMemoryCardTest, InsertedWithNothingAside_MakesAnEmptyCard)
