@@ -10,6 +10,7 @@
 #include "lists/MP_AufList.h"
 #include "lists/MP_RecentList.h"
 #include "tests/support/MainWindowFixture.h"
+#include "tests/support/PathList.h"
 #include "tests/support/SongBuilder.h"
 
 namespace {
@@ -66,6 +67,18 @@ TEST_F(MP_MainWindowListTest, ListRunningEmpty_QuitsThePlayer)
     EXPECT_EQ(journalLines("engine", "setPlayList").last().value("args").toArray(), QJsonArray{QJsonValue()});
     window->onCurrentItemChanged();
     EXPECT_EQ(journalLines("engine", "closePlayerWindow").size(), 1);
+}
+
+TEST_F(MP_MainWindowListTest, ListRunningDownToOneSong_PlaysOn)
+{
+    window->setList(new MP_AufList(), false, false, false, true, MP_LAUNCH_LIST);
+    // The engine plays a list of its own, with one song left in it.
+    PathList lastSong({QStringLiteral("/music/song1.mp3")});
+    window->commonPlayer()->setPlayList(&lastSong);
+    window->onCurrentItemChanged();
+    EXPECT_EQ(journalLines("engine", "notifyCurrentChanged").size(), 1);
+    EXPECT_TRUE(journalLines("engine", "closePlayerWindow").isEmpty());
+    window->commonPlayer()->setPlayList(window->currentList());
 }
 
 TEST_F(MP_MainWindowListTest, FreeCurrentList_SavesThePlayedSongsToTheHistory)
