@@ -212,12 +212,15 @@ TEST_F(MP_AufListTest, SetupMessages_ChangeTheModesOfTheirKindOfList)
     EXPECT_EQ(musicSpy.last(), (QList<QVariant>{1, false}));
     EXPECT_EQ(videoSpy.last(), (QList<QVariant>{0, false})) << "but still reports its modes";
 
+    send("MP_MSG_SETUP_CHANGE_SHUFFLE_MUSIC", 2);
+    EXPECT_EQ(music.shuffleMode(), 2) << "albums, the highest mode, is known";
+
     send("MP_MSG_SETUP_CHANGE_REPEAT_VIDEO", 1);
     EXPECT_TRUE(videos.isRepeat());
     EXPECT_FALSE(music.isRepeat());
 
     send("MP_MSG_SOMETHING_ELSE", 2);
-    EXPECT_EQ(musicSpy.last(), (QList<QVariant>{1, false}));
+    EXPECT_EQ(musicSpy.last(), (QList<QVariant>{2, false}));
     EXPECT_EQ(videoSpy.last(), (QList<QVariant>{0, true}));
 }
 
