@@ -1,16 +1,13 @@
 #pragma once
-// The deleter of an engine made with MP_CreateCommonPlayer: the engine
-// library that made it also frees it. makeHostEngine() makes the host's
-// engine that way, as the main window does.
+// The host's engine in an owning pointer with the library's own deleter
+// (MP_CommonPlayerRelease): makeHostEngine() makes it as the main window does.
 
 #include <memory>
 
 #include "host/engine/HostEngine.h"
 #include "platform/MP_CommonPlayer.h"
 
-struct EngineRelease {
-    void operator()(MP_CommonPlayer* engine) const { MP_DestroyCommonPlayer(engine); }
-};
+using EngineRelease = MP_CommonPlayerRelease;
 
 using HostEnginePtr = std::unique_ptr<HostEngine, EngineRelease>;
 

@@ -70,8 +70,7 @@ TEST_F(MetadataWriteAheadLogTest, TwoThousandSongsPlayed_TheLogStaysSmall)
         ids << addPlayable(number);
     // Gone in the main window's order: the client, the engine, the list.
     MP_AufList list;
-    std::unique_ptr<HostEngine, EngineRelease> engine(
-        static_cast<HostEngine*>(MP_CreateCommonPlayer(false, MP_LAUNCH_LIST)));
+    const HostEnginePtr engine = makeHostEngine();
     MP_MediafinderClient client(engine.get());
     client.setAufList(&list);
     engine->setPlayList(&list);
@@ -133,8 +132,7 @@ TEST_F(MetadataWriteAheadLogTest, PlayListPlayingWhileAnotherProgramChangesSongs
     const quint32 group = m_other->addGroup(METADATA_GROUP_USER, QStringLiteral("Mine"));
     ASSERT_TRUE(m_other->setGroupMembers(group, members));
     MP_AufList list(group, METADATA_GROUP_USER, 0, 0, QString());
-    std::unique_ptr<HostEngine, EngineRelease> engine(
-        static_cast<HostEngine*>(MP_CreateCommonPlayer(false, MP_LAUNCH_LIST)));
+    const HostEnginePtr engine = makeHostEngine();
     MP_MediafinderClient client(engine.get());
     client.setAufList(&list);
     engine->setPlayList(&list);
