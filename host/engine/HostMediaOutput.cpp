@@ -1,6 +1,7 @@
 #include "host/engine/HostMediaOutput.h"
 
 #include <QBoxLayout>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QAudioDevice>
 #include <QMediaDevices>
@@ -9,6 +10,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <utility>
 
 #include "host/engine/HostEngineOutputListener.h"
 #include "host/engine/HostVideoView.h"
@@ -53,6 +55,10 @@ QUrl urlOf(const QString& path)
     return QUrl::fromLocalFile(path);
 }
 
+// Long enough for any file on a busy machine; a stream that has not opened by
+// then is waiting for its server, and no decoder is being linked meanwhile.
+const int kOpeningWatchMilliseconds = 5000;
+
 } // namespace
 
 HostMediaOutput::HostMediaOutput(HostEngineOutputListener& listener, QWidget& videoArea)
@@ -69,6 +75,14 @@ HostMediaOutput::HostMediaOutput(HostEngineOutputListener& listener, QWidget& vi
     });
     connect(&m_player, &QMediaPlayer::mediaStatusChanged, this, &HostMediaOutput::mediaStatusChanged);
     connect(&m_player, &QMediaPlayer::errorOccurred, this, &HostMediaOutput::errorOccurred);
+    m_openingWatch.setSingleShot(true);
+    m_openingWatch.setInterval(kOpeningWatchMilliseconds);
+    connect(&m_openingWatch, &QTimer::timeout, this, [this] {
+        if (!m_opening)
+            return;
+        trace(3, "HostMediaOutput: %s has not opened; what waits goes ahead\n", qPrintable(m_player.source().fileName()));
+        openingEnded();
+    });
 }
 
 HostMediaOutput::~HostMediaOutput()
@@ -79,7 +93,33 @@ HostMediaOutput::~HostMediaOutput()
     delete m_video.data();
 }
 
+// Qt Multimedia's GStreamer player locks up when a new source or a seek
+// reaches it while the item before is still opening: the decoder's thread,
+// linking the outputs it found, waits for the pipeline that the caller holds,
+// and the caller waits for that thread's stream. A person pressing Next
+// quickly, or another program sending Next after Next, met it. So while an
+// item opens, the newest request waits and replaces any that waited before it.
 void HostMediaOutput::load(const QString& path, MP_CONTENT_TYPE type)
+{
+    if (m_opening) {
+        m_waitingItem = WaitingItem{path, type};
+        m_waitingPosition.reset();
+        return;
+    }
+    open(path, type);
+}
+
+void HostMediaOutput::unload()
+{
+    if (m_opening) {
+        m_waitingItem = WaitingItem{QString(), MP_CONTENT_UNKNOWN};
+        m_waitingPosition.reset();
+        return;
+    }
+    close();
+}
+
+void HostMediaOutput::open(const QString& path, MP_CONTENT_TYPE type)
 {
     const bool picture = type == MP_CONTENT_VIDEO && hasScreen();
     showPicture(picture);
@@ -87,15 +127,35 @@ void HostMediaOutput::load(const QString& path, MP_CONTENT_TYPE type)
     // found through the event loop, so a slow file or stream never blocks it.
     m_opening = true;
     m_restartedAfterEarlyEnd = false;
+    trace(5, "HostMediaOutput: opening %s\n", qPrintable(QFileInfo(path).fileName()));
     m_player.setSource(urlOf(path));
+    m_openingWatch.start();
     if (m_playing)
         m_player.play();
 }
 
-void HostMediaOutput::unload()
+void HostMediaOutput::close()
 {
     m_player.setSource(QUrl());
     showPicture(false);
+}
+
+void HostMediaOutput::openingEnded()
+{
+    m_opening = false;
+    m_openingWatch.stop();
+    if (m_waitingItem) {
+        const WaitingItem item = *std::exchange(m_waitingItem, std::nullopt);
+        if (item.path.isEmpty()) {
+            m_waitingPosition.reset();
+            close();
+        } else {
+            open(item.path, item.type);  // the waiting seek is for this item
+        }
+        return;
+    }
+    if (m_waitingPosition)
+        m_player.setPosition(*std::exchange(m_waitingPosition, std::nullopt));
 }
 
 void HostMediaOutput::setPlaying(bool playing)
@@ -111,6 +171,10 @@ void HostMediaOutput::setPlaying(bool playing)
 
 void HostMediaOutput::setPosition(int position)
 {
+    if (m_opening) {
+        m_waitingPosition = position;
+        return;
+    }
     m_player.setPosition(position);
 }
 
@@ -149,7 +213,8 @@ void HostMediaOutput::mediaStatusChanged(QMediaPlayer::MediaStatus status)
     case QMediaPlayer::LoadedMedia:
     case QMediaPlayer::BufferingMedia:
     case QMediaPlayer::BufferedMedia:
-        m_opening = false;
+        if (m_opening)
+            openingEnded();
         break;
     case QMediaPlayer::EndOfMedia:
         // Said where it ended, so that an end that comes early can be told
@@ -185,7 +250,13 @@ void HostMediaOutput::errorOccurred(QMediaPlayer::Error error, const QString& me
     if (error == QMediaPlayer::NoError)
         return;
     trace(1, "HostMediaOutput: %s: %s\n", qPrintable(m_player.source().toString()), qPrintable(message));
-    m_listener.outputFailed(message);
+    // An item that failed while another waited is not the engine's current
+    // item any more: the one that waited opens instead.
+    const bool superseded = m_waitingItem.has_value();
+    if (m_opening)
+        openingEnded();
+    if (!superseded)
+        m_listener.outputFailed(message);
 }
 
 void HostMediaOutput::showPicture(bool shown)

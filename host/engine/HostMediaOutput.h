@@ -7,11 +7,18 @@
 // device the decoder plays into nothing at real speed, and the trace says so
 // once. Under a platform without a screen (offscreen, minimal) no video
 // surface is made: the picture is decoded into nothing.
+//
+// While an item opens, a new item, an unload or a seek waits until the
+// player says the item opened, failed or never came (see load()): the newest
+// request is carried out then, and those it replaced never reach the player.
 
 #include <QAudioOutput>
 #include <QMediaPlayer>
 #include <QObject>
 #include <QPointer>
+#include <QTimer>
+
+#include <optional>
 
 #include "host/engine/HostEngineOutput.h"
 #include "host/engine/HostVideoView.h"
@@ -46,6 +53,16 @@ public:
     const HostVideoView* videoView() const { return m_video.data(); }
 
 private:
+    // What the engine asked for while an item was opening.
+    struct WaitingItem {
+        QString path;  // empty: unload
+        MP_CONTENT_TYPE type;
+    };
+
+    void open(const QString& path, MP_CONTENT_TYPE type);
+    void close();
+    /** The item being opened has opened, failed, or is given up: the waiting requests go ahead. */
+    void openingEnded();
     void positionChanged(qint64 position);
     void mediaStatusChanged(QMediaPlayer::MediaStatus status);
     /** Whether the player says the current item ended, and it never began. */
@@ -73,4 +90,10 @@ private:
     // The current item was started again once after an end before it began
     // (see mediaStatusChanged()).
     bool m_restartedAfterEarlyEnd = false;
+    std::optional<WaitingItem> m_waitingItem;
+    // A seek for the item that opens, or for the waiting item once it has opened.
+    std::optional<int> m_waitingPosition;
+    // Gives up waiting for an item that never finishes opening (a stream
+    // that does not answer), so that the next request is not held forever.
+    QTimer m_openingWatch;
 };

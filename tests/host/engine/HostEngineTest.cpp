@@ -18,9 +18,12 @@
 #include "clients/MP_PlayerListener.h"
 #include "host/engine/HostEngine.h"
 #include "host/engine/HostEngineClock.h"
+#include "host/engine/HostEngineOutputListener.h"
+#include "host/engine/HostMediaOutput.h"
 #include "host/platform/HostJournal.h"
 #include "platform/SETUP_SET_Manager.h"
 #include "platform/VmKbMainWidget.h"
+#include "tests/lists/TraceCapture.h"
 #include "tests/support/EngineRelease.h"
 #include "tests/support/Journal.h"
 #include "tests/support/PathList.h"
@@ -467,6 +470,47 @@ TEST_F(HostEngineTest, MediaOutput_AFileTheDecoderRefuses_IsAnErrorAndTheListMov
     engine->control().getErrorInfo(detail, message);
     EXPECT_EQ(message, "broken cannot be played.");
     EXPECT_FALSE(detail.isEmpty()) << "the decoder's own words";
+}
+
+// Hears what the media output says of the decoder.
+class OutputReports : public HostEngineOutputListener {
+public:
+    QList<int> durations;
+    QStringList failures;
+    void outputTimePassed(int) override {}
+    void outputPositionReached(int) override {}
+    void outputDurationFound(int duration) override { durations << duration; }
+    void outputEndReached() override {}
+    void outputFailed(const QString& message) override { failures << message; }
+};
+
+TEST_F(HostEngineTest, MediaOutput_ItemsAskedForWhileOneOpens_WaitAndOnlyTheNewestOpensNext)
+{
+    const QString first = writeWav("first.wav", 1500);
+    const QString second = writeWav("second.wav", 1200);
+    const QString third = writeWav("third.wav", 900);
+    const QString broken = writeFakeVideo("broken.mp4");
+    OutputReports reports;
+    QWidget videoArea;
+    HostMediaOutput output(reports, videoArea);
+    TraceCapture trace;
+    output.setPlaying(true);
+    output.load(first, MP_CONTENT_SOUND);
+    output.load(second, MP_CONTENT_SOUND);
+    output.setPosition(500);
+    output.load(third, MP_CONTENT_SOUND);
+    ASSERT_TRUE(waitUntil([&] { return reports.durations.contains(900); }, 10000));
+    // A failure of an item that another waits behind is not the engine's.
+    output.load(broken, MP_CONTENT_VIDEO);
+    output.load(first, MP_CONTENT_SOUND);
+    ASSERT_TRUE(waitUntil([&] { return reports.durations.count(1500) == 2; }, 10000));
+    QStringList opened;
+    for (const QByteArray& line : trace.text().split('\n')) {
+        if (line.contains("HostMediaOutput: opening "))
+            opened << QString::fromUtf8(line.mid(line.indexOf("opening ") + 8));
+    }
+    EXPECT_EQ(opened, QStringList({"first.wav", "third.wav", "broken.mp4", "first.wav"}));
+    EXPECT_EQ(reports.failures, QStringList());
 }
 
 TEST_F(HostEngineTest, MediaOutput_ARepeatedSingleItemPlaysAgainFromItsBeginning)
