@@ -8,6 +8,7 @@
 #include "platform/TextResources.h"
 #include "platform/TraceLog.h"
 #include "platform/UTIL_RepeatTimer.h"
+#include "screen/MP_MenuProperties.h"
 #include "screen/MP_UseBluetoothAction.h"
 #include "screen/MP_UseHandsetAction.h"
 #include "screen/MP_WindowClient.h"
@@ -16,8 +17,6 @@ MP_DEFINE_TRACE(BluetoothClientTrace, "MP_BluetoothClient")
 
 namespace {
 
-const int kUseBluetoothIndex = 1016;
-const int kUseHandsetIndex = 1017;
 
 enum KeyEventType { KeyPress = 1, KeyRelease = 2, KeyPressAndHold = 4 };
 
@@ -32,9 +31,11 @@ MP_BluetoothClient::MP_BluetoothClient(MP_CommonPlayer* player, MP_MainWindow* m
       m_mainWindow(mainWindow),
       m_windowClient(windowClient),
       m_useBluetoothAction(std::make_unique<MP_UseBluetoothAction>(
-          kUseBluetoothIndex, MP_tr("TXT_RID_OPTION_USE_BLUETOOTH", "Use Bluetooth"))),
+          // Both route items have the same id on every screen: one action
+          // each serves them all.
+          screenTable[0].useBTIndex, MP_tr("TXT_RID_OPTION_USE_BLUETOOTH", "Use Bluetooth"))),
       m_useHandsetAction(std::make_unique<MP_UseHandsetAction>(
-          kUseHandsetIndex, MP_tr("TXT_RID_OPTION_USE_HANDSET", "Use Handset")))
+          screenTable[0].useHSIndex, MP_tr("TXT_RID_OPTION_USE_HANDSET", "Use Handset")))
 {
     connect(m_keyChannel.get(), SIGNAL(received(const QCString&, const QByteArray&)), this,
             SLOT(handleBtKeyEvent(const QCString&, const QByteArray&)));

@@ -84,34 +84,28 @@ const MENUITEM_PROPERTY streamVideoMenuItems[8] = {
 // Screens 6 and 7 (download through a transfer session) share the menus of
 // the progressive-download screens 2 and 3.
 const SCREEN_PROPERTY screenTable[SCREEN_COUNT] = {
-    {1, 0, 1011, 1010, 1016, 1017, "sound_control"},
-    {2, 0, 2014, 2013, 1016, 1017, "video_control"},
-    {1, 2, -1, -1, 1016, 1017, "pd_sound"},
-    {2, 2, -1, -1, 1016, 1017, "pd_video"},
-    {1, 1, -1, -1, 1016, 1017, "stream_sound"},
-    {2, 1, -1, -1, 1016, 1017, "stream_video"},
-    {1, 3, -1, -1, 1016, 1017, "pd_sound"},
-    {2, 3, -1, -1, 1016, 1017, "pd_video"},
+    //                                     delete/remove  download   bookmark  playlist/ringtone/buy
+    {1, 0, 1011, 1010, 1016, 1017, "sound_control", {soundMenuItems, 18},
+     {1005, 1006, -1, -1, -1, -1, 1014, 1015, 1019}},
+    {2, 0, 2014, 2013, 1016, 1017, "video_control", {videoMenuItems, 19},
+     {2005, 2006, -1, -1, -1, -1, -1, -1, -1}},
+    {1, 2, -1, -1, 1016, 1017, "pd_sound", {pdSoundMenuItems, 4},
+     {-1, -1, 4001, 4004, -1, -1, -1, -1, -1}},
+    {2, 2, -1, -1, 1016, 1017, "pd_video", {pdVideoMenuItems, 4},
+     {-1, -1, 5001, 5004, -1, -1, -1, -1, -1}},
+    {1, 1, -1, -1, 1016, 1017, "stream_sound", {streamSoundMenuItems, 6},
+     {-1, -1, -1, -1, 6002, 6003, -1, -1, -1}},
+    {2, 1, -1, -1, 1016, 1017, "stream_video", {streamVideoMenuItems, 8},
+     {-1, -1, -1, -1, 7001, 7002, -1, -1, -1}},
+    {1, 3, -1, -1, 1016, 1017, "pd_sound", {pdSoundMenuItems, 4},
+     {-1, -1, 4001, 4004, -1, -1, -1, -1, -1}},
+    {2, 3, -1, -1, 1016, 1017, "pd_video", {pdVideoMenuItems, 4},
+     {-1, -1, 5001, 5004, -1, -1, -1, -1, -1}},
 };
 
 MENUITEM_TABLE menuItemsOfScreen(int screenIndex)
 {
-    switch (screenIndex) {
-    case 0:
-        return {soundMenuItems, 18};
-    case 1:
-        return {videoMenuItems, 19};
-    case 2:
-    case 6:
-        return {pdSoundMenuItems, 4};
-    case 3:
-    case 7:
-        return {pdVideoMenuItems, 4};
-    case 4:
-        return {streamSoundMenuItems, 6};
-    case 5:
-        return {streamVideoMenuItems, 8};
-    default:
+    if (screenIndex < 0 || screenIndex >= SCREEN_COUNT)
         return {nullptr, 0};
-    }
+    return screenTable[screenIndex].menuItems;
 }

@@ -34,11 +34,6 @@ const unsigned short kBlogBit = 149;
 const unsigned short kBookmarkBit = 492;
 const unsigned short kRingtoneCheckBit = 512;
 
-// Items of the local sound screen that depend on the file itself.
-const int kPlaylistItem = 1014;
-const int kRingtoneItem = 1015;
-const int kBuyMoreItem = 1019;
-
 bool readFlexBit(unsigned short bit)
 {
     // A failing read leaves the value as set here: a bit that is not set.
@@ -219,21 +214,10 @@ void MP_WindowClient::refreshItemRules()
     // the next song (a preloaded one, say) keeps the screen but not the rules.
     if (!m_optionsMenu || !isValidScreen(m_screenIndex))
         return;
-    switch (m_screenIndex) {
-    case 0:
-        checkDeleteOrRemoveMenuItem(1005, 1006);
-        refreshLocalSoundItems();
-        break;
-    case 1:
-        checkDeleteOrRemoveMenuItem(2005, 2006);
-        break;
-    case 4:
-        checkBookmarkMenuItem(6002, 6003);
-        break;
-    case 5:
-        checkBookmarkMenuItem(7001, 7002);
-        break;
-    }
+    const SCREEN_ITEM_IDS& items = screenTable[m_screenIndex].checkedItems;
+    checkDeleteOrRemoveMenuItem(items.deleteIndex, items.removeIndex);
+    refreshLocalSoundItems(items);
+    checkBookmarkMenuItem(items.editBookmarkIndex, items.saveBookmarkIndex);
 }
 
 void MP_WindowClient::hideDynamicItem(int index)
@@ -244,17 +228,21 @@ void MP_WindowClient::hideDynamicItem(int index)
     m_optionsMenu->setItemVisible(index, action && !action->getHided());
 }
 
-void MP_WindowClient::refreshLocalSoundItems()
+void MP_WindowClient::refreshLocalSoundItems(const SCREEN_ITEM_IDS& items)
 {
+    if (items.playlistIndex == -1 && items.buyMoreIndex == -1 && items.ringtoneIndex == -1)
+        return;
     const QString path = getCurrentFile();
     const bool isMedia = isMediaFile(path.toUtf8().constData()) != 0;
-    m_optionsMenu->setItemVisible(kBuyMoreItem, isMedia);
-    m_optionsMenu->setItemVisible(kPlaylistItem, isMedia);
-    if (m_ringtoneCheck) {
+    if (items.buyMoreIndex != -1)
+        m_optionsMenu->setItemVisible(items.buyMoreIndex, isMedia);
+    if (items.playlistIndex != -1)
+        m_optionsMenu->setItemVisible(items.playlistIndex, isMedia);
+    if (m_ringtoneCheck && items.ringtoneIndex != -1) {
         const bool canBeRingtone = STUFF_Global::instance()->canAsRingTone(path);
-        m_optionsMenu->setItemVisible(kRingtoneItem, canBeRingtone);
+        m_optionsMenu->setItemVisible(items.ringtoneIndex, canBeRingtone);
         if (canBeRingtone)
-            m_optionsMenu->setItemEnabled(kRingtoneItem, true);
+            m_optionsMenu->setItemEnabled(items.ringtoneIndex, true);
     }
 }
 
@@ -268,26 +256,11 @@ void MP_WindowClient::setupMenu()
     }
     const SCREEN_PROPERTY& screen = screenTable[m_screenIndex];
     m_optionsMenu->setMenu(m_menuParser.get(), QString::fromLatin1(screen.screenName));
-    const MENUITEM_TABLE table = menuItemsOfScreen(m_screenIndex);
-    setMenuTextAndSlot(table.items, table.count);
+    setMenuTextAndSlot(screen.menuItems.items, screen.menuItems.count);
     // The rules that depend on the item being played follow at every opening
     // (refreshItemRules).
-    switch (m_screenIndex) {
-    case 0:
-        checkBlogMenuItem(1010);
-        break;
-    case 1:
-        checkBlogMenuItem(2013);
-        break;
-    case 2:
-    case 6:
-        checkHideDownloadMenuItem(4001, 4004);
-        break;
-    case 3:
-    case 7:
-        checkHideDownloadMenuItem(5001, 5004);
-        break;
-    }
+    checkBlogMenuItem(screen.blogIndex);
+    checkHideDownloadMenuItem(screen.checkedItems.hideDownloadIndex, screen.checkedItems.downloadSetupIndex);
 }
 
 void MP_WindowClient::setMenuTextAndSlot(const MENUITEM_PROPERTY* table, int count)
@@ -302,13 +275,21 @@ void MP_WindowClient::setMenuTextAndSlot(const MENUITEM_PROPERTY* table, int cou
             // object is the whole MP_SlotAction around it.
             auto* slotAction = static_cast<MP_SlotAction*>(action);
             m_optionsMenu->changeItem(record.id, action->getText(), nullptr);
-            m_optionsMenu->connectItem(record.id, slotAction, "1onExecute()");
+            connectMenuItem(record.id, slotAction, "1onExecute()");
             continue;
         }
         m_optionsMenu->changeItem(record.id, MP_tr(record.textId, record.defaultText), nullptr);
         if (record.slot)
-            m_optionsMenu->connectItem(record.id, this, record.slot);
+            connectMenuItem(record.id, this, record.slot);
     }
+}
+
+void MP_WindowClient::connectMenuItem(int id, QObject* receiver, const char* slot)
+{
+    // A record whose command is not a slot of its receiver would leave an
+    // item that does nothing when chosen: said as an error.
+    if (!m_optionsMenu->connectItem(id, receiver, slot))
+        WindowClientTrace(1, "MP_WindowClient: item %d cannot run %s\n", id, slot + 1);
 }
 
 void MP_WindowClient::checkDeleteOrRemoveMenuItem(int deleteIndex, int removeIndex)
@@ -342,12 +323,16 @@ void MP_WindowClient::checkBlogMenuItem(int blogIndex)
 
 void MP_WindowClient::checkHideDownloadMenuItem(int hideIndex, int setupIndex)
 {
+    if (hideIndex == -1)
+        return;
     m_optionsMenu->setItemVisible(hideIndex, m_downloading);
     m_optionsMenu->setItemEnabled(setupIndex, !m_downloading);
 }
 
 void MP_WindowClient::checkBookmarkMenuItem(int editIndex, int saveIndex)
 {
+    if (editIndex == -1)
+        return;
     const bool bookmarksElsewhere = readFlexBit(kBookmarkBit);
     m_optionsMenu->setItemVisible(saveIndex, !bookmarksElsewhere);
     m_optionsMenu->setItemVisible(editIndex, !bookmarksElsewhere && hasBookmarkOfCurrentItem());
@@ -375,11 +360,9 @@ void MP_WindowClient::setDownloading(bool downloading)
     if (downloading == m_downloading)
         return;
     m_downloading = downloading;
-    if (m_optionsMenu) {
-        if (m_screenIndex == 2 || m_screenIndex == 6)
-            checkHideDownloadMenuItem(4001, 4004);
-        else if (m_screenIndex == 3 || m_screenIndex == 7)
-            checkHideDownloadMenuItem(5001, 5004);
+    if (m_optionsMenu && isValidScreen(m_screenIndex)) {
+        const SCREEN_ITEM_IDS& items = screenTable[m_screenIndex].checkedItems;
+        checkHideDownloadMenuItem(items.hideDownloadIndex, items.downloadSetupIndex);
     }
     updateRightKey();
 }

@@ -35,6 +35,7 @@ class VmOptionsMenu;
 class VmSoftKey;
 class menu;
 struct MENUITEM_PROPERTY;
+struct SCREEN_ITEM_IDS;
 
 class MP_WindowClient : public MP_AbstractClient {
     Q_OBJECT
@@ -137,8 +138,9 @@ private:
     void updateRightKey();
     void setupMenu();
     void refreshMenu();
-    void refreshLocalSoundItems();
+    void refreshLocalSoundItems(const SCREEN_ITEM_IDS& items);
     void setMenuTextAndSlot(const MENUITEM_PROPERTY* table, int count);
+    void connectMenuItem(int id, QObject* receiver, const char* slot);
     void checkDeleteOrRemoveMenuItem(int deleteIndex, int removeIndex);
     void checkBlogMenuItem(int blogIndex);
     void checkHideDownloadMenuItem(int hideIndex, int setupIndex);

@@ -4,6 +4,7 @@
 // share utility reports its own failures.
 
 #include "screen/MP_WindowClient.h"
+#include "screen/MP_MenuProperties.h"
 
 #include "platform/MP_CommonPlayer.h"
 #include "platform/TextResources.h"
@@ -17,9 +18,6 @@ MP_DEFINE_TRACE(WindowShareTrace, "MP_WindowClient")
 namespace {
 
 const int kInformationDialog = 2;
-// "Edit Bookmark" on the stream screens of sound and of video.
-const int kEditBookmarkSound = 6002;
-const int kEditBookmarkVideo = 7001;
 
 } // namespace
 
@@ -88,13 +86,11 @@ void MP_WindowClient::onMenuSaveBookmark()
     m_bookmarkSaved = true;
     m_bookmark = identity;
     m_bookmarkPath = path;
-    if (!m_optionsMenu)
+    if (!m_optionsMenu || m_screenIndex < 0 || m_screenIndex >= SCREEN_COUNT)
         return;
-    const int contentType = getCommonPlayer()->getContentType();
-    if (contentType == MP_CONTENT_SOUND)
-        m_optionsMenu->setItemVisible(kEditBookmarkSound, true);
-    else if (contentType == MP_CONTENT_VIDEO)
-        m_optionsMenu->setItemVisible(kEditBookmarkVideo, true);
+    const int editIndex = screenTable[m_screenIndex].checkedItems.editBookmarkIndex;
+    if (editIndex != -1)
+        m_optionsMenu->setItemVisible(editIndex, true);
 }
 
 void MP_WindowClient::onMenuBuyMore()

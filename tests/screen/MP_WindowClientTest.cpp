@@ -111,6 +111,12 @@ TEST_F(MP_WindowClientTest, MenuIsMadeOnceAndBuiltPerScreen)
     EXPECT_EQ(menu->menuName(), QStringLiteral("pd_sound"));
     open(MP_CONTENT_UNKNOWN, MP_MEDIUM_LOCAL);
     EXPECT_TRUE(menu->itemIds().isEmpty()) << "no screen, no items";
+    // Every item of every screen connects to a command the client has.
+    for (int content = MP_CONTENT_SOUND; content <= MP_CONTENT_VIDEO; ++content) {
+        for (int medium = MP_MEDIUM_LOCAL; medium <= MP_MEDIUM_TRANSFER_SESSION; ++medium)
+            EXPECT_FALSE(open(content, medium).itemIds().isEmpty()) << content << "/" << medium;
+    }
+    EXPECT_FALSE(traces.text().contains("cannot run")) << traces.text().constData();
 }
 
 TEST_F(MP_WindowClientTest, DeleteAndRemoveFollowTheItemThatPlaysAndTheList)

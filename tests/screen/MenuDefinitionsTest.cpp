@@ -156,6 +156,26 @@ TEST_F(MenuDefinitionsTest, TheItemsTheScreenTableNamesAreTheRightOnes)
         EXPECT_STREQ(textIdOf(screen, properties.blogIndex), local ? "TXT_RID_OPTION_BLOG" : "(no record)") << screen;
         EXPECT_EQ(properties.sdIndex == -1, !local) << screen;
         EXPECT_EQ(properties.blogIndex == -1, !local) << screen;
+        // The items decided for the playing item are the ones of this screen's kind.
+        const SCREEN_ITEM_IDS& items = properties.checkedItems;
+        const bool sound = properties.contentType == 1;
+        const bool download = properties.mediumType == 2 || properties.mediumType == 3;
+        const bool stream = properties.mediumType == 1;
+        const std::pair<int, std::pair<bool, const char*>> checked[] = {
+            {items.deleteIndex, {local, "TXT_RID_OPTION_DELETE"}},
+            {items.removeIndex, {local, "TXT_RID_OPTION_REMOVE"}},
+            {items.hideDownloadIndex, {download, "TXT_RID_OPTION_HIDE_DOWNLOAD"}},
+            {items.downloadSetupIndex, {download, "TXT_RID_OPTION_SETUP"}},
+            {items.editBookmarkIndex, {stream, "TXT_RID_OPTION_EDIT_BOOKMARK"}},
+            {items.saveBookmarkIndex, {stream, "TXT_RID_OPTION_SAVE_BOOKMARK"}},
+            {items.playlistIndex, {local && sound, "TXT_RID_OPTION_PLAYLIST"}},
+            {items.ringtoneIndex, {local && sound, "TXT_RID_OPTION_RINGTONE"}},
+            {items.buyMoreIndex, {local && sound, "TXT_RID_OPTION_BUY_MORE"}},
+        };
+        for (const auto& [id, expected] : checked) {
+            const auto& [present, textId] = expected;
+            EXPECT_STREQ(textIdOf(screen, id), present ? textId : "(no record)") << screen << ": " << textId;
+        }
     }
     // The transfer-session screens show the progressive-download menus.
     EXPECT_EQ(menuItemsOfScreen(6).items, menuItemsOfScreen(2).items);
