@@ -22,8 +22,8 @@
 
 #include "bench/BenchLibrarySize.h"
 #include "bench/SyntheticLibrary.h"
-#include "host/platform/media/MediaDatabase.h"
-#include "host/platform/media/SqliteTransaction.h"
+#include "host/platform/media/database/MediaDatabase.h"
+#include "host/platform/media/database/SqliteTransaction.h"
 #include "lists/MP_AufContext.h"
 #include "lists/MP_AufList.h"
 #include "platform/TraceLog.h"

@@ -26,9 +26,9 @@
 
 #include "bench/BenchLibrarySize.h"
 #include "bench/SyntheticLibrary.h"
-#include "host/platform/media/MediaDatabase.h"
-#include "host/platform/media/MediaSearchPlan.h"
-#include "host/platform/media/SqliteTransaction.h"
+#include "host/platform/media/database/MediaDatabase.h"
+#include "host/platform/media/database/MediaSearchPlan.h"
+#include "host/platform/media/database/SqliteTransaction.h"
 #include "platform/Metadata.h"
 
 namespace {

@@ -5,8 +5,8 @@
 
 #include <memory>
 
-#include "host/platform/media/MediaDatabase.h"
-#include "host/platform/media/SqliteTransaction.h"
+#include "host/platform/media/database/MediaDatabase.h"
+#include "host/platform/media/database/SqliteTransaction.h"
 
 namespace {
 QString wordAt(quint32 n)

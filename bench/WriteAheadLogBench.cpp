@@ -4,7 +4,7 @@
 // another program (a scanner) commits a song change every N songs: a new
 // song, and new tags for a song of the list and for one beside it. None of
 // these changes is one the playing list must handle, so the log starts over
-// whenever it passes 1 MiB (host/platform/media/MetadataConnection.h); the
+// whenever it passes 1 MiB (host/platform/media/metadata/MetadataConnection.h); the
 // counter "largest_wal_mb" is the largest the -wal file was after any song.
 // The event loop runs after every song, so the list hears of the changes.
 //
@@ -31,8 +31,8 @@
 #include "clients/MP_MediafinderClient.h"
 #include "host/engine/HostEngine.h"
 #include "host/engine/HostEngineClock.h"
-#include "host/platform/media/MediaDatabase.h"
-#include "host/platform/media/SqliteTransaction.h"
+#include "host/platform/media/database/MediaDatabase.h"
+#include "host/platform/media/database/SqliteTransaction.h"
 #include "lists/MP_AufContext.h"
 #include "lists/MP_AufList.h"
 #include "lists/MP_RecentList.h"

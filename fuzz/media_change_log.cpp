@@ -21,7 +21,7 @@
 
 #include "fuzz/support/FuzzCheck.h"
 #include "fuzz/support/FuzzInput.h"
-#include "host/platform/media/MediaEntryChangeReader.h"
+#include "host/platform/media/database/MediaEntryChangeReader.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {

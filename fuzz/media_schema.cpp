@@ -21,8 +21,8 @@
 #include <memory>
 
 #include "fuzz/support/FuzzCheck.h"
-#include "host/platform/media/MediaDatabase.h"
-#include "host/platform/media/MediaDatabaseSchema.h"
+#include "host/platform/media/database/MediaDatabase.h"
+#include "host/platform/media/database/MediaDatabaseSchema.h"
 
 namespace {
 

@@ -10,7 +10,7 @@
 #include <cstdio>
 
 #include "host/engine/HostEngineClock.h"
-#include "host/platform/media/MediaDatabase.h"
+#include "host/platform/media/database/MediaDatabase.h"
 #include "host/platform/toolkit/HostDialogs.h"
 #include "platform/TraceLog.h"
 #include "tests/support/SongBuilder.h"

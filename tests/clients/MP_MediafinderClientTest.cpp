@@ -11,7 +11,7 @@
 
 #include "host/engine/HostEngine.h"
 #include "host/engine/HostEngineClock.h"
-#include "host/platform/media/MediaDatabase.h"
+#include "host/platform/media/database/MediaDatabase.h"
 #include "lists/MP_AufList.h"
 #include "lists/MP_RecentList.h"
 #include "platform/QCopChannel.h"

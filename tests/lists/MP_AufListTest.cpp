@@ -11,7 +11,7 @@
 #include <memory>
 #include <utility>
 
-#include "host/platform/media/MediaDatabase.h"
+#include "host/platform/media/database/MediaDatabase.h"
 #include "lists/MP_AufContext.h"
 #include "platform/QCopChannel.h"
 #include "tests/support/Payload.h"

@@ -4,7 +4,7 @@
 
 #include <memory>
 
-#include "host/platform/media/MediaDatabase.h"
+#include "host/platform/media/database/MediaDatabase.h"
 #include "lists/MP_AufSearchCondition.h"
 #include "platform/Metadata.h"
 #include "tests/lists/TraceCapture.h"

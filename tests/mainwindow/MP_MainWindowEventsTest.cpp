@@ -9,7 +9,7 @@
 #include <memory>
 
 #include "host/platform/HostJournal.h"
-#include "host/platform/media/MediaDatabase.h"
+#include "host/platform/media/database/MediaDatabase.h"
 #include "lists/MP_AufContext.h"
 #include "lists/MP_AufList.h"
 #include "platform/MP_CommonPlayer.h"

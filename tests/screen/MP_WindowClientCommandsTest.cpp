@@ -10,7 +10,7 @@
 
 #include <memory>
 
-#include "host/platform/media/MediaDatabase.h"
+#include "host/platform/media/database/MediaDatabase.h"
 #include "host/platform/toolkit/HostDialogs.h"
 #include "host/platform/toolkit/HostTranslations.h"
 #include "lists/MP_AufContext.h"

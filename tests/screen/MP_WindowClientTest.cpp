@@ -8,7 +8,7 @@
 
 #include <memory>
 
-#include "host/platform/media/MediaDatabase.h"
+#include "host/platform/media/database/MediaDatabase.h"
 #include "host/platform/phone/HostPhone.h"
 #include "host/platform/phone/HostStorage.h"
 #include "host/platform/services/HostDownloadManager.h"

@@ -9,7 +9,7 @@
 #include <QJsonDocument>
 
 #include "host/platform/HostJournal.h"
-#include "host/platform/media/MediaDatabase.h"
+#include "host/platform/media/database/MediaDatabase.h"
 #include "host/platform/toolkit/HostTranslations.h"
 #include "host/platform/services/HostBookmarkStore.h"
 #include "lists/MP_AufContext.h"

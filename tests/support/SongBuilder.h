@@ -7,7 +7,7 @@
 #include <QFileInfo>
 #include <QString>
 
-#include "host/platform/media/MediaRecord.h"
+#include "host/platform/media/database/MediaRecord.h"
 
 class SongBuilder {
 public:

@@ -2,7 +2,7 @@
 
 #include <QFileInfo>
 
-#include "host/platform/media/MediaFileLookup.h"
+#include "host/platform/media/metadata/MediaFileLookup.h"
 #include "host/platform/phone/HostStorage.h"
 
 STUFF_Global* STUFF_Global::instance()

@@ -1,6 +1,6 @@
 #include "host/tools/mp-mpris/DatabaseTrackLookup.h"
 
-#include "host/platform/media/MediaFileLookup.h"
+#include "host/platform/media/metadata/MediaFileLookup.h"
 
 std::optional<MediaRecord> DatabaseTrackLookup::find(const QString& path) const
 {

@@ -14,7 +14,7 @@
 
 #include <optional>
 
-#include "host/platform/media/MediaRecord.h"
+#include "host/platform/media/database/MediaRecord.h"
 #include "platform/Qt2Compat.h"
 
 class PlaySettings;

@@ -6,7 +6,7 @@
 
 #include <optional>
 
-#include "host/platform/media/MediaRecord.h"
+#include "host/platform/media/database/MediaRecord.h"
 
 class TrackLookup {
 public:

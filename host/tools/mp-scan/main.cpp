@@ -10,8 +10,8 @@
 #include <cstdio>
 
 #include "ScanProgress.h"
-#include "host/platform/media/MediaDatabase.h"
-#include "host/platform/media/MediaScanner.h"
+#include "host/platform/media/database/MediaDatabase.h"
+#include "host/platform/media/scanner/MediaScanner.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 // play, also on the first launch, where the library asks for no screen.
 
 #include "host/engine/HostEngine.h"
-#include "host/platform/media/MediaDatabase.h"
+#include "host/platform/media/database/MediaDatabase.h"
 #include "tests/support/MainWindowFixture.h"
 #include "tests/support/SongBuilder.h"
 

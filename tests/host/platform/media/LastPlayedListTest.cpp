@@ -6,8 +6,8 @@
 
 #include <cstring>
 
-#include "host/platform/media/MediaDatabase.h"
-#include "host/platform/media/SqliteTransaction.h"
+#include "host/platform/media/database/MediaDatabase.h"
+#include "host/platform/media/database/SqliteTransaction.h"
 #include "platform/Metadata.h"
 #include "tests/support/TestEnvironment.h"
 

@@ -5,7 +5,7 @@
 
 #include <QJsonArray>
 
-#include "host/platform/media/MediaDatabase.h"
+#include "host/platform/media/database/MediaDatabase.h"
 #include "platform/Metadata.h"
 #include "tests/support/TestEnvironment.h"
 

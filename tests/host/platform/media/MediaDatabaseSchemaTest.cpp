@@ -1,5 +1,5 @@
 #include "tests/support/ProjectProgram.h"
-#include "host/platform/media/MediaDatabaseSchema.h"
+#include "host/platform/media/database/MediaDatabaseSchema.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 #include <QFile>
 #include <QStringList>
 
-#include "host/platform/media/MediaDatabase.h"
+#include "host/platform/media/database/MediaDatabase.h"
 #include "platform/Metadata.h"
 #include "tests/support/SongBuilder.h"
 #include "tests/support/TestEnvironment.h"

@@ -1,4 +1,4 @@
-#include "host/platform/media/MediaDatabase.h"
+#include "host/platform/media/database/MediaDatabase.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "host/platform/phone/HostPhone.h"
-#include "host/platform/media/SqliteTransaction.h"
+#include "host/platform/media/database/SqliteTransaction.h"
 #include "platform/Metadata.h"
 #include "tests/support/TestEnvironment.h"
 

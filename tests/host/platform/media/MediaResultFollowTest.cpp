@@ -13,9 +13,9 @@
 #include <cstring>
 #include <vector>
 
-#include "host/platform/media/MediaDatabase.h"
-#include "host/platform/media/MediaSearchPlan.h"
-#include "host/platform/media/SqliteTransaction.h"
+#include "host/platform/media/database/MediaDatabase.h"
+#include "host/platform/media/database/MediaSearchPlan.h"
+#include "host/platform/media/database/SqliteTransaction.h"
 #include "tests/support/SongBuilder.h"
 #include "tests/support/TestEnvironment.h"
 

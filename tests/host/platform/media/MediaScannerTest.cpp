@@ -1,4 +1,4 @@
-#include "host/platform/media/MediaScanner.h"
+#include "host/platform/media/scanner/MediaScanner.h"
 
 #include <gtest/gtest.h>
 
@@ -19,7 +19,7 @@
 #include <string>
 
 #include "host/platform/phone/HostStorage.h"
-#include "host/platform/media/MediaDatabase.h"
+#include "host/platform/media/database/MediaDatabase.h"
 #include "tests/support/TestEnvironment.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "host/platform/media/MediaBackup.h"
+#include "host/platform/media/database/MediaBackup.h"
 
 #include <gtest/gtest.h>
 

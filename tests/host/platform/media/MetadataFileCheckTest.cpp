@@ -4,7 +4,7 @@
 
 #include <QFile>
 
-#include "host/platform/media/MediaDatabase.h"
+#include "host/platform/media/database/MediaDatabase.h"
 #include "lists/MP_AufContext.h"
 #include "platform/Metadata.h"
 #include "tests/support/SongBuilder.h"

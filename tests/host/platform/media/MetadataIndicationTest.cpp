@@ -4,7 +4,7 @@
 
 #include <QFile>
 
-#include "host/platform/media/SqliteTransaction.h"
+#include "host/platform/media/database/SqliteTransaction.h"
 #include "tests/host/platform/media/MetadataTestLibrary.h"
 
 namespace {

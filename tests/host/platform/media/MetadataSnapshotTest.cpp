@@ -7,8 +7,8 @@
 #include <QMap>
 #include <QSet>
 
-#include "host/platform/media/MediaDatabase.h"
-#include "host/platform/media/SqliteTransaction.h"
+#include "host/platform/media/database/MediaDatabase.h"
+#include "host/platform/media/database/SqliteTransaction.h"
 #include "lists/MP_AufContext.h"
 #include "lists/MP_AufList.h"
 #include "tests/support/SongBuilder.h"

@@ -9,7 +9,7 @@
 #include <memory>
 #include <vector>
 
-#include "host/platform/media/MediaDatabase.h"
+#include "host/platform/media/database/MediaDatabase.h"
 #include "platform/Metadata.h"
 #include "tests/support/TestEnvironment.h"
 

@@ -9,7 +9,7 @@
 #include <unistd.h>
 
 #include "host/platform/HostDataDir.h"
-#include "host/platform/media/MediaDatabase.h"
+#include "host/platform/media/database/MediaDatabase.h"
 #include "platform/Metadata.h"
 #include "tests/lists/TraceCapture.h"
 #include "tests/support/SongBuilder.h"

@@ -1,7 +1,7 @@
 // A statement that does not prepare fails where it is used, and never hands
 // SQLite a null statement.
 
-#include "host/platform/media/SqliteStatement.h"
+#include "host/platform/media/database/SqliteStatement.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,7 @@
 #include <QFile>
 #include <QJsonArray>
 
-#include "host/platform/media/MediaDatabase.h"
+#include "host/platform/media/database/MediaDatabase.h"
 #include "host/platform/phone/HostProfileFile.h"
 #include "host/platform/phone/HostStorage.h"
 #include "platform/Metadata.h"

@@ -1,3 +1,0 @@
-#include "host/platform/media/MetadataLog.h"
-
-Q_LOGGING_CATEGORY(lcMetadata, "mp.host.metadata")

@@ -1,0 +1,3 @@
+#include "host/platform/media/database/MetadataLog.h"
+
+Q_LOGGING_CATEGORY(lcMetadata, "mp.host.metadata")

@@ -1,0 +1,73 @@
+#include "host/platform/media/metadata/MetadataClients.h"
+
+#include "host/platform/media/database/MediaDatabase.h"
+#include "host/platform/media/metadata/MetadataConnection.h"
+
+MetadataClients& MetadataClients::instance()
+{
+    static MetadataClients clients;
+    return clients;
+}
+
+MetadataClients::MetadataClients() = default;
+MetadataClients::~MetadataClients() = default;
+
+const QString& MetadataClients::databaseFile()
+{
+    // The variables HostDataDir reads the data folder from.
+    const QByteArray environment = qgetenv("MP_DATA_DIR") + '\0' + qgetenv("XDG_DATA_HOME") + '\0' + qgetenv("HOME");
+    if (m_databaseFile.isEmpty() || environment != m_dataDirEnvironment) {
+        m_dataDirEnvironment = environment;
+        m_databaseFile = MediaDatabase::defaultFile();
+    }
+    return m_databaseFile;
+}
+
+unsigned int MetadataClients::open()
+{
+    std::unique_ptr<MediaDatabase> database = MediaDatabase::open(databaseFile());
+    if (!database)
+        return 0;
+    const unsigned int handle = ++m_lastHandle;
+    m_connections[handle] = std::make_unique<MetadataConnection>(handle, std::move(database));
+    return handle;
+}
+
+bool MetadataClients::close(unsigned int handle)
+{
+    const auto found = m_connections.find(handle);
+    if (found == m_connections.end())
+        return false;
+    // Out of the map before it goes: its destructor may reach back here.
+    const std::unique_ptr<MetadataConnection> closing = std::move(found->second);
+    m_connections.erase(found);
+    return true;
+}
+
+MetadataConnection* MetadataClients::connection(unsigned int handle)
+{
+    const auto found = m_connections.find(handle);
+    if (found == m_connections.end() || !found->second->readerOn(databaseFile()))
+        return nullptr;
+    return found->second.get();
+}
+
+MediaDatabase* MetadataClients::database(unsigned int handle)
+{
+    const auto found = m_connections.find(handle);
+    return found == m_connections.end() ? nullptr : found->second->readerOn(databaseFile());
+}
+
+MediaDatabase* MetadataClients::writer(unsigned int handle)
+{
+    const auto found = m_connections.find(handle);
+    return found == m_connections.end() ? nullptr : found->second->writerOn(databaseFile());
+}
+
+MediaDatabase* MetadataClients::ownDatabase()
+{
+    const QString& file = databaseFile();
+    if (!m_ownDatabase || m_ownDatabase->fileName() != file)
+        m_ownDatabase = MediaDatabase::open(file);
+    return m_ownDatabase.get();
+}
