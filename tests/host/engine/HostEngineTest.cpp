@@ -3,6 +3,8 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QLabel>
+#include <QTcpServer>
+#include <QTcpSocket>
 
 #include <gtest/gtest.h>
 
@@ -477,10 +479,12 @@ class OutputReports : public HostEngineOutputListener {
 public:
     QList<int> durations;
     QStringList failures;
+    int lastPosition = 0;
+    int ends = 0;
     void outputTimePassed(int) override {}
-    void outputPositionReached(int) override {}
+    void outputPositionReached(int position) override { lastPosition = position; }
     void outputDurationFound(int duration) override { durations << duration; }
-    void outputEndReached() override {}
+    void outputEndReached() override { ++ends; }
     void outputFailed(const QString& message) override { failures << message; }
 };
 
@@ -511,6 +515,43 @@ TEST_F(HostEngineTest, MediaOutput_ItemsAskedForWhileOneOpens_WaitAndOnlyTheNewe
     }
     EXPECT_EQ(opened, QStringList({"first.wav", "third.wav", "broken.mp4", "first.wav"}));
     EXPECT_EQ(reports.failures, QStringList());
+}
+
+// A stream is fetched by the decoder itself: here from a web server of the
+// test's own, which answers every request with the song.
+TEST_F(HostEngineTest, MediaOutput_AStreamOverHttpPlaysToItsEnd)
+{
+    QFile song(writeWav("tone.wav", 1200));
+    ASSERT_TRUE(song.open(QIODevice::ReadOnly));
+    const QByteArray body = song.readAll();
+    QTcpServer server;
+    ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
+    QList<QByteArray> requests;
+    QObject::connect(&server, &QTcpServer::newConnection, [&] {
+        QTcpSocket* socket = server.nextPendingConnection();
+        QObject::connect(socket, &QTcpSocket::readyRead, socket, [&, socket] {
+            const QByteArray request = socket->peek(4096);
+            if (!request.contains("\r\n\r\n"))
+                return;
+            requests << request.left(request.indexOf("\r\n"));
+            socket->readAll();
+            socket->write("HTTP/1.0 200 OK\r\nContent-Type: audio/x-wav\r\nContent-Length: "
+                          + QByteArray::number(body.size()) + "\r\n\r\n" + body);
+            socket->disconnectFromHost();
+        });
+        QObject::connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
+    });
+    OutputReports reports;
+    QWidget videoArea;
+    HostMediaOutput output(reports, videoArea);
+    output.setPlaying(true);
+    output.load(QStringLiteral("http://127.0.0.1:%1/radio/tone.wav").arg(server.serverPort()), MP_CONTENT_SOUND);
+    ASSERT_TRUE(waitUntil([&] { return reports.ends > 0 || !reports.failures.isEmpty(); }, 10000));
+    EXPECT_EQ(reports.failures, QStringList());
+    EXPECT_EQ(reports.ends, 1);
+    EXPECT_GE(reports.lastPosition, 1000) << "it played the song through";
+    ASSERT_FALSE(requests.isEmpty());
+    EXPECT_EQ(requests.first(), "GET /radio/tone.wav HTTP/1.1");
 }
 
 TEST_F(HostEngineTest, MediaOutput_ARepeatedSingleItemPlaysAgainFromItsBeginning)
