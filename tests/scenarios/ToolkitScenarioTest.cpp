@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/scenarios/ScenarioRun.h"
+#include "tests/support/Payload.h"
 
 namespace {
 
@@ -44,11 +45,11 @@ TEST(ToolkitScenarioTest, PhoneCommands_EachReachesThePhoneOrThePlayer)
                             "Album=Paper Boats", "isAllGenre=1", "isAllComposer=1", "StorageLocation=2"}),
               0)
         << qPrintable(scenario.errorOutput());
-    EXPECT_TRUE(scenario.errorOutput().contains("phone_commands.mps:20: the player quit"))
+    EXPECT_TRUE(scenario.errorOutput().contains("phone_commands.mps:23: the player quit"))
         << qPrintable(scenario.errorOutput());
     const QStringList kept{"phone", "app", "control", "display:beginSession", "display:endSession",
-                           "engine:flipClosed", "engine:closePlayerWindow", "report:SetupKeyEvent", "VEMO/KeyEvent",
-                           "VEMO/System"};
+                           "engine:flipClosed", "engine:closePlayerWindow", "engine:showPlayer", "report:SetupKeyEvent",
+                           "VEMO/KeyEvent", "VEMO/System", "VEMO/HSFRAMEWORK"};
     QStringList story;
     for (const QJsonObject& line : scenario.journal()) {
         const QString kind = line.value("kind").toString();
@@ -59,6 +60,8 @@ TEST(ToolkitScenarioTest, PhoneCommands_EachReachesThePhoneOrThePlayer)
         else if (kept.contains(channel))
             story << channel + ' ' + line.value("message").toString() + ' ' + line.value("data").toString();
     }
+    // A new theme restarts the idle screen's plug-in, which draws with the style it started with.
+    const QString idlePlugin = QString::fromStdString(payloadHex(QStringLiteral("IdleMusicPlayer")));
     EXPECT_EQ(story.join('\n').toStdString(),
               QStringList({"phone:setFlipStatus [1]", "display:beginSession []", "control:requestUpdate [\"listener\"]",
                            "control:next []", "phone:setFlipStatus [0]", "display:endSession []",
@@ -66,10 +69,14 @@ TEST(ToolkitScenarioTest, PhoneCommands_EachReachesThePhoneOrThePlayer)
                            "phone:setPhoneLockStatus [1]", "phone:setPhoneLockStatus [0]",
                            "phone:setBluetoothPower [true]", "phone:setBluetoothLink [\"mono\"]",
                            "phone:setBluetoothPower [false]", "phone:setBluetoothLink [\"none\"]",
-                           "report:SetupKeyEvent [16387,false]", "engine:closePlayerWindow []",
+                           "report:SetupKeyEvent [16387,false]", "VEMO/System applyStyle() ",
+                           "VEMO/HSFRAMEWORK deactivePlugIn() " + idlePlugin,
+                           "VEMO/HSFRAMEWORK activePlugIn() " + idlePlugin, "app:clickAppIcon []",
+                           "engine:showPlayer []", "VEMO/HSFRAMEWORK activePlugIn() " + idlePlugin,
+                           "engine:closePlayerWindow []",
                            "app:askReturnToIdle [-5000]", "engine:flipClosed []", "engine:closePlayerWindow []",
                            "phone:setMemoryCard [false]", "VEMO/System cardHotplugEvent(int,int) 0000000100000000",
-                           "engine:closePlayerWindow []"})
+                           "engine:closePlayerWindow []", "VEMO/HSFRAMEWORK deactivePlugIn() " + idlePlugin})
                   .join('\n')
                   .toStdString());
 }

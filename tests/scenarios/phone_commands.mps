@@ -1,7 +1,8 @@
 # The phone's events, one script command each, while an album plays: the flip
 # and the external display, a return-to-idle request, a key, the phone lock,
-# the Bluetooth radio and headset link, a setup key, hiding, the end key, and
-# last the memory card, whose removal ends the player.
+# the Bluetooth radio and headset link, a setup key, a new theme, the
+# application icon, hiding, the end key, and last the memory card, whose
+# removal ends the player.
 clock manual
 advance 1000
 flip closed
@@ -15,6 +16,8 @@ bt power on
 bt link mono
 bt power off
 setupkey 0x4003 released
+theme
+appicon
 hide
 endkey
 card remove
