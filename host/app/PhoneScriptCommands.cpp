@@ -4,9 +4,9 @@
 
 #include "host/app/PlayerSession.h"
 #include "host/app/ScriptArguments.h"
-#include "host/app/ScriptWords.h"
 #include "host/engine/HostEngine.h"
 #include "host/platform/phone/HostMemoryCard.h"
+#include "host/words/ScriptWords.h"
 #include "platform/PhoneServices.h"
 #include "platform/QCopChannel.h"
 #include "platform/StreamEncoding.h"
