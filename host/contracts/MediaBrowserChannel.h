@@ -20,7 +20,7 @@ constexpr char kExited[] = "MediaplayerExited()";
 constexpr char kState[] = "NowplayingState(int)";
 /** A song of a library selection starts: its path, its position in the
  *  list, and the selection's artist, album, genre and composer (a null
- *  string for one that is not part of the selection). */
+ *  string for one that the selection does not name). */
 constexpr char kSystemItem[] = "NowPlayingSystemItem(QString, int, QString, QString, QString, QString)";
 /** A song of a play list starts: its path, its position and the play list's group id. */
 constexpr char kGroupItem[] = "NowplayingGroupItem(QString, int, int)";
