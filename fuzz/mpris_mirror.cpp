@@ -18,6 +18,9 @@
 #include <optional>
 
 #include "fuzz/support/FuzzCheck.h"
+#include "host/contracts/IdleScreenChannel.h"
+#include "host/contracts/MediaBrowserChannel.h"
+#include "host/contracts/SetupChangeChannel.h"
 #include "host/tools/mp-mpris/PlaySettings.h"
 #include "host/tools/mp-mpris/PlayerMirror.h"
 #include "host/tools/mp-mpris/TrackLookup.h"
@@ -61,8 +64,8 @@ std::optional<QByteArray> take(const uint8_t* data, size_t size, size_t& at, siz
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
-    static const char* const channels[] = {PlayerMirror::kIdleChannel, PlayerMirror::kBrowserChannel,
-                                           PlayerMirror::kSetupChannel};
+    static const char* const channels[] = {IdleScreenChannel::kChannel, MediaBrowserChannel::kNewsChannel,
+                                           SetupChangeChannel::kChannel};
     const EveryPathStored tracks;
     MemorySettings settings;
     PlayerMirror mirror(tracks, settings);

@@ -23,6 +23,8 @@
 
 #include "fuzz/support/FuzzCheck.h"
 #include "fuzz/support/FuzzInput.h"
+#include "host/contracts/IdleScreenChannel.h"
+#include "host/contracts/MediaBrowserChannel.h"
 #include "host/tools/mp-mpris/PlaySettings.h"
 #include "host/tools/mp-mpris/PlayerMirror.h"
 #include "host/tools/mp-mpris/PlayerRequests.h"
@@ -68,16 +70,15 @@ class RequestCheck {
 public:
     void operator()(const QCString& request, const QByteArray& data)
     {
-        static const char* const known[] = {"/MP/Idle/Req/Play",      "/MP/Idle/Req/Pause",     "/MP/Idle/Req/Next",
-                                            "/MP/Idle/Req/Prev",      "/MP/Idle/Req/Shuffle",   "/MP/Idle/Req/Repeat",
-                                            "/MP/Idle/Req/Restore",   "/MP/Idle/Req/Quit",      "/MP/Idle/Req/Seek/END",
-                                            "/MP/Idle/Req/Seek/Forth", "/MP/Idle/Req/Seek/BACK"};
+        using namespace IdleScreenChannel;
+        static const char* const known[] = {kPlay,    kPause,   kNext,     kPrev,      kShuffle, kRepeat,
+                                            kRestore, kQuit,    kSeekEnd,  kSeekForth, kSeekBack};
         bool isKnown = false;
         for (const char* name : known)
             isKnown = isKnown || request == name;
         fuzzCheck(isKnown && present);
-        const bool isSeek = request.startsWith("/MP/Idle/Req/Seek/") && request != "/MP/Idle/Req/Seek/END";
-        fuzzCheck(!seekOpen || request == "/MP/Idle/Req/Seek/END");  // a seek's end follows it at once
+        const bool isSeek = request == kSeekForth || request == kSeekBack;
+        fuzzCheck(!seekOpen || request == kSeekEnd);  // a seek's end follows it at once
         seekOpen = isSeek;
         if (isSeek) {
             QDataStream stream(data);
@@ -125,14 +126,15 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
             requests.setShuffle(input.takeByte() & 1);
             break;
         case 4:
-            mirror.receive(PlayerMirror::kIdleChannel, "/MP/Idle/Info/TotalTime", timeText(input.takeUint16()));
+            mirror.receive(IdleScreenChannel::kChannel, IdleScreenChannel::kTotalTime, timeText(input.takeUint16()));
             break;
         case 5:
-            mirror.receive(PlayerMirror::kIdleChannel, "/MP/Idle/Info/ElapsedTime", timeText(input.takeUint16()));
+            mirror.receive(IdleScreenChannel::kChannel, IdleScreenChannel::kElapsedTime, timeText(input.takeUint16()));
             break;
         case 6:
-            mirror.receive(PlayerMirror::kBrowserChannel,
-                           input.takeByte() & 1 ? "MediaplayerStarted()" : "MediaplayerExited()", QByteArray());
+            mirror.receive(MediaBrowserChannel::kNewsChannel,
+                           input.takeByte() & 1 ? MediaBrowserChannel::kStarted : MediaBrowserChannel::kExited,
+                           QByteArray());
             break;
         default:
             requests.play();

@@ -17,8 +17,8 @@
 
 #include "fuzz/support/FuzzCheck.h"
 #include "host/app/DisplayCommandParser.h"
-#include "host/app/PayloadBuilder.h"
-#include "host/app/ScriptWords.h"
+#include "host/words/PayloadBuilder.h"
+#include "host/words/ScriptWords.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "host/app/AppOptions.h"
 
-#include "host/app/ScriptWords.h"
+#include "host/words/ScriptWords.h"
 
 namespace {
 bool takeValue(const QStringList& arguments, int& index, QString* value, QString* error)

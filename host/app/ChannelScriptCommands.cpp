@@ -7,8 +7,8 @@
 #include <cstdio>
 
 #include "host/app/ScriptArguments.h"
-#include "host/app/ScriptWords.h"
 #include "host/platform/channels/QCopBus.h"
+#include "host/words/ScriptWords.h"
 #include "platform/QCopChannel.h"
 
 void ChannelScriptCommands::addTo(ScriptCommandTable& table)

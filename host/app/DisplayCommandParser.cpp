@@ -2,7 +2,7 @@
 
 #include <limits>
 
-#include "host/app/ScriptWords.h"
+#include "host/words/ScriptWords.h"
 
 namespace {
 

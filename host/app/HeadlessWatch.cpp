@@ -2,9 +2,9 @@
 
 #include "host/app/AppOptions.h"
 #include "host/app/PlayerSession.h"
-#include "host/app/ScriptWords.h"
 #include "host/engine/HostEngine.h"
 #include "host/platform/toolkit/HostDialogs.h"
+#include "host/words/ScriptWords.h"
 #include "lists/MP_ListInterface.h"
 #include "platform/MP_CommonPlayer.h"
 

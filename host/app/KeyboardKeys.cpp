@@ -6,8 +6,8 @@
 #include <QWidget>
 
 #include "host/app/PlayerSession.h"
+#include "host/contracts/KeyEventChannel.h"
 #include "host/engine/HostEngine.h"
-#include "platform/PhoneServices.h"
 #include "platform/QCopChannel.h"
 #include "platform/StreamEncoding.h"
 #include "platform/VmKbMainWidget.h"
@@ -15,10 +15,6 @@
 namespace {
 
 using Kind = KeyboardKeys::PhoneKey::Kind;
-
-// Key types of "keyMsg(int,int)".
-const int kKeyDown = 1;
-const int kKeyUp = 2;
 
 } // namespace
 
@@ -47,19 +43,19 @@ std::optional<KeyboardKeys::PhoneKey> KeyboardKeys::phoneKeyOf(int qtKey)
     case Qt::Key_T:
         return PhoneKey{Kind::SetupKey, 0x4006};
     case Qt::Key_J:
-        return PhoneKey{Kind::ChannelKey, 0x1048};
+        return PhoneKey{Kind::ChannelKey, KeyEventChannel::kJumpKey};
     case Qt::Key_MediaTogglePlayPause:
     case Qt::Key_MediaPlay:
     case Qt::Key_MediaPause:
-        return PhoneKey{Kind::ChannelKey, 0x1050};
+        return PhoneKey{Kind::ChannelKey, KeyEventChannel::kPlayKey};
     case Qt::Key_MediaNext:
-        return PhoneKey{Kind::ChannelKey, 0x1055};
+        return PhoneKey{Kind::ChannelKey, KeyEventChannel::kNextKey};
     case Qt::Key_MediaPrevious:
-        return PhoneKey{Kind::ChannelKey, 0x1056};
+        return PhoneKey{Kind::ChannelKey, KeyEventChannel::kPreviousKey};
     case Qt::Key_Left:
-        return PhoneKey{Kind::ChannelKey, 0x1053};
+        return PhoneKey{Kind::ChannelKey, KeyEventChannel::kSeekBackKey};
     case Qt::Key_Right:
-        return PhoneKey{Kind::ChannelKey, 0x1054};
+        return PhoneKey{Kind::ChannelKey, KeyEventChannel::kSeekForthKey};
     default:
         return std::nullopt;
     }
@@ -107,8 +103,8 @@ void KeyboardKeys::press(const PhoneKey& key, bool down)
         QByteArray payload;
         QDataStream out(&payload, QIODevice::WriteOnly);
         MP_SetPayloadFormat(out);
-        out << qint32(key.code) << qint32(down ? kKeyDown : kKeyUp);
-        QCopChannel::send(UTIL_GetKeyEventChannel().toLatin1(), "keyMsg(int,int)", payload);
+        out << qint32(key.code) << qint32(down ? KeyEventChannel::kPress : KeyEventChannel::kRelease);
+        QCopChannel::send(KeyEventChannel::kChannel, KeyEventChannel::kKey, payload);
         return;
     }
     }

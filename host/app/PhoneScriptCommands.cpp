@@ -4,10 +4,11 @@
 
 #include "host/app/PlayerSession.h"
 #include "host/app/ScriptArguments.h"
-#include "host/app/ScriptWords.h"
+#include "host/contracts/KeyEventChannel.h"
+#include "host/contracts/SystemChannel.h"
 #include "host/engine/HostEngine.h"
 #include "host/platform/phone/HostMemoryCard.h"
-#include "platform/PhoneServices.h"
+#include "host/words/ScriptWords.h"
 #include "platform/QCopChannel.h"
 #include "platform/StreamEncoding.h"
 
@@ -79,7 +80,7 @@ bool PhoneScriptCommands::key(const QStringList& arguments, QString* error)
     QDataStream out(&payload, QIODevice::WriteOnly);
     MP_SetPayloadFormat(out);
     out << qint32(code) << qint32(type);
-    QCopChannel::send(UTIL_GetKeyEventChannel().toLatin1(), "keyMsg(int,int)", payload);
+    QCopChannel::send(KeyEventChannel::kChannel, KeyEventChannel::kKey, payload);
     return true;
 }
 
@@ -110,6 +111,6 @@ bool PhoneScriptCommands::theme(const QStringList& arguments, QString* error)
 {
     if (!ScriptArguments::none(arguments, error))
         return false;
-    QCopChannel::send("VEMO/System", "applyStyle()");
+    QCopChannel::send(SystemChannel::kChannel, SystemChannel::kApplyStyle);
     return true;
 }

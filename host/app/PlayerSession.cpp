@@ -8,10 +8,10 @@
 #include <QWidget>
 
 #include "host/app/KeyboardKeys.h"
-#include "host/app/ScriptWords.h"
 #include "host/engine/HostEngine.h"
 #include "host/platform/HostJournal.h"
 #include "host/platform/phone/HostPhone.h"
+#include "host/words/ScriptWords.h"
 #include "lists/MP_FolderList.h"
 #include "platform/MP_CommonPlayer.h"
 #include "platform/UTIL_MimeType.h"

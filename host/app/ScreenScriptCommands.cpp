@@ -4,10 +4,10 @@
 #include <QJsonObject>
 
 #include "host/app/ScriptArguments.h"
-#include "host/app/ScriptWords.h"
 #include "host/engine/HostEngine.h"
 #include "host/platform/HostJournal.h"
 #include "host/platform/services/HostDownloadManager.h"
+#include "host/words/ScriptWords.h"
 #include "platform/MP_CommonPlayer.h"
 #include "platform/VmKbMainWidget.h"
 #include "platform/VmOptionsMenu.h"

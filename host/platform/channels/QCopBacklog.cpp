@@ -2,12 +2,12 @@
 
 #include <utility>
 
+#include "host/contracts/ChannelContracts.h"
+
 bool QCopBacklog::isFoldable(const Message& message)
 {
-    if (message.channel == "/MP/Idle/Channel")
-        return message.message == "/MP/Idle/Req/Update" || message.message == "/MP/Idle/Req/Restore"
-               || message.message == "/MP/Idle/Req/Shuffle" || message.message == "/MP/Idle/Req/Seek/END";
-    return message.channel == "MF_MSG_CHANNEL" && message.message == "queryMPNowPlaying()";
+    const ChannelMessage* contract = ChannelContracts::find(message.channel, message.message);
+    return contract && contract->repeat == MessageRepeat::Foldable;
 }
 
 bool QCopBacklog::add(Message message)

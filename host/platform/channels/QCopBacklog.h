@@ -9,12 +9,12 @@
 //   - A request that only asks for something to be shown or told again is
 //     folded into the same request (same channel, name and payload) when that
 //     one is the last waiting: acting on it once after both came has the same
-//     effect as acting twice. These are the idle screen's "/MP/Idle/Req/Update"
-//     (tell everything again), "/MP/Idle/Req/Restore" (show the player),
-//     "/MP/Idle/Req/Shuffle" (apply the stored mode) and "/MP/Idle/Req/Seek/END",
-//     and the media browser's "queryMPNowPlaying()". Requests whose every
-//     arrival counts (Next, Prev, the toggling Play, Pause and Repeat, seeks)
-//     are never folded.
+//     effect as acting twice. The channel contracts (host/contracts) mark
+//     them Foldable: the idle screen's "/MP/Idle/Req/Update" (tell everything
+//     again), "/MP/Idle/Req/Restore" (show the player), "/MP/Idle/Req/Shuffle"
+//     (apply the stored mode) and "/MP/Idle/Req/Seek/END", and the media
+//     browser's "queryMPNowPlaying()". Requests whose every arrival counts
+//     (Next, Prev, the toggling Play, Pause and Repeat, seeks) are never folded.
 
 #include <QByteArray>
 

@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include "host/contracts/SystemChannel.h"
 #include "host/platform/HostDataDir.h"
 #include "host/platform/HostJournal.h"
 #include "host/platform/phone/HostStorage.h"
@@ -51,7 +52,7 @@ QByteArray HostMemoryCard::hotplugPayload(bool inserted)
     QByteArray payload;
     QDataStream out(&payload, QIODevice::WriteOnly);
     MP_SetPayloadFormat(out);
-    out << qint32(kSlot) << qint32(inserted ? 1 : 0);
+    out << qint32(SystemChannel::kCardSlot) << qint32(inserted ? 1 : 0);
     return payload;
 }
 
@@ -63,5 +64,5 @@ QString HostMemoryCard::removedPath()
 void HostMemoryCard::announce(bool inserted)
 {
     HostJournal::call(QStringLiteral("phone"), QStringLiteral("setMemoryCard"), {inserted});
-    QCopChannel::send("VEMO/System", "cardHotplugEvent(int,int)", hotplugPayload(inserted));
+    QCopChannel::send(SystemChannel::kChannel, SystemChannel::kCardHotplug, hotplugPayload(inserted));
 }

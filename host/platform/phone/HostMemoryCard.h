@@ -4,16 +4,13 @@
 // the folder aside, with its files, and putting it back moves it back, as a
 // real card keeps its files while it is out. Each change is journaled as
 // {"kind":"phone","call":"setMemoryCard","args":[inserted]} and announced on
-// "VEMO/System" as "cardHotplugEvent(int,int)" with the card's slot (1) and
-// a flag: 1 inserted, 0 removed.
+// "VEMO/System" as "cardHotplugEvent(int,int)" with the card's slot (1; the
+// phone has one) and a flag: 1 inserted, 0 removed (SystemChannel.h).
 
 #include <QString>
 
 class HostMemoryCard {
 public:
-    /** The slot number the hot-plug message names: the phone has one card slot. */
-    static constexpr int kSlot = 1;
-
     static bool isInserted();
     /** Puts the card in (its files come back); false with a reason in
      *  @p error when it is in already or its folder cannot be made. */

@@ -1,5 +1,6 @@
 #include "platform/PhoneServices.h"
 
+#include "host/contracts/KeyEventChannel.h"
 #include "host/platform/phone/HostPhone.h"
 
 int UTIL_GetFlipStatus()
@@ -9,7 +10,7 @@ int UTIL_GetFlipStatus()
 
 QString UTIL_GetKeyEventChannel()
 {
-    return QStringLiteral("VEMO/KeyEvent");
+    return QString::fromLatin1(KeyEventChannel::kChannel);
 }
 
 int UTIL_GetTimeBetweenKeyRepeat()

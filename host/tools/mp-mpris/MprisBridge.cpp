@@ -5,6 +5,8 @@
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
 
+#include "host/contracts/IdleScreenChannel.h"
+#include "host/contracts/MediaBrowserChannel.h"
 #include "host/platform/channels/QCopBus.h"
 #include "host/tools/mp-mpris/MediaPlayer2Adaptor.h"
 #include "host/tools/mp-mpris/PlayerAdaptor.h"
@@ -17,10 +19,6 @@ const char* const MprisBridge::kServiceName = "org.mpris.MediaPlayer2.mediaplaye
 const char* const MprisBridge::kObjectPath = "/org/mpris/MediaPlayer2";
 
 namespace {
-
-const char* const kBrowserQueryChannel = "MF_MSG_CHANNEL";
-const char* const kBrowserQuery = "queryMPNowPlaying()";
-const char* const kUpdateRequest = "/MP/Idle/Req/Update";
 
 bool isByteArray(const QVariant& value)
 {
@@ -49,7 +47,7 @@ MprisBridge::MprisBridge(const TrackLookup& tracks, PlaySettings& settings)
       m_feed(std::make_unique<PlayerFeed>(*m_senders, *m_mirror)),
       m_requests(std::make_unique<PlayerRequests>(
           *m_mirror, settings, [this](const QCString& request, const QByteArray& data) {
-              sendToPlayer(PlayerMirror::kIdleChannel, request, data);
+              sendToPlayer(IdleScreenChannel::kChannel, request, data);
           }))
 {
     // Children of this object: they go with it, before the mirror they read.
@@ -96,8 +94,8 @@ bool MprisBridge::start(QString* error)
         return false;
     // Players that run already answer these as they would their idle screen
     // and media browser; one that does not will announce itself when it starts.
-    bus.send(channelSignal(QString(), kBrowserQueryChannel, kBrowserQuery, QByteArray()));
-    bus.send(channelSignal(QString(), PlayerMirror::kIdleChannel, kUpdateRequest, QByteArray()));
+    bus.send(channelSignal(QString(), MediaBrowserChannel::kRequestChannel, MediaBrowserChannel::kQuery, QByteArray()));
+    bus.send(channelSignal(QString(), IdleScreenChannel::kChannel, IdleScreenChannel::kUpdate, QByteArray()));
     return true;
 }
 
@@ -150,8 +148,8 @@ void MprisBridge::askPlayerToReport(const QString& name)
         return;
     // A player followed after another went has said everything already: it
     // is asked to say it again, as a bridge starting would.
-    sendToPlayer(kBrowserQueryChannel, kBrowserQuery, QByteArray());
-    sendToPlayer(PlayerMirror::kIdleChannel, kUpdateRequest, QByteArray());
+    sendToPlayer(MediaBrowserChannel::kRequestChannel, MediaBrowserChannel::kQuery, QByteArray());
+    sendToPlayer(IdleScreenChannel::kChannel, IdleScreenChannel::kUpdate, QByteArray());
 }
 
 void MprisBridge::sendToPlayer(const QCString& channel, const QCString& message, const QByteArray& data)

@@ -5,13 +5,13 @@
 #include <QFileInfo>
 #include <QUrl>
 
+#include "host/contracts/IdleScreenChannel.h"
+#include "host/contracts/MediaBrowserChannel.h"
+#include "host/contracts/SetupChangeChannel.h"
 #include "host/tools/mp-mpris/PlaySettings.h"
 #include "host/tools/mp-mpris/TrackLookup.h"
 #include "platform/StreamEncoding.h"
 
-const char* const PlayerMirror::kIdleChannel = "/MP/Idle/Channel";
-const char* const PlayerMirror::kBrowserChannel = "/vemo/apps/mediaplayer";
-const char* const PlayerMirror::kSetupChannel = "MEDIAPLAYER_MESSAGE_CHANNEL";
 const char* const PlayerMirror::kUnlistedTrack = "/org/mediaplayerhost/Track/Unlisted";
 
 namespace {
@@ -74,11 +74,11 @@ void PlayerMirror::receive(const QCString& channel, const QCString& message, con
 {
     QVariantMap before = playerProperties();
     const bool wasPresent = m_present;
-    if (channel == kIdleChannel)
+    if (channel == IdleScreenChannel::kChannel)
         receiveIdle(message, data);
-    else if (channel == kBrowserChannel)
+    else if (channel == MediaBrowserChannel::kNewsChannel)
         receiveBrowser(message, data);
-    else if (channel == kSetupChannel && message.startsWith("MP_MSG_SETUP_CHANGE_"))
+    else if (channel == SetupChangeChannel::kChannel && message.startsWith(SetupChangeChannel::kPrefix))
         readSettings();
     else
         return;
@@ -99,37 +99,37 @@ void PlayerMirror::playerGone()
 {
     // The same message the player sends when it ends, so that the desktop
     // sees the same changes whether the player ended or died.
-    receive(kBrowserChannel, "MediaplayerExited()", QByteArray());
+    receive(MediaBrowserChannel::kNewsChannel, MediaBrowserChannel::kExited, QByteArray());
 }
 
 void PlayerMirror::receiveIdle(const QCString& message, const QByteArray& data)
 {
-    if (message == "/MP/Idle/Info/Exit") {
+    if (message == IdleScreenChannel::kExit) {
         forgetPlayer();
         return;
     }
     // The requests pass on the same channel, from us or from anyone else.
-    if (message == "/MP/Idle/Req/Seek/Forth" || message == "/MP/Idle/Req/Seek/BACK") {
+    if (message == IdleScreenChannel::kSeekForth || message == IdleScreenChannel::kSeekBack) {
         m_seekRequested = m_present;
         return;
     }
-    if (!message.startsWith("/MP/Idle/Info/"))
+    if (!message.startsWith(IdleScreenChannel::kInfoPrefix))
         return;
-    if (message == "/MP/Idle/Info/State") {
+    if (message == IdleScreenChannel::kState) {
         qint32 state = 0;
         if (!readPayload(data, state))
             return;
         m_idleState = state;
-    } else if (message == "/MP/Idle/Info/ElapsedTime" || message == "/MP/Idle/Info/TotalTime") {
+    } else if (message == IdleScreenChannel::kElapsedTime || message == IdleScreenChannel::kTotalTime) {
         QString text;
         const qint64 time = readPayload(data, text) ? parseTime(text) : -1;
         if (time < 0)
             return;
-        if (message == "/MP/Idle/Info/TotalTime")
+        if (message == IdleScreenChannel::kTotalTime)
             m_totalMs = time;
         else
             receiveElapsed(time);
-    } else if (message == "/MP/Idle/Info/MetaInfo") {
+    } else if (message == IdleScreenChannel::kMetaInfo) {
         QString text;
         QByteArray binary;
         qint8 onCard = 0;
@@ -155,21 +155,21 @@ void PlayerMirror::receiveElapsed(qint64 elapsedMs)
 
 void PlayerMirror::receiveBrowser(const QCString& message, const QByteArray& data)
 {
-    if (message == "MediaplayerStarted()") {
+    if (message == MediaBrowserChannel::kStarted) {
         forgetPlayer();
         setPresent(true);
         return;
     }
-    if (message == "MediaplayerExited()") {
+    if (message == MediaBrowserChannel::kExited) {
         forgetPlayer();
         return;
     }
-    if (message == "NowplayingState(int)") {
+    if (message == MediaBrowserChannel::kState) {
         qint32 state = 0;
         if (!readPayload(data, state))
             return;
         m_browserState = state;
-    } else if (message == "NowPlayingSystemItem(QString, int, QString, QString, QString, QString)") {
+    } else if (message == MediaBrowserChannel::kSystemItem) {
         QString path, artist, album, genre, composer;
         qint32 position = 0;
         if (!readPayload(data, path, position, artist, album, genre, composer))
@@ -177,7 +177,7 @@ void PlayerMirror::receiveBrowser(const QCString& message, const QByteArray& dat
         setNowPlaying(path);
         // The player sends its item again after every shuffle or repeat change.
         readSettings();
-    } else if (message == "NowplayingGroupItem(QString, int, int)") {
+    } else if (message == MediaBrowserChannel::kGroupItem) {
         QString path;
         qint32 position = 0, group = 0;
         if (!readPayload(data, path, position, group))

@@ -2,7 +2,8 @@
 // What the bridge knows of the player, learnt only from the messages the
 // player sends anyway: the idle-screen information on "/MP/Idle/Channel",
 // the media browser's messages on "/vemo/apps/mediaplayer" and the setup
-// changes on "MEDIAPLAYER_MESSAGE_CHANNEL". Each message updates the mirror,
+// changes on "MEDIAPLAYER_MESSAGE_CHANNEL" (host/contracts: IdleScreenChannel.h,
+// MediaBrowserChannel.h, SetupChangeChannel.h). Each message updates the mirror,
 // which then tells which of its MPRIS properties changed and whether the
 // position jumped. It never asks anything and holds no bus: the D-Bus side
 // reads it.
@@ -23,9 +24,6 @@ class TrackLookup;
 class PlayerMirror : public QObject {
     Q_OBJECT
 public:
-    static const char* const kIdleChannel;
-    static const char* const kBrowserChannel;
-    static const char* const kSetupChannel;
     /** The track id of an item that is not in the media database. */
     static const char* const kUnlistedTrack;
 

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <utility>
 
+#include "host/contracts/IdleScreenChannel.h"
 #include "host/tools/mp-mpris/PlaySettings.h"
 #include "host/tools/mp-mpris/PlayerMirror.h"
 #include "platform/StreamEncoding.h"
@@ -32,18 +33,18 @@ void PlayerRequests::send(const char* request, const QByteArray& data) const
 void PlayerRequests::play() const
 {
     if (!isPlaying(m_mirror))
-        send("/MP/Idle/Req/Play");
+        send(IdleScreenChannel::kPlay);
 }
 
 void PlayerRequests::pause() const
 {
     if (isPlaying(m_mirror))
-        send("/MP/Idle/Req/Pause");
+        send(IdleScreenChannel::kPause);
 }
 
 void PlayerRequests::playPause() const
 {
-    send("/MP/Idle/Req/Play");
+    send(IdleScreenChannel::kPlay);
 }
 
 void PlayerRequests::stop() const
@@ -53,12 +54,12 @@ void PlayerRequests::stop() const
 
 void PlayerRequests::next() const
 {
-    send("/MP/Idle/Req/Next");
+    send(IdleScreenChannel::kNext);
 }
 
 void PlayerRequests::previous() const
 {
-    send("/MP/Idle/Req/Prev");
+    send(IdleScreenChannel::kPrev);
 }
 
 void PlayerRequests::seek(qint64 offset) const
@@ -97,8 +98,8 @@ void PlayerRequests::seekSteps(qint64 steps) const
     QDataStream stream(&payload, QIODevice::WriteOnly);
     MP_SetPayloadFormat(stream);
     stream << qint32(steps < 0 ? -steps : steps);
-    send(steps < 0 ? "/MP/Idle/Req/Seek/BACK" : "/MP/Idle/Req/Seek/Forth", payload);
-    send("/MP/Idle/Req/Seek/END");
+    send(steps < 0 ? IdleScreenChannel::kSeekBack : IdleScreenChannel::kSeekForth, payload);
+    send(IdleScreenChannel::kSeekEnd);
 }
 
 void PlayerRequests::setPosition(const QString& trackId, qint64 position) const
@@ -115,7 +116,7 @@ void PlayerRequests::setShuffle(bool shuffle) const
     // The shuffle request applies the stored mode; songs is the mode the
     // player's own shuffle key turns on.
     m_settings.storeShuffleMode(shuffle ? 1 : 0);
-    send("/MP/Idle/Req/Shuffle");
+    send(IdleScreenChannel::kShuffle);
 }
 
 void PlayerRequests::setLoopStatus(const QString& loopStatus) const
@@ -127,15 +128,15 @@ void PlayerRequests::setLoopStatus(const QString& loopStatus) const
     else if (loopStatus != QLatin1String("None"))
         return;
     if (repeat != m_mirror.repeat())
-        send("/MP/Idle/Req/Repeat");
+        send(IdleScreenChannel::kRepeat);
 }
 
 void PlayerRequests::raise() const
 {
-    send("/MP/Idle/Req/Restore");
+    send(IdleScreenChannel::kRestore);
 }
 
 void PlayerRequests::quit() const
 {
-    send("/MP/Idle/Req/Quit");
+    send(IdleScreenChannel::kQuit);
 }

@@ -1,6 +1,6 @@
 #pragma once
 // Turns what the desktop asks of the player into the idle screen's requests
-// on "/MP/Idle/Channel", the only way in that the player offers:
+// on "/MP/Idle/Channel" (IdleScreenChannel.h), the only way in that the player offers:
 //   Play, Pause, PlayPause  "/MP/Idle/Req/Play" (the player toggles; Play and
 //                           Pause send only when the state would change)
 //   Stop                    "/MP/Idle/Req/Pause" while playing (there is no stop request)
@@ -20,6 +20,7 @@
 
 #include <functional>
 
+#include "host/contracts/IdleScreenChannel.h"
 #include "platform/Qt2Compat.h"
 
 class PlayerMirror;
@@ -28,7 +29,7 @@ class PlaySettings;
 class PlayerRequests {
 public:
     /** The player's seek step, in microseconds. */
-    static constexpr qint64 kSeekStep = 5000000;
+    static constexpr qint64 kSeekStep = qint64(IdleScreenChannel::kSeekStepMs) * 1000;
 
     /** Sends one request of the idle channel to the player. */
     using Sender = std::function<void(const QCString& request, const QByteArray& data)>;

@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "host/tools/mp-mpris/PlayerMirror.h"
+#include "host/contracts/IdleScreenChannel.h"
+#include "host/contracts/MediaBrowserChannel.h"
 
 namespace {
 
@@ -35,17 +36,17 @@ PlayerSenderTracker::PlayerSenderTracker(QObject* parent) : QObject(parent)
 
 bool PlayerSenderTracker::isPlayerNews(const QCString& channel, const QCString& message)
 {
-    if (channel == PlayerMirror::kBrowserChannel)
+    if (channel == MediaBrowserChannel::kNewsChannel)
         return true;
     // Requests pass on the idle channel too, from anyone: they name no player.
-    return channel == PlayerMirror::kIdleChannel && message.startsWith("/MP/Idle/Info/");
+    return channel == IdleScreenChannel::kChannel && message.startsWith(IdleScreenChannel::kInfoPrefix);
 }
 
 void PlayerSenderTracker::heard(const QString& sender, const QCString& channel, const QCString& message)
 {
     if (sender.isEmpty() || !isPlayerNews(channel, message))
         return;
-    if (message == "MediaplayerExited()" || message == "/MP/Idle/Info/Exit")
+    if (message == MediaBrowserChannel::kExited || message == IdleScreenChannel::kExit)
         remove(sender);
     else
         // A bridge started after a player hears no start: any news names it.

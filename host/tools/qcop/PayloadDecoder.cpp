@@ -3,30 +3,26 @@
 #include <QDataStream>
 #include <QHash>
 
+#include "host/contracts/ChannelContracts.h"
 #include "platform/StreamEncoding.h"
 
 namespace {
 
-// The player's messages whose names say nothing of what they carry (the
-// idle-screen plug-in's information and seek requests, the plug-in
-// activation, the setup changes), or say less than they carry: the
-// home-screen framework's "activePlugIn()" comes with the plug-in's name.
-const QHash<QByteArray, QStringList>& knownMessages()
+// Every message of the player's channel protocols, by name, with the types
+// its contract declares: those whose names declare none (the idle screen's
+// information and seek requests, the setup changes) or less than they carry
+// (the home-screen framework's "activePlugIn()" comes with the plug-in's
+// name) are decoded as well as those whose names say it all.
+const QHash<QByteArray, QStringList>& declaredMessages()
 {
-    static const QHash<QByteArray, QStringList> messages{
-        {"/MP/Idle/Info/State", {"int"}},
-        {"/MP/Idle/Info/ElapsedTime", {"QString"}},
-        {"/MP/Idle/Info/TotalTime", {"QString"}},
-        {"/MP/Idle/Info/MetaInfo", {"QString", "QByteArray", "Q_INT8"}},
-        {"/MP/Idle/Req/Seek/Forth", {"int"}},
-        {"/MP/Idle/Req/Seek/BACK", {"int"}},
-        {"activePlugIn()", {"QString"}},
-        {"deactivePlugIn()", {"QString"}},
-        {"MP_MSG_SETUP_CHANGE_SHUFFLE_MUSIC", {"int"}},
-        {"MP_MSG_SETUP_CHANGE_REPEAT_MUSIC", {"int"}},
-        {"MP_MSG_SETUP_CHANGE_SHUFFLE_VIDEO", {"int"}},
-        {"MP_MSG_SETUP_CHANGE_REPEAT_VIDEO", {"int"}},
-    };
+    static const QHash<QByteArray, QStringList> messages = [] {
+        QHash<QByteArray, QStringList> table;
+        for (const ChannelContract& contract : ChannelContracts::kAll) {
+            for (const ChannelMessage& message : contract)
+                table.insert(message.name, ChannelContracts::payloadTypes(message));
+        }
+        return table;
+    }();
     return messages;
 }
 
@@ -67,9 +63,9 @@ bool readWord(QDataStream& stream, const QString& type, QString* word)
 
 QStringList PayloadDecoder::typesOf(const QByteArray& message)
 {
-    const auto known = knownMessages().constFind(message);
-    if (known != knownMessages().constEnd())
-        return *known;
+    const auto declared = declaredMessages().constFind(message);
+    if (declared != declaredMessages().constEnd())
+        return *declared;
     const qsizetype open = message.indexOf('(');
     if (open < 0 || !message.endsWith(')'))
         return {};

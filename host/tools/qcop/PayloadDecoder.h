@@ -1,9 +1,10 @@
 #pragma once
 // Reads a channel message's payload back into typed words, as a person
 // would type them after `qcop CHANNEL MESSAGE`: int:N, i8:N, str:"TEXT",
-// bytes:HEX. The types come from the message name's parameter list
-// ("keyMsg(int,int)"), or from the player's own messages whose names carry
-// none; a payload that does not hold exactly those types is shown as raw:HEX.
+// bytes:HEX. The types come from the channel contracts (host/contracts) for
+// the player's messages, else from the message name's parameter list
+// ("keyMsg(int,int)"); a payload that does not hold exactly those types is
+// shown as raw:HEX.
 
 #include <QByteArray>
 #include <QString>

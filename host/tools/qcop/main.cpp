@@ -7,9 +7,9 @@
 
 #include <cstdio>
 
-#include "host/app/PayloadBuilder.h"
 #include "host/platform/channels/QCopBus.h"
 #include "host/tools/qcop/PayloadDecoder.h"
+#include "host/words/PayloadBuilder.h"
 #include "platform/QCopChannel.h"
 #include "platform/TraceLog.h"
 

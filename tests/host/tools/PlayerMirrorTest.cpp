@@ -5,6 +5,8 @@
 #include <QHash>
 #include <QSignalSpy>
 
+#include "host/contracts/IdleScreenChannel.h"
+#include "host/contracts/MediaBrowserChannel.h"
 #include "host/tools/mp-mpris/PlaySettings.h"
 #include "host/tools/mp-mpris/PlayerMirror.h"
 #include "host/tools/mp-mpris/PlayerRequests.h"
@@ -16,8 +18,8 @@
 
 namespace {
 
-const QCString kIdle = PlayerMirror::kIdleChannel;
-const QCString kBrowser = PlayerMirror::kBrowserChannel;
+const QCString kIdle = IdleScreenChannel::kChannel;
+const QCString kBrowser = MediaBrowserChannel::kNewsChannel;
 
 class TableTracks : public TrackLookup {
 public:

@@ -4,6 +4,8 @@
 
 #include <QSignalSpy>
 
+#include "host/contracts/IdleScreenChannel.h"
+#include "host/contracts/MediaBrowserChannel.h"
 #include "host/tools/mp-mpris/PlaySettings.h"
 #include "host/tools/mp-mpris/PlayerFeed.h"
 #include "host/tools/mp-mpris/PlayerMirror.h"
@@ -35,11 +37,11 @@ class PlayerSenderTrackerTest : public TestEnvironment {
 protected:
     void idle(const QString& sender, const QCString& message, const QByteArray& data = {})
     {
-        feed.channelMessage(sender, PlayerMirror::kIdleChannel, message, data);
+        feed.channelMessage(sender, IdleScreenChannel::kChannel, message, data);
     }
     void browser(const QString& sender, const QCString& message, const QByteArray& data = {})
     {
-        feed.channelMessage(sender, PlayerMirror::kBrowserChannel, message, data);
+        feed.channelMessage(sender, MediaBrowserChannel::kNewsChannel, message, data);
     }
     QStringList followed() const
     {

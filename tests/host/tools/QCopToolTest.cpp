@@ -21,6 +21,8 @@ TEST(PayloadDecoderTest, DecodesByTheTypesTheNameGivesElseShowsTheBytes)
         << "bytes left over";
     EXPECT_EQ(PayloadDecoder::describe("f(QString,QString,Q_INT8)", QByteArray::fromHex("ffffffff00000000") + "\x07"),
               (QStringList{"str:null", "str:\"\"", "i8:7"}));
+    EXPECT_EQ(PayloadDecoder::describe("f(QByteArray,QByteArray)", QByteArray::fromHex("00000002abcd00000000")),
+              (QStringList{"bytes:abcd", "bytes:"}));
     EXPECT_EQ(PayloadDecoder::describe("f(QString)", QByteArray::fromHex("0000000600220061005c")),
               QStringList{"str:\"\\\"a\\\\\""});
     EXPECT_EQ(PayloadDecoder::describe("f(QString)", QByteArray::fromHex("7fffffff0041")), QStringList{"raw:7fffffff0041"})
@@ -28,24 +30,6 @@ TEST(PayloadDecoderTest, DecodesByTheTypesTheNameGivesElseShowsTheBytes)
     EXPECT_EQ(PayloadDecoder::describe("f(QRect)", keyPayload), QStringList{"raw:00000005ffffffff"});
     EXPECT_EQ(PayloadDecoder::describe("noTypes", keyPayload), QStringList{"raw:00000005ffffffff"});
     EXPECT_EQ(PayloadDecoder::describe("applyStyle()", QByteArray()), QStringList());
-}
-
-TEST(PayloadDecoderTest, ThePlayersMessagesWithoutTypesInTheirNamesAreDecoded)
-{
-    EXPECT_EQ(PayloadDecoder::describe("/MP/Idle/Info/MetaInfo", QByteArray::fromHex("00000002004100000002abcd01")),
-              (QStringList{"str:\"A\"", "bytes:abcd", "i8:1"}));
-    EXPECT_EQ(PayloadDecoder::describe("/MP/Idle/Info/MetaInfo", QByteArray::fromHex("00000002004100000002abcd")),
-              QStringList{"raw:00000002004100000002abcd"})
-        << "the memory-card byte is missing";
-    EXPECT_EQ(PayloadDecoder::describe("/MP/Idle/Info/ElapsedTime", QByteArray::fromHex("000000080031003a00300035")),
-              QStringList{"str:\"1:05\""});
-    EXPECT_EQ(PayloadDecoder::describe("/MP/Idle/Req/Seek/BACK", QByteArray::fromHex("00000002")),
-              QStringList{"int:2"});
-    EXPECT_EQ(PayloadDecoder::describe("activePlugIn()", QByteArray::fromHex("000000020049")), QStringList{"str:\"I\""})
-        << "the framework's message carries the plug-in's name although its name lists nothing";
-    EXPECT_EQ(PayloadDecoder::describe("NowplayingGroupItem(QString, int, int)",
-                                       QByteArray::fromHex("00000002007800000003" "00000007")),
-              (QStringList{"str:\"x\"", "int:3", "int:7"}));
 }
 
 class QCopToolTest : public ::testing::Test {

@@ -9,6 +9,7 @@
 #include <QDialogButtonBox>
 #include <QFormLayout>
 
+#include "host/contracts/SetupChangeChannel.h"
 #include "platform/QCopChannel.h"
 #include "platform/SETUP_SET_Manager.h"
 #include "platform/StreamEncoding.h"
@@ -17,7 +18,6 @@ namespace {
 
 const int kPlayerApp = 71;
 const char* const kGroup = "MediaControlItem";
-const char* const kSetupChannel = "MEDIAPLAYER_MESSAGE_CHANNEL";
 
 QByteArray intPayload(int value)
 {
@@ -84,9 +84,9 @@ void HostSetupDialog::apply(int shuffle, bool repeat)
     const int oldShuffle = storedShuffle();
     const bool oldRepeat = storedRepeat();
     SETUP_SET_Manager store(kPlayerApp, false);
-    const QByteArray kindName = m_video ? "VIDEO" : "MUSIC";
+    using namespace SetupChangeChannel;
     if (shuffle != oldShuffle && store.setSettingInfo(kGroup, m_shuffleKey, shuffle))
-        QCopChannel::send(kSetupChannel, "MP_MSG_SETUP_CHANGE_SHUFFLE_" + kindName, intPayload(shuffle));
+        QCopChannel::send(kChannel, m_video ? kShuffleVideo : kShuffleMusic, intPayload(shuffle));
     if (repeat != oldRepeat && store.setSettingInfo(kGroup, m_repeatKey, repeat))
-        QCopChannel::send(kSetupChannel, "MP_MSG_SETUP_CHANGE_REPEAT_" + kindName, intPayload(repeat ? 1 : 0));
+        QCopChannel::send(kChannel, m_video ? kRepeatVideo : kRepeatMusic, intPayload(repeat ? 1 : 0));
 }

@@ -1,9 +1,9 @@
-#include "host/app/PayloadBuilder.h"
+#include "host/words/PayloadBuilder.h"
 
 #include <QDataStream>
 #include <QIODevice>
 
-#include "host/app/ScriptWords.h"
+#include "host/words/ScriptWords.h"
 #include "platform/StreamEncoding.h"
 
 namespace {

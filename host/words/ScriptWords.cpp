@@ -1,4 +1,4 @@
-#include "host/app/ScriptWords.h"
+#include "host/words/ScriptWords.h"
 
 bool ScriptWords::split(const QString& line, QStringList* words, QString* error)
 {
