@@ -16,7 +16,7 @@
 #include <cstdint>
 
 #include "fuzz/support/FuzzCheck.h"
-#include "host/app/DisplayCommandParser.h"
+#include "host/app/script/DisplayCommandParser.h"
 #include "host/words/PayloadBuilder.h"
 #include "host/words/ScriptWords.h"
 

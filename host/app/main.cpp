@@ -20,7 +20,7 @@
 #include "host/app/MainWindowLibrary.h"
 #include "host/app/MprisBridgeProcess.h"
 #include "host/app/PlayerSession.h"
-#include "host/app/ScriptRunner.h"
+#include "host/app/script/ScriptRunner.h"
 #include "host/app/TerminationSignals.h"
 #include "host/engine/HostEngine.h"
 #include "host/platform/phone/HostPhone.h"

@@ -16,7 +16,7 @@
 //                               (slot 1, flag 1 in / 0 out) goes on "VEMO/System"
 //   theme                       the phone's theme changes: "applyStyle()" on "VEMO/System"
 
-#include "host/app/ScriptCommandTable.h"
+#include "host/app/script/ScriptCommandTable.h"
 
 class PlayerSession;
 

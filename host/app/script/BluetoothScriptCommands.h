@@ -7,7 +7,7 @@
 // A held headset key is a key message on the key-event channel:
 //   qcop VEMO/KeyEvent "keyMsg(int,int)" int:CODE int:TYPE   (TYPE 1 press, 2 release)
 
-#include "host/app/ScriptCommandTable.h"
+#include "host/app/script/ScriptCommandTable.h"
 
 class BluetoothScriptCommands {
 public:

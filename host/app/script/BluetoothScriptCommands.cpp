@@ -1,4 +1,4 @@
-#include "host/app/BluetoothScriptCommands.h"
+#include "host/app/script/BluetoothScriptCommands.h"
 
 #include "host/platform/phone/HostBluetooth.h"
 #include "host/platform/phone/HostPhone.h"

@@ -1,4 +1,4 @@
-#include "host/app/ScriptRunner.h"
+#include "host/app/script/ScriptRunner.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
@@ -11,10 +11,10 @@
 #include <memory>
 
 #include "host/app/AppOptions.h"
-#include "host/app/DisplayCommandParser.h"
-#include "host/app/PhoneScriptCommands.h"
+#include "host/app/script/DisplayCommandParser.h"
+#include "host/app/script/PhoneScriptCommands.h"
 #include "host/app/PlayerSession.h"
-#include "host/app/ScriptArguments.h"
+#include "host/app/script/ScriptArguments.h"
 #include "host/engine/HostEngine.h"
 #include "host/engine/HostEngineClock.h"
 #include "host/platform/HostJournal.h"

@@ -9,7 +9,7 @@
 //   menu choose ID              choose an item of the options menu as a click would
 //   dlm cancel                  the download manager cancels the open transfer session
 
-#include "host/app/ScriptCommandTable.h"
+#include "host/app/script/ScriptCommandTable.h"
 
 class HostEngine;
 

@@ -27,10 +27,10 @@
 #include <QString>
 #include <QStringList>
 
-#include "host/app/BluetoothScriptCommands.h"
-#include "host/app/ChannelScriptCommands.h"
-#include "host/app/ScreenScriptCommands.h"
-#include "host/app/ScriptCommandTable.h"
+#include "host/app/script/BluetoothScriptCommands.h"
+#include "host/app/script/ChannelScriptCommands.h"
+#include "host/app/script/ScreenScriptCommands.h"
+#include "host/app/script/ScriptCommandTable.h"
 
 class HostEngine;
 class PlayerSession;

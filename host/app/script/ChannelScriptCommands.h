@@ -7,7 +7,7 @@
 //                               it hands this process what others send, so that
 //                               the other side knows when to send.
 
-#include "host/app/ScriptCommandTable.h"
+#include "host/app/script/ScriptCommandTable.h"
 
 class ChannelScriptCommands {
 public:

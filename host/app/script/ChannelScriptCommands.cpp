@@ -1,4 +1,4 @@
-#include "host/app/ChannelScriptCommands.h"
+#include "host/app/script/ChannelScriptCommands.h"
 
 #include <QDeadlineTimer>
 #include <QEventLoop>
@@ -6,7 +6,7 @@
 
 #include <cstdio>
 
-#include "host/app/ScriptArguments.h"
+#include "host/app/script/ScriptArguments.h"
 #include "host/platform/channels/QCopBus.h"
 #include "host/words/ScriptWords.h"
 #include "platform/QCopChannel.h"

@@ -1,4 +1,4 @@
-#include "host/app/DisplayCommandParser.h"
+#include "host/app/script/DisplayCommandParser.h"
 
 #include <limits>
 

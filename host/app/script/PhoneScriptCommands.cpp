@@ -1,9 +1,9 @@
-#include "host/app/PhoneScriptCommands.h"
+#include "host/app/script/PhoneScriptCommands.h"
 
 #include <QDataStream>
 
 #include "host/app/PlayerSession.h"
-#include "host/app/ScriptArguments.h"
+#include "host/app/script/ScriptArguments.h"
 #include "host/contracts/KeyEventChannel.h"
 #include "host/contracts/SystemChannel.h"
 #include "host/engine/HostEngine.h"

@@ -1,4 +1,4 @@
-#include "host/app/ScriptArguments.h"
+#include "host/app/script/ScriptArguments.h"
 
 #include "host/engine/HostEngine.h"
 #include "platform/MP_CommonPlayer.h"

@@ -1,9 +1,9 @@
-#include "host/app/ScreenScriptCommands.h"
+#include "host/app/script/ScreenScriptCommands.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
 
-#include "host/app/ScriptArguments.h"
+#include "host/app/script/ScriptArguments.h"
 #include "host/engine/HostEngine.h"
 #include "host/platform/HostJournal.h"
 #include "host/platform/services/HostDownloadManager.h"
