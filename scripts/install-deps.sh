@@ -12,7 +12,7 @@ set -euo pipefail
 packages=(g++ cmake ninja-build pkg-config qt6-base-dev libsqlite3-dev libtag1-dev
           qt6-l10n-tools qt6-tools-dev libgtest-dev libgmock-dev libbenchmark-dev
           dbus-daemon clang libclang-rt-14-dev xvfb xauth
-          qt6-multimedia-dev gstreamer1.0-plugins-base gstreamer1.0-plugins-good
+          qt6-multimedia-dev libgstreamer1.0-dev gstreamer1.0-plugins-base gstreamer1.0-plugins-good
           pulseaudio pulseaudio-utils)
 packages+=("$@")
 

@@ -12,6 +12,7 @@
 #include <climits>
 #include <utility>
 
+#include "host/engine/HostAudioSinkSetup.h"
 #include "host/engine/HostEngineOutputListener.h"
 #include "host/engine/HostVideoView.h"
 #include "platform/MP_Utility.h"
@@ -65,6 +66,7 @@ HostMediaOutput::HostMediaOutput(HostEngineOutputListener& listener, QWidget& vi
     : m_listener(listener)
     , m_videoArea(videoArea)
     , m_messagesRouted(routeMultimediaMessages())
+    , m_audioSinksSetUp(HostAudioSinkSetup::install())
 {
     reportMissingAudioDevice();
     m_player.setAudioOutput(&m_audio);

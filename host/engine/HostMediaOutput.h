@@ -80,6 +80,8 @@ private:
     QPointer<HostVideoView> m_video;
     // Before the audio output, whose making already looks for a sound server.
     const bool m_messagesRouted;
+    // Before the audio output too, which puts its sink into its bin at once.
+    const bool m_audioSinksSetUp;
     QAudioOutput m_audio;
     QMediaPlayer m_player;
     bool m_playing = false;

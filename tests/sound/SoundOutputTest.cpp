@@ -59,13 +59,13 @@ bool waitFor(const std::function<bool()>& condition)
     return true;
 }
 
-QString writeTone(const QTemporaryDir& folder, const QString& name, int frequency)
+QString writeTone(const QTemporaryDir& folder, const QString& name, int frequency, int seconds = kSongSeconds)
 {
     const WavSynth synth(8000);
     QFile file(folder.filePath(name));
     if (!file.open(QIODevice::WriteOnly))
         return {};
-    file.write(synth.wavFile(synth.tone(frequency, kSongSeconds)));
+    file.write(synth.wavFile(synth.tone(frequency, seconds)));
     return file.fileName();
 }
 
@@ -150,6 +150,42 @@ TEST(SoundOutputTest, PlaysTheListPausesSilentlyAndStepsToTheNextTone)
         stretches += (run.sounds ? " sound " : " silence ") + std::to_string(run.blocks * 10) + " ms";
     }
     EXPECT_EQ(gaps, 1) << "only the pause is silent for more than 300 ms:" << stretches;
+}
+
+// A seek forward while playing: the song sounds until the seek, then from the
+// asked place to its end, and then ends. Sound that stops after the seek, or
+// an end that never comes, is the fault this guards against.
+TEST(SoundOutputTest, SeekSkipsAheadAndTheRestSoundsToTheEnd)
+{
+    constexpr int kSeconds = 4;
+    constexpr int kSeekAfterMs = 800;
+    constexpr int kSeekMs = 1500;
+    QTemporaryDir songs;
+    PathList list({writeTone(songs, "long.wav", kFirstTone, kSeconds)});
+    SinkRecording recording(server->address(), QString::fromLatin1(PulseServer::kSink));
+    ASSERT_TRUE(waitFor([&] { return recording.sampleCount() >= SinkRecording::kRate / 10 || recording.hasFailed(); }));
+    ASSERT_FALSE(recording.hasFailed()) << "parec could not record the sink";
+
+    HostOutputChoice::setKind(HostOutputKind::Media);
+    HostEngine engine(true, MP_LAUNCH_TYPE(0));
+    StateWatch watch;
+    engine.addPlayerListener(&watch);
+    engine.setPlayList(&list);
+    engine.autoPlay(false);
+    ASSERT_TRUE(waitFor([&] { return watch.time >= kSeekAfterMs; }));
+    const int seekFrom = watch.time;
+    engine.getPlayerControl()->seek(kSeekMs);
+    engine.getPlayerControl()->seekFinished();
+    ASSERT_TRUE(waitFor([&] { return watch.state == MP_STATE_FINISHED; })) << "the song never ended after the seek";
+    const int endedAt = recording.sampleCount();
+    ASSERT_TRUE(waitFor([&] { return recording.sampleCount() >= endedAt + SinkRecording::kRate / 2; }));
+    engine.removePlayerListener(&watch);
+
+    int sounding = 0;
+    for (const Stretch& run : stretchesOf(recording))
+        sounding += run.sounds ? run.blocks * 10 : 0;
+    // Heard: the song less what the seek skipped (within 250 ms).
+    EXPECT_NEAR(sounding, kSeconds * 1000 - kSeekMs, 250) << "seek asked at " << seekFrom << " ms";
 }
 
 } // namespace
