@@ -6,7 +6,8 @@
 //     first sounding 10 ms of the recording;
 //   - BM_AlbumPlayed: the player's CPU time per minute played (as a share of
 //     one core) and its resident memory when the first song is heard and at
-//     the album's end.
+//     the album's end; /0 from the sample library's WAV files, /1 from MP3
+//     copies of them (Mp3Copy), scanned into a database of their own.
 
 #include <benchmark/benchmark.h>
 
@@ -21,6 +22,7 @@
 
 #include <sys/resource.h>
 
+#include "bench/Mp3Copy.h"
 #include "tests/sound/PulseServer.h"
 #include "tests/sound/SinkRecording.h"
 
@@ -43,15 +45,27 @@ bool runTool(const QString& tool, const QStringList& arguments)
     return process.waitForFinished(kTimeoutMs) && process.exitCode() == 0;
 }
 
-bool prepareLibrary()
+enum class SongFormat { Wav, Mp3 };
+
+QString dataFolder(SongFormat format)
 {
-    const QString library = g_work->filePath(QStringLiteral("library"));
-    return runTool(QStringLiteral("mp-samplegen"), {library})
-        && runTool(QStringLiteral("mp-scan"), {QStringLiteral("--data-dir"), g_work->filePath(QStringLiteral("data")),
-                                               library});
+    return g_work->filePath(format == SongFormat::Wav ? QStringLiteral("data") : QStringLiteral("data-mp3"));
 }
 
-void startPlayer(QProcess& player)
+bool scan(const QString& library, SongFormat format)
+{
+    return runTool(QStringLiteral("mp-scan"), {QStringLiteral("--data-dir"), dataFolder(format), library});
+}
+
+bool prepareLibraries()
+{
+    const QString library = g_work->filePath(QStringLiteral("library"));
+    const QString mp3Library = g_work->filePath(QStringLiteral("library-mp3"));
+    return runTool(QStringLiteral("mp-samplegen"), {library}) && scan(library, SongFormat::Wav)
+        && Mp3Copy::copyFolder(library, mp3Library) && scan(mp3Library, SongFormat::Mp3);
+}
+
+void startPlayer(QProcess& player, SongFormat format = SongFormat::Wav)
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("PULSE_SERVER"), QString::fromLocal8Bit(g_server->address()));
@@ -59,7 +73,7 @@ void startPlayer(QProcess& player)
     player.setProcessEnvironment(environment);
     player.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     player.start(QStringLiteral(MP_BIN_DIR "/mediaplayer"),
-                 QStringList{"--data-dir", g_work->filePath(QStringLiteral("data")), "--quiet", "--output", "media"}
+                 QStringList{"--data-dir", dataFolder(format), "--quiet", "--output", "media"}
                      + kAlbumAction);
 }
 
@@ -129,6 +143,8 @@ BENCHMARK(BM_LaunchToFirstSound)->UseManualTime()->Unit(benchmark::kMillisecond)
 
 void BM_AlbumPlayed(benchmark::State& state)
 {
+    const SongFormat format = state.range(0) == 0 ? SongFormat::Wav : SongFormat::Mp3;
+    state.SetLabel(format == SongFormat::Wav ? "WAV" : "MP3");
     SinkRecording recording(g_server->address(), QString::fromLatin1(PulseServer::kSink));
     if (!waitFor([&] { return recording.sampleCount() > 0 || recording.hasFailed(); }) || recording.hasFailed()) {
         state.SkipWithError("cannot record the sink");
@@ -138,7 +154,7 @@ void BM_AlbumPlayed(benchmark::State& state)
         const double cpuBefore = childCpuSeconds();
         const int fromBlock = recording.blockCount();
         QProcess player;
-        startPlayer(player);
+        startPlayer(player, format);
         player.waitForStarted(kTimeoutMs);
         const qint64 pid = player.processId();
         // Memory once the first song is heard, and last before the player ends.
@@ -160,7 +176,7 @@ void BM_AlbumPlayed(benchmark::State& state)
         state.counters["rss_growth_MB"] = endMb - startMb;
     }
 }
-BENCHMARK(BM_AlbumPlayed)->Unit(benchmark::kSecond)->Iterations(1);
+BENCHMARK(BM_AlbumPlayed)->Arg(0)->Arg(1)->Unit(benchmark::kSecond)->Iterations(1);
 
 } // namespace
 
@@ -176,7 +192,7 @@ int main(int argc, char** argv)
     }
     g_server = &pulse;
     g_work = &work;
-    if (!prepareLibrary()) {
+    if (!prepareLibraries()) {
         std::fprintf(stderr, "mp_bench_playback: cannot make the sample library\n");
         return 1;
     }
