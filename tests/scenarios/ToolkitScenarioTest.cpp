@@ -45,7 +45,7 @@ TEST(ToolkitScenarioTest, PhoneCommands_EachReachesThePhoneOrThePlayer)
                             "Album=Paper Boats", "isAllGenre=1", "isAllComposer=1", "StorageLocation=2"}),
               0)
         << qPrintable(scenario.errorOutput());
-    EXPECT_TRUE(scenario.errorOutput().contains("phone_commands.mps:23: the player quit"))
+    EXPECT_TRUE(scenario.errorOutput().contains("phone_commands.mps:24: the player quit"))
         << qPrintable(scenario.errorOutput());
     const QStringList kept{"phone", "app", "control", "display:beginSession", "display:endSession",
                            "engine:flipClosed", "engine:closePlayerWindow", "engine:showPlayer", "report:SetupKeyEvent",
@@ -65,7 +65,7 @@ TEST(ToolkitScenarioTest, PhoneCommands_EachReachesThePhoneOrThePlayer)
     EXPECT_EQ(story.join('\n').toStdString(),
               QStringList({"phone:setFlipStatus [1]", "display:beginSession []", "control:requestUpdate [\"listener\"]",
                            "control:next []", "phone:setFlipStatus [0]", "display:endSession []",
-                           "app:askReturnToIdle [-5002]", "VEMO/KeyEvent keyMsg(int,int) 0000104900000001",
+                           "app:askReturnToIdle [-5002]", "app:askReturnToIdle [-5002]", "VEMO/KeyEvent keyMsg(int,int) 0000104900000001",
                            "phone:setPhoneLockStatus [1]", "phone:setPhoneLockStatus [0]",
                            "phone:setBluetoothPower [true]", "phone:setBluetoothLink [\"mono\"]",
                            "phone:setBluetoothPower [false]", "phone:setBluetoothLink [\"none\"]",

@@ -26,44 +26,49 @@ bool parseKeyCode(const QString& word, int* code)
 
 } // namespace
 
-void PhoneScriptCommands::addTo(ScriptCommandTable& table, PlayerSession& session)
+PhoneScriptCommands::PhoneScriptCommands(PlayerSession& session)
+    : m_session(session)
 {
-    const auto withSession = [&session](bool (*command)(PlayerSession&, const QStringList&, QString*)) {
-        return [&session, command](const QStringList& arguments, QString* error) {
-            return command(session, arguments, error);
-        };
+}
+
+void PhoneScriptCommands::addTo(ScriptCommandTable& table)
+{
+    const auto onSession = [this](bool (PhoneScriptCommands::*command)(const QStringList&, QString*)) {
+        return [this, command](const QStringList& arguments, QString* error) { return (this->*command)(arguments, error); };
     };
-    table.insert(QStringLiteral("returnToIdle"), withSession(&PhoneScriptCommands::returnToIdle));
-    table.insert(QStringLiteral("endkey"), withSession(&PhoneScriptCommands::endKey));
-    table.insert(QStringLiteral("appicon"), withSession(&PhoneScriptCommands::appIcon));
+    table.insert(QStringLiteral("returntoidle"), onSession(&PhoneScriptCommands::returnToIdle));
+    // Its name before every command was one lower-case word: older scripts still run.
+    table.insert(QStringLiteral("returnToIdle"), onSession(&PhoneScriptCommands::returnToIdle));
+    table.insert(QStringLiteral("endkey"), onSession(&PhoneScriptCommands::endKey));
+    table.insert(QStringLiteral("appicon"), onSession(&PhoneScriptCommands::appIcon));
     table.insert(QStringLiteral("key"), &PhoneScriptCommands::key);
     table.insert(QStringLiteral("setupkey"), &PhoneScriptCommands::setupKey);
     table.insert(QStringLiteral("card"), &PhoneScriptCommands::card);
     table.insert(QStringLiteral("theme"), &PhoneScriptCommands::theme);
 }
 
-bool PhoneScriptCommands::returnToIdle(PlayerSession& session, const QStringList& arguments, QString* error)
+bool PhoneScriptCommands::returnToIdle(const QStringList& arguments, QString* error)
 {
     QList<int> numbers;
     if (!ScriptArguments::numbers(arguments, 1, &numbers, "a reason (-5000 end key, -5001 or -5003 flip closed)", error))
         return false;
-    session.askReturnToIdle(numbers.first());
+    m_session.askReturnToIdle(numbers.first());
     return true;
 }
 
-bool PhoneScriptCommands::endKey(PlayerSession& session, const QStringList& arguments, QString* error)
+bool PhoneScriptCommands::endKey(const QStringList& arguments, QString* error)
 {
     if (!ScriptArguments::none(arguments, error))
         return false;
-    session.pressEndKey();
+    m_session.pressEndKey();
     return true;
 }
 
-bool PhoneScriptCommands::appIcon(PlayerSession& session, const QStringList& arguments, QString* error)
+bool PhoneScriptCommands::appIcon(const QStringList& arguments, QString* error)
 {
     if (!ScriptArguments::none(arguments, error))
         return false;
-    session.clickAppIcon();
+    m_session.clickAppIcon();
     return true;
 }
 

@@ -1,10 +1,11 @@
 #pragma once
 // Script commands about the phone around the player: its keys, its memory
 // card, its theme and the requests its application passes on:
-//   returnToIdle N              the phone asks the player to return to the idle
+//   returntoidle N              the phone asks the player to return to the idle
 //                               screen for reason N (-5000 end key, -5001 and
-//                               -5003 the flip closing; others are ignored)
-//   endkey                      the phone's end key (returnToIdle -5000)
+//                               -5003 the flip closing; others are ignored);
+//                               "returnToIdle" is the same command's old name
+//   endkey                      the phone's end key (returntoidle -5000)
 //   appicon                     the player's icon is chosen on the home screen
 //   key CODE TYPE               "keyMsg(int,int)" on the key-event channel
 //                               (CODE decimal or 0x hex; TYPE 1 press, 2 release, 4 held)
@@ -22,15 +23,19 @@ class PlayerSession;
 
 class PhoneScriptCommands {
 public:
-    /** Adds the commands, which act on @p session, to @p table. */
-    static void addTo(ScriptCommandTable& table, PlayerSession& session);
+    /** The commands act on @p session, which must outlive them. */
+    explicit PhoneScriptCommands(PlayerSession& session);
+
+    void addTo(ScriptCommandTable& table);
 
 private:
-    static bool returnToIdle(PlayerSession& session, const QStringList& arguments, QString* error);
-    static bool endKey(PlayerSession& session, const QStringList& arguments, QString* error);
-    static bool appIcon(PlayerSession& session, const QStringList& arguments, QString* error);
+    bool returnToIdle(const QStringList& arguments, QString* error);
+    bool endKey(const QStringList& arguments, QString* error);
+    bool appIcon(const QStringList& arguments, QString* error);
     static bool key(const QStringList& arguments, QString* error);
     static bool setupKey(const QStringList& arguments, QString* error);
     static bool card(const QStringList& arguments, QString* error);
     static bool theme(const QStringList& arguments, QString* error);
+
+    PlayerSession& m_session;
 };

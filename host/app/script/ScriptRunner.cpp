@@ -12,7 +12,6 @@
 
 #include "host/app/AppOptions.h"
 #include "host/app/script/DisplayCommandParser.h"
-#include "host/app/script/PhoneScriptCommands.h"
 #include "host/app/PlayerSession.h"
 #include "host/app/script/ScriptArguments.h"
 #include "host/engine/HostEngine.h"
@@ -75,7 +74,7 @@ ScriptRunner::ScriptRunner(PlayerSession& session) : m_session(session)
     m_screenCommands.addTo(m_commands);
     m_channelCommands.addTo(m_commands);
     m_bluetoothCommands.addTo(m_commands);
-    PhoneScriptCommands::addTo(m_commands, m_session);
+    m_phoneCommands.addTo(m_commands);
 }
 
 bool ScriptRunner::load(const QString& path, QString* error)

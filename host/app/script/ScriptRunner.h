@@ -29,6 +29,7 @@
 
 #include "host/app/script/BluetoothScriptCommands.h"
 #include "host/app/script/ChannelScriptCommands.h"
+#include "host/app/script/PhoneScriptCommands.h"
 #include "host/app/script/ScreenScriptCommands.h"
 #include "host/app/script/ScriptCommandTable.h"
 
@@ -78,5 +79,6 @@ private:
     ScreenScriptCommands m_screenCommands;
     ChannelScriptCommands m_channelCommands;
     BluetoothScriptCommands m_bluetoothCommands;
+    PhoneScriptCommands m_phoneCommands{m_session};
     bool m_quit = false;
 };
