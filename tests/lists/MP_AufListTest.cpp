@@ -14,6 +14,7 @@
 #include "host/platform/media/database/MediaDatabase.h"
 #include "lists/MP_AufContext.h"
 #include "platform/QCopChannel.h"
+#include "tests/lists/TraceCapture.h"
 #include "tests/support/Payload.h"
 #include "tests/support/ProjectProgram.h"
 #include "tests/support/SongBuilder.h"
@@ -168,12 +169,18 @@ TEST_F(MP_AufListTest, ShuffleSongs_PinsThePlayingSongAndDrawsANewOrderAtTheEnds
         played.insert(list.getItem(position));
     EXPECT_EQ(played.size(), 10) << "every song once";
 
+    // The order is drawn from the clock's second, so two draws in one test
+    // can be alike: the draw itself shows in the shuffle's trace.
+    TraceCapture traces;
+    const auto draws = [&] { return traces.text().count("shuffle: count=10, first=-1"); };
     list.skipSteps(-1);  // before play position 0: a new order, from its end
     EXPECT_EQ(list.getCurrentIndex(), 9);
     EXPECT_FALSE(list.getCurrent().isNull());
-    list.skipSteps(1);   // past the end: a new order, from its start
+    EXPECT_EQ(draws(), 1);
+    list.skipSteps(1);   // exactly one past the end: a new order, from its start
     EXPECT_EQ(list.getCurrentIndex(), 0);
     EXPECT_FALSE(list.getCurrent().isNull());
+    EXPECT_EQ(draws(), 2);
 
     list.updateShuffle(MP_AufList::ShuffleOff);
     EXPECT_EQ(list.getCurrent(), list.getItem(list.getCurrentIndex())) << "back in list order on the same song";

@@ -1,36 +1,31 @@
 // The transfer session as the download manager sees it: the journaled calls
 // of the platform session, in order and with their arguments.
 
-#include <QJsonArray>
-#include <QJsonDocument>
 #include <QSignalSpy>
 
 #include "host/platform/HostJournal.h"
 #include "host/platform/services/HostDownloadManager.h"
 #include "share/MP_DLMSession.h"
+#include "tests/support/Journal.h"
 #include "tests/support/TestEnvironment.h"
+
+#include <string>
 
 namespace {
 
-class MP_DLMSessionTest : public TestEnvironment {
-protected:
-    /** "call args" of every journaled download-manager line, args as compact JSON. */
-    static QStringList serviceCalls()
-    {
-        QStringList calls;
-        for (const QJsonObject& line : journal()) {
-            if (line.value("kind").toString() != QLatin1String("service"))
-                continue;
-            calls << line.value("call").toString() + QLatin1Char(' ')
-                         + QString::fromUtf8(QJsonDocument(line.value("args").toArray()).toJson(QJsonDocument::Compact));
-        }
-        return calls;
-    }
-};
+using MP_DLMSessionTest = TestEnvironment;
 
-const QString kDone = QStringLiteral(
-    "DLM_TransSession::transObjDone "
-    "[{\"cause\":%1,\"destination\":\"/dl/a.mp3\",\"flag\":0,\"message\":\"\",\"source\":\"Song\",\"status\":1},0]");
+/** "service:call args" of every journaled download-manager line, args as compact JSON. */
+MessageLines serviceCalls()
+{
+    return Journal::callsWithArgs(Journal::captured(), {QStringLiteral("service")});
+}
+
+std::string done(int cause)
+{
+    return "service:DLM_TransSession::transObjDone [{\"cause\":" + std::to_string(cause)
+           + ",\"destination\":\"/dl/a.mp3\",\"flag\":0,\"message\":\"\",\"source\":\"Song\",\"status\":1},0]";
+}
 
 } // namespace
 
@@ -40,7 +35,7 @@ TEST_F(MP_DLMSessionTest, NothingIsReportedBeforeTheStart)
     session.transObjProgress(10, 20, 0);
     session.transObjDone(1, 0);
     session.sessionDone(1, 0);
-    EXPECT_TRUE(serviceCalls().isEmpty());
+    EXPECT_TRUE(serviceCalls().empty());
     EXPECT_FALSE(HostDownloadManager::cancelNewest()) << "no platform session was opened";
 }
 
@@ -51,13 +46,12 @@ TEST_F(MP_DLMSessionTest, StartRegistersOneObjectAndDoneSendsTheCauseOnlyWithThe
     session.transObjProgress(40, 1000, 0);
     session.sessionDone(1, 7);
     EXPECT_EQ(serviceCalls(),
-              QStringList({"DLM_TransSession::DLM_TransSession [0,0]",
-                           "DLM_TransSession::registerTransObjs [[{\"destination\":\"/dl/a.mp3\",\"kind\":0,"
-                           "\"mode\":1,\"name\":\"\",\"reserved\":[0,0],\"size\":0,\"source\":\"Song\"}],1]",
-                           "DLM_TransSession::startSession [0]",
-                           "DLM_TransSession::transObjProgress [40,1000,0]",
-                           kDone.arg(7),
-                           "DLM_TransSession::sessionDone [1,0]"}));
+              MessageLines({"service:DLM_TransSession::DLM_TransSession [0,0]",
+                            "service:DLM_TransSession::registerTransObjs [[{\"destination\":\"/dl/a.mp3\",\"kind\":0,"
+                            "\"mode\":1,\"name\":\"\",\"reserved\":[0,0],\"size\":0,\"source\":\"Song\"}],1]",
+                            "service:DLM_TransSession::startSession [0]",
+                            "service:DLM_TransSession::transObjProgress [40,1000,0]", done(7),
+                            "service:DLM_TransSession::sessionDone [1,0]"}));
 }
 
 TEST_F(MP_DLMSessionTest, CancelFromTheManagerSignalsBeforeTheDoneReports)
@@ -71,6 +65,6 @@ TEST_F(MP_DLMSessionTest, CancelFromTheManagerSignalsBeforeTheDoneReports)
 
     ASSERT_TRUE(HostDownloadManager::cancelNewest());
     EXPECT_EQ(callsWhenSignalled, 1) << "only the manager's own cancel precedes the signal";
-    EXPECT_EQ(serviceCalls(), QStringList({"DownloadManager::cancel [0]", kDone.arg(0),
-                                           "DLM_TransSession::sessionDone [1,0]"}));
+    EXPECT_EQ(serviceCalls(), MessageLines({"service:DownloadManager::cancel [0]", done(0),
+                                            "service:DLM_TransSession::sessionDone [1,0]"}));
 }

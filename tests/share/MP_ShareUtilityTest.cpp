@@ -206,12 +206,7 @@ TEST_F(MP_ShareUtilityTest, Playlist_AddsAStoredFileOnceToTheAppliedListAndRefus
     ASSERT_TRUE(applied);
     EXPECT_EQ(database->groupMembers(applied->id), QList<quint32>{id});
     EXPECT_EQ(lines().first(), R"({"args":["SONG"],"call":"metadataApplyTo","kind":"service","result":1})");
-
-    // A name outside Latin-1 is found as the menu found it.
-    const QString omega = dataPath(QString::fromUtf8("02 \xce\xa9\xce\xbc\xce\xad\xce\xb3\xce\xb1.wav"));
-    const quint32 omegaId = database->addMedia(::song(omega).title("Omega"));
-    EXPECT_TRUE(MP_ShareUtility::applyToPlaylist(omega));
-    EXPECT_EQ(database->groupMembers(applied->id), QList<quint32>({id, omegaId}));
+    // A name outside Latin-1: the window client's test chooses it from the menu.
 }
 
 TEST_F(MP_ShareUtilityTest, Properties_ShowTheDetailsOrCannotOpen)

@@ -2,15 +2,13 @@
 // the requests it makes of the player in return.
 
 #include <QDBusObjectPath>
-#include <QHash>
 #include <QSignalSpy>
 
 #include "host/contracts/IdleScreenChannel.h"
 #include "host/contracts/MediaBrowserChannel.h"
-#include "host/tools/mp-mpris/PlaySettings.h"
 #include "host/tools/mp-mpris/PlayerMirror.h"
 #include "host/tools/mp-mpris/PlayerRequests.h"
-#include "host/tools/mp-mpris/TrackLookup.h"
+#include "tests/support/BridgeStandIns.h"
 #include "tests/support/Journal.h"
 #include "tests/support/Payload.h"
 #include "tests/support/SongBuilder.h"
@@ -20,25 +18,6 @@ namespace {
 
 const QCString kIdle = IdleScreenChannel::kChannel;
 const QCString kBrowser = MediaBrowserChannel::kNewsChannel;
-
-class TableTracks : public TrackLookup {
-public:
-    std::optional<MediaRecord> find(const QString& path) const override
-    {
-        const auto found = records.constFind(path);
-        return found == records.constEnd() ? std::nullopt : std::optional<MediaRecord>(*found);
-    }
-    QHash<QString, MediaRecord> records;
-};
-
-class MemorySettings : public PlaySettings {
-public:
-    int shuffleMode() const override { return shuffle; }
-    bool repeat() const override { return repeatOn; }
-    void storeShuffleMode(int mode) override { shuffle = mode; }
-    int shuffle = 0;
-    bool repeatOn = false;
-};
 
 class PlayerMirrorTest : public TestEnvironment {
 protected:

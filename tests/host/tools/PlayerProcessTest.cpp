@@ -292,28 +292,6 @@ TEST_F(PlayerProcessTest, TheBridgeFollowsThePlayerAndDrivesIt)
     ASSERT_EQ(endPlayer(), 0);
 }
 
-TEST_F(PlayerProcessTest, TheBridgeNoticesAKilledPlayerAndFollowsTheNextOne)
-{
-    // The player runs first: the bridge learns which process it is from its answers.
-    ASSERT_TRUE(startPlayer());
-    ASSERT_TRUE(startBridge());
-    ASSERT_TRUE(waitFor([] { return playbackStatus() == "Playing"; })) << playbackStatus().toStdString();
-    const auto gone = [] {
-        return playbackStatus() == "Stopped" && bridgeMetadata().isEmpty()
-               && bridgeProperty("org.mpris.MediaPlayer2.Player", "CanPlay") == QVariant(false)
-               && bridgeProperty("org.mpris.MediaPlayer2", "CanQuit") == QVariant(false);
-    };
-    for (int round = 0; round < 2; ++round) {
-        m_player.kill();  // SIGKILL: the player says nothing more
-        ASSERT_TRUE(m_player.waitForFinished(kWaitMs));
-        EXPECT_TRUE(waitFor(gone)) << "round " << round << ": " << playbackStatus().toStdString();
-        // The next player announces itself and is the one watched from now on.
-        ASSERT_TRUE(startPlayer());
-        EXPECT_TRUE(waitFor([] { return playbackStatus() == "Playing"; })) << "round " << round;
-    }
-    ASSERT_EQ(endPlayer(), 0);
-}
-
 // The album from song FIRST, on the manual clock; each await is a step the test takes.
 QByteArray albumScript(int first, const QByteArray& control, const QByteArray& steps)
 {

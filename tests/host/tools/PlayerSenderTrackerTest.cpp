@@ -6,27 +6,14 @@
 
 #include "host/contracts/IdleScreenChannel.h"
 #include "host/contracts/MediaBrowserChannel.h"
-#include "host/tools/mp-mpris/PlaySettings.h"
 #include "host/tools/mp-mpris/PlayerFeed.h"
 #include "host/tools/mp-mpris/PlayerMirror.h"
 #include "host/tools/mp-mpris/PlayerSenderTracker.h"
-#include "host/tools/mp-mpris/TrackLookup.h"
+#include "tests/support/BridgeStandIns.h"
 #include "tests/support/Payload.h"
 #include "tests/support/TestEnvironment.h"
 
 namespace {
-
-class NoTracks : public TrackLookup {
-public:
-    std::optional<MediaRecord> find(const QString&) const override { return std::nullopt; }
-};
-
-class NoSettings : public PlaySettings {
-public:
-    int shuffleMode() const override { return 0; }
-    bool repeat() const override { return false; }
-    void storeShuffleMode(int) override {}
-};
 
 QByteArray state(qint32 value)
 {
@@ -52,8 +39,8 @@ protected:
     }
 
     PlayerSenderTracker tracker;
-    NoTracks tracks;
-    NoSettings settings;
+    TableTracks tracks;
+    MemorySettings settings;
     PlayerMirror mirror{tracks, settings};
     PlayerFeed feed{tracker, mirror};
     QSignalSpy changes{&tracker, &PlayerSenderTracker::playerChanged};
