@@ -2,7 +2,8 @@
 // Starts a program of the project (mediaplayer, mp-scan, qcop, mp-mpris) from
 // the build's bin folder. A build for another processor names the emulator
 // that runs its programs (CMAKE_CROSSCOMPILING_EMULATOR); the tests then run
-// under it, and so does every program they start.
+// under it, and so does every program they start, also those that a program
+// of the project starts in turn (MP_EMULATOR hands the emulator on).
 
 #include <QProcess>
 #include <QString>
