@@ -36,7 +36,7 @@ check "find_package" "$work/cmake/consumer"
 
 # The compiler CMake chose above; for another processor, pkg-config reads the
 # sysroot's modules (Qt's) and puts their paths inside the sysroot.
-compiler="$(sed -n 's/^CMAKE_CXX_COMPILER:[A-Z]*=//p' "$work/cmake/CMakeCache.txt")"
+compiler="$(sed -n 's/^set(CMAKE_CXX_COMPILER "\(.*\)")$/\1/p' "$work"/cmake/CMakeFiles/*/CMakeCXXCompiler.cmake)"
 compile=("$compiler")
 pkg_config=(env PKG_CONFIG_PATH="$(dirname "$(find "$prefix" -name mediaplayer-mainwindow.pc)")")
 if [ -n "$sysroot" ]; then

@@ -1,13 +1,14 @@
 #!/usr/bin/env bash
-# installed_player.sh PREFIX WORK BUILD SOURCE [EMULATOR...]: checks the tree
+# installed_player.sh PREFIX WORK BUILD SOURCE [SYSROOT EMULATOR...]: checks the tree
 # installed in PREFIX: no library or program names the build or source folder
 # in its dynamic section, every dependency resolves from PREFIX or the system,
 # and PREFIX/bin/mediaplayer plays the sample library (made and scanned by the
 # installed tools) and opens the setup library by name (installed_player.mps).
-# A tree built for another processor runs through EMULATOR.
+# A tree built for another processor runs through EMULATOR, with the system's
+# libraries and dynamic loader in SYSROOT.
 set -euo pipefail
-prefix="$1" work="$2" build="$3" source="$4"
-emulator=("${@:5}")
+prefix="$1" work="$2" build="$3" source="$4" sysroot="${5:-}"
+emulator=("${@:6}")
 here="$(cd "$(dirname "$0")" && pwd)"
 rm -rf "$work" && mkdir -p "$work"
 export MP_QCOP_LOCAL=1 QT_QPA_PLATFORM=offscreen
@@ -20,6 +21,7 @@ elf_files=$(find "$prefix/bin" "$prefix/lib" -type f \( -perm -u+x -o -name '*.s
 # shows on the machine the tree was built for).
 loader="$(readelf -l "$prefix/bin/mediaplayer" | sed -n 's/.*program interpreter: \(.*\)]$/\1/p')"
 [ -n "$loader" ] || fail "$prefix/bin/mediaplayer names no dynamic loader"
+loader="$sysroot$loader"
 for file in $elf_files; do
   dynamic="$(readelf -d "$file")"
   if grep -qF -e "$build" -e "$source" <<<"$dynamic"; then
