@@ -36,6 +36,11 @@ void handOnTheEmulator(QProcess& process)
 
 } // namespace
 
+bool ProjectProgram::emulated()
+{
+    return !emulator().isEmpty();
+}
+
 QString ProjectProgram::path(const QString& name)
 {
     return QStringLiteral(MP_BIN_DIR "/") + name;

@@ -11,6 +11,9 @@
 
 namespace ProjectProgram {
 
+/** True when the build's programs run under an emulator (a build for another processor). */
+bool emulated();
+
 /** The path of the build's program @p name. */
 QString path(const QString& name);
 
