@@ -36,4 +36,17 @@ set(ENV{PKG_CONFIG_SYSROOT_DIR} "${MP_ARM_SYSROOT}")
 
 # Programs of the build (tests, and the programs the tests start) run under
 # user-mode QEMU, which finds the ARM loader and libraries in the sysroot.
-set(CMAKE_CROSSCOMPILING_EMULATOR qemu-arm -L "${MP_ARM_SYSROOT}")
+# GStreamer (the media output) is told where the sysroot's plug-ins are: its
+# scan of its own plug-in folder finds nothing through QEMU's mapping. It loads
+# them in its own process, as its scanning helper is an ARM program that this
+# machine cannot start; the registry of what it found stays in the sysroot,
+# beside the plug-ins it describes, for every program after the first. Its
+# JACK sink is left out: without a sound server GStreamer tries it, and JACK's
+# database in /dev/shm, shared with this machine's own programs, is in the
+# other processor's format (the ARM library says so on standard error).
+# (QEMU splits each -E value at its commas.)
+set(CMAKE_CROSSCOMPILING_EMULATOR qemu-arm -L "${MP_ARM_SYSROOT}"
+  -E "GST_PLUGIN_SYSTEM_PATH=${MP_ARM_SYSROOT}/usr/lib/arm-linux-gnueabihf/gstreamer-1.0"
+  -E GST_REGISTRY_FORK=no
+  -E "GST_REGISTRY=${MP_ARM_SYSROOT}/var/cache/gstreamer-1.0/registry.bin"
+  -E GST_PLUGIN_FEATURE_RANK=jackaudiosink:NONE)

@@ -17,6 +17,18 @@ bool channelsStayLocal()
 {
     return qEnvironmentVariableIntValue("MP_QCOP_LOCAL") == 1 || qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS");
 }
+
+/** The command that runs mp-mpris, beside this program, with @p arguments.
+ *  Built for another processor, the programs run under an emulator on the
+ *  development machine (MP_EMULATOR names it, with its options, split as a
+ *  shell splits words), and a program the player starts must run under it
+ *  too: that machine's kernel cannot start it by itself. */
+QStringList bridgeCommand(const QStringList& arguments)
+{
+    QStringList command = QProcess::splitCommand(qEnvironmentVariable("MP_EMULATOR"));
+    command << QCoreApplication::applicationDirPath() + QStringLiteral("/mp-mpris") << arguments;
+    return command;
+}
 } // namespace
 
 MprisBridgeProcess::MprisBridgeProcess() = default;
@@ -40,10 +52,11 @@ bool MprisBridgeProcess::start(const QString& dataDir)
         std::fprintf(stderr, "mediaplayer: --mpris: no D-Bus session bus, the media controls are not offered\n");
         return false;
     }
-    const QString program = QCoreApplication::applicationDirPath() + QStringLiteral("/mp-mpris");
     QStringList arguments;
     if (!dataDir.isEmpty())
         arguments << QStringLiteral("--data-dir") << QFileInfo(dataDir).absoluteFilePath();
+    QStringList command = bridgeCommand(arguments);
+    const QString program = command.takeFirst();
     m_process = std::make_unique<QProcess>();
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     // The journal records the player's effects; the bridge is another program.
@@ -59,9 +72,10 @@ bool MprisBridgeProcess::start(const QString& dataDir)
         if (::getppid() != player)  // the player died before the request took
             ::raise(SIGTERM);
     });
-    m_process->start(program, arguments);
+    m_process->start(program, command);
     if (!m_process->waitForStarted(kEndMilliseconds)) {
-        std::fprintf(stderr, "mediaplayer: --mpris: cannot start %s: %s\n", qPrintable(program),
+        std::fprintf(stderr, "mediaplayer: --mpris: cannot start %s: %s\n",
+                     qPrintable((QStringList{program} + command).join(QLatin1Char(' '))),
                      qPrintable(m_process->errorString()));
         m_process.reset();
         return false;

@@ -3,7 +3,9 @@
 // one, runs as a child for as long as this object lives, on the same data
 // folder, so that the desktop's media controls see and drive the player.
 // The bridge ends when this process ends, however it ends (the kernel is
-// asked to terminate it when its parent dies).
+// asked to terminate it when its parent dies). A build for another processor,
+// run under an emulator, starts the bridge through the command MP_EMULATOR
+// names.
 
 #include <QString>
 

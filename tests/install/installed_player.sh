@@ -1,11 +1,14 @@
 #!/usr/bin/env bash
-# installed_player.sh PREFIX WORK BUILD SOURCE: checks the tree installed in
-# PREFIX: no library or program names the build or source folder in its
-# dynamic section, every dependency resolves from PREFIX or the system, and
-# PREFIX/bin/mediaplayer plays the sample library (made and scanned by the
+# installed_player.sh PREFIX WORK BUILD SOURCE [SYSROOT EMULATOR...]: checks the tree
+# installed in PREFIX: no library or program names the build or source folder
+# in its dynamic section, every dependency resolves from PREFIX or the system,
+# and PREFIX/bin/mediaplayer plays the sample library (made and scanned by the
 # installed tools) and opens the setup library by name (installed_player.mps).
+# A tree built for another processor runs through EMULATOR, with the system's
+# libraries and dynamic loader in SYSROOT.
 set -euo pipefail
-prefix="$1" work="$2" build="$3" source="$4"
+prefix="$1" work="$2" build="$3" source="$4" sysroot="${5:-}"
+emulator=("${@:6}")
 here="$(cd "$(dirname "$0")" && pwd)"
 rm -rf "$work" && mkdir -p "$work"
 export MP_QCOP_LOCAL=1 QT_QPA_PLATFORM=offscreen
@@ -14,20 +17,26 @@ fail() { echo "FAIL: $*" >&2; exit 1; }
 
 elf_files=$(find "$prefix/bin" "$prefix/lib" -type f \( -perm -u+x -o -name '*.so*' \))
 [ -n "$elf_files" ] || fail "nothing installed in $prefix"
+# The dependencies as the programs' own dynamic loader resolves them (what ldd
+# shows on the machine the tree was built for).
+loader="$(readelf -l "$prefix/bin/mediaplayer" | sed -n 's/.*program interpreter: \(.*\)]$/\1/p')"
+[ -n "$loader" ] || fail "$prefix/bin/mediaplayer names no dynamic loader"
+loader="$sysroot$loader"
 for file in $elf_files; do
   dynamic="$(readelf -d "$file")"
   if grep -qF -e "$build" -e "$source" <<<"$dynamic"; then
     fail "$file names the build or source folder: $(grep -F -e "$build" -e "$source" <<<"$dynamic")"
   fi
-  resolved="$(ldd "$file" | sed "s|$prefix/|PREFIX/|g")"
-  if grep -q "not found" <<<"$resolved"; then fail "$file: $(grep "not found" <<<"$resolved")"; fi
+  # A library that cannot be found stops the loader, which says which.
+  resolved="$("${emulator[@]}" "$loader" --list "$file" 2>&1)" || fail "$file: $resolved"
+  resolved="$(sed "s|$prefix/|PREFIX/|g" <<<"$resolved")"
   if grep -qF -e "$build" <<<"$resolved"; then fail "$file loads from the build: $resolved"; fi
   if grep -E "lib(mp_|vemo)" <<<"$resolved" | grep -vqF "=> PREFIX/"; then
     fail "$file takes a library of the project from elsewhere: $resolved"
   fi
 done
 
-"$prefix/bin/mediaplayer" --help >/dev/null || fail "mediaplayer --help"
+"${emulator[@]}" "$prefix/bin/mediaplayer" --help >/dev/null || fail "mediaplayer --help"
 
 # The menu entry starts the installed player with its icon; its name is the
 # DesktopEntry that mp-mpris reports.
@@ -39,9 +48,9 @@ for size in 16 48 256; do
   read -r width height < <(od -An -tu4 --endian=big -j16 -N8 "$icon")
   [ "$width $height" = "$size $size" ] || fail "$icon is ${width}x$height"
 done
-"$prefix/bin/mp-samplegen" "$work/library" >/dev/null
-"$prefix/bin/mp-scan" --data-dir "$work/data" "$work/library" >/dev/null
-"$prefix/bin/mediaplayer" --data-dir "$work/data" --journal "$work/journal" --log "$work/log" \
+"${emulator[@]}" "$prefix/bin/mp-samplegen" "$work/library" >/dev/null
+"${emulator[@]}" "$prefix/bin/mp-scan" --data-dir "$work/data" "$work/library" >/dev/null
+"${emulator[@]}" "$prefix/bin/mediaplayer" --data-dir "$work/data" --journal "$work/journal" --log "$work/log" \
   --script "$here/installed_player.mps" >"$work/output" 2>&1 || fail "mediaplayer: $(cat "$work/output")"
 
 first_song="$(grep -m1 '^Playing:' "$work/output" || true)"

@@ -13,7 +13,33 @@ QStringList emulator()
     return QStringLiteral(MP_EMULATOR).split(QLatin1Char('|'), Qt::SkipEmptyParts);
 }
 
+/** @p words as one command line that QProcess::splitCommand splits back. */
+QString commandLine(QStringList words)
+{
+    for (QString& word : words)
+        word = QLatin1Char('"') + word.replace(QLatin1Char('"'), QStringLiteral("\"\"\"")) + QLatin1Char('"');
+    return words.join(QLatin1Char(' '));
+}
+
+/** Under an emulator, what the program starts of the project (the player's
+ *  mp-mpris) must run through the emulator as well: MP_EMULATOR tells it how. */
+void handOnTheEmulator(QProcess& process)
+{
+    if (emulator().isEmpty())
+        return;
+    QProcessEnvironment environment = process.processEnvironment();
+    if (environment.isEmpty())  // an empty one means the test's own
+        environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("MP_EMULATOR"), commandLine(emulator()));
+    process.setProcessEnvironment(environment);
+}
+
 } // namespace
+
+bool ProjectProgram::emulated()
+{
+    return !emulator().isEmpty();
+}
 
 QString ProjectProgram::path(const QString& name)
 {
@@ -30,6 +56,7 @@ bool ProjectProgram::start(QProcess& process, const QString& name, const QString
     QStringList command = emulator();
     command << path(name) << arguments;
     const QString program = command.takeFirst();
+    handOnTheEmulator(process);
     process.start(program, command);
     // A start that fails leaves exit code 0 behind: never let that read as success.
     if (process.waitForStarted(30000))

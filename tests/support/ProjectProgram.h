@@ -2,13 +2,17 @@
 // Starts a program of the project (mediaplayer, mp-scan, qcop, mp-mpris) from
 // the build's bin folder. A build for another processor names the emulator
 // that runs its programs (CMAKE_CROSSCOMPILING_EMULATOR); the tests then run
-// under it, and so does every program they start.
+// under it, and so does every program they start, also those that a program
+// of the project starts in turn (MP_EMULATOR hands the emulator on).
 
 #include <QProcess>
 #include <QString>
 #include <QStringList>
 
 namespace ProjectProgram {
+
+/** True when the build's programs run under an emulator (a build for another processor). */
+bool emulated();
 
 /** The path of the build's program @p name. */
 QString path(const QString& name);

@@ -13,6 +13,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTimer>
 
 #include <algorithm>
@@ -34,7 +35,7 @@ const long kResidentLimitKb = 100 * 1024;
 const int kNextsAfterTermination = 5;
 
 /** The resident memory of process @p pid in kB; 0 when it cannot be read. */
-long residentKb(qint64 pid)
+long processResidentKb(qint64 pid)
 {
     QFile status(QStringLiteral("/proc/%1/status").arg(pid));
     if (!status.open(QIODevice::ReadOnly))
@@ -44,6 +45,36 @@ long residentKb(qint64 pid)
             return line.mid(6).trimmed().split(' ').value(0).toLong();
     }
     return 0;
+}
+
+/** The resident memory of the 32-bit program that emulator process @p pid
+ *  runs, in kB: what lies in the emulated address space (its first 4 GiB).
+ *  The emulator's own memory, mostly the code it has translated, grows with
+ *  every new path the player takes and is no part of the player's. */
+long emulatedResidentKb(qint64 pid)
+{
+    QFile maps(QStringLiteral("/proc/%1/smaps").arg(pid));
+    if (!maps.open(QIODevice::ReadOnly))
+        return 0;
+    const qulonglong kEmulatedSpaceEnd = 1ULL << 32;
+    // Each mapping's line "start-end perms ..." is followed by its sizes.
+    static const QRegularExpression kMapping(QStringLiteral("^[0-9a-f]+-([0-9a-f]+) "));
+    bool emulated = false;
+    long kb = 0;
+    for (const QByteArray& line : maps.readAll().split('\n')) {
+        const QRegularExpressionMatch mapping = kMapping.match(QString::fromLatin1(line));
+        if (mapping.hasMatch())
+            emulated = mapping.captured(1).toULongLong(nullptr, 16) <= kEmulatedSpaceEnd;
+        else if (emulated && line.startsWith("Rss:"))
+            kb += line.mid(4).trimmed().split(' ').value(0).toLong();
+    }
+    return kb;
+}
+
+/** The player's resident memory in kB; 0 when it cannot be read. */
+long residentKb(qint64 pid)
+{
+    return ProjectProgram::emulated() ? emulatedResidentKb(pid) : processResidentKb(pid);
 }
 
 // Hears the channel messages on the bus, to know when the player speaks.

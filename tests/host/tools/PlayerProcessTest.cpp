@@ -101,7 +101,8 @@ protected:
               QStringList{"--data-dir", m_run.dataDir() + "/data", "--journal", journalOf(name), "--quiet", "--log",
                           m_run.dataDir() + "/" + name + ".log", "--script", file.fileName()}
                   + extraArguments);
-        return ProjectProgram::readUntil(process, QProcess::StandardError, awaiting).endsWith(awaiting);
+        m_playerSaid = ProjectProgram::readUntil(process, QProcess::StandardError, awaiting);
+        return m_playerSaid.endsWith(awaiting);
     }
 
     QString journalOf(const QString& name) const { return m_run.dataDir() + "/" + name + ".jsonl"; }
@@ -136,6 +137,7 @@ protected:
     QProcess m_player;
     QProcess m_tool;  ///< the listener or the bridge
     QProcess m_second;  ///< a second player or bridge
+    QString m_playerSaid;  ///< what the last player started by startPlayerOn wrote on standard error
 };
 
 TEST_F(PlayerProcessTest, QcopHearsThePlayersIdleMessagesAndMovesItOn)
@@ -430,9 +432,11 @@ TEST_F(PlayerProcessTest, TheBridgeEndsWithAKilledPlayerThatStartedIt_AndWithIts
 {
     ASSERT_TRUE(connectTest());
     ASSERT_TRUE(startPlayerOn(m_player, "mpris", albumScript(0, "TEST/Control", ""),
-                              "await: listening on TEST/Control for done", {"--mpris"}));
+                              "await: listening on TEST/Control for done", {"--mpris"}))
+        << m_playerSaid.toStdString();
     uint bridgePid = 0;
-    ASSERT_TRUE(waitFor([&] { return busNameOwned("org.mpris.MediaPlayer2.mediaplayer", &bridgePid); }));
+    ASSERT_TRUE(waitFor([&] { return busNameOwned("org.mpris.MediaPlayer2.mediaplayer", &bridgePid); }))
+        << "the player's bridge never came on the bus; the player said:\n" << m_playerSaid.toStdString();
     ASSERT_NE(bridgePid, 0u);
     m_player.kill();
     ASSERT_TRUE(m_player.waitForFinished(kWaitMs));
