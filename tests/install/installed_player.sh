@@ -29,7 +29,7 @@ for file in $elf_files; do
   fi
   # A library that cannot be found stops the loader, which says which.
   resolved="$("${emulator[@]}" "$loader" --list "$file" 2>&1)" || fail "$file: $resolved"
-  resolved="$(sed "s|$prefix/|PREFIX/|g" <<<"$resolved")"
+  resolved="${resolved//"$prefix/"/PREFIX/}"
   if grep -qF -e "$build" <<<"$resolved"; then fail "$file loads from the build: $resolved"; fi
   if grep -E "lib(mp_|vemo)" <<<"$resolved" | grep -vqF "=> PREFIX/"; then
     fail "$file takes a library of the project from elsewhere: $resolved"

@@ -22,7 +22,8 @@ QString commandLine(QStringList words)
 }
 
 /** Under an emulator, what the program starts of the project (the player's
- *  mp-mpris) must run through the emulator as well: MP_EMULATOR tells it how. */
+ *  mp-mpris) must run through the emulator as well: MP_EMULATOR tells it how,
+ *  unless the test names a command of its own. */
 void handOnTheEmulator(QProcess& process)
 {
     if (emulator().isEmpty())
@@ -30,7 +31,8 @@ void handOnTheEmulator(QProcess& process)
     QProcessEnvironment environment = process.processEnvironment();
     if (environment.isEmpty())  // an empty one means the test's own
         environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("MP_EMULATOR"), commandLine(emulator()));
+    if (!environment.contains(QStringLiteral("MP_EMULATOR")))
+        environment.insert(QStringLiteral("MP_EMULATOR"), commandLine(emulator()));
     process.setProcessEnvironment(environment);
 }
 

@@ -428,6 +428,23 @@ TEST_F(PlayerProcessTest, AwaitAsTheScriptsFirstLine_HearsASenderThatSendsAtOnce
     EXPECT_EQ(m_player.exitCode(), 0) << m_player.readAllStandardError().toStdString();
 }
 
+TEST_F(PlayerProcessTest, ABridgeThatCannotStart_IsSaidWithItsCommand_AndThePlayerPlaysOn)
+{
+    // The player starts its bridge through the command MP_EMULATOR names.
+    qputenv("MP_EMULATOR", "/nonexistent/emulator \"an option\"");
+    const bool started = startPlayerOn(m_player, "nobridge", "await TEST/Control done 60000\nquit\n",
+                                       "await: listening on TEST/Control for done", {"--mpris"});
+    qunsetenv("MP_EMULATOR");
+    ASSERT_TRUE(started) << m_playerSaid.toStdString();
+    const QStringList said = m_playerSaid.split('\n').filter("mediaplayer: --mpris:");
+    ASSERT_EQ(said.size(), 1) << m_playerSaid.toStdString();
+    const QString command = "/nonexistent/emulator an option " + ProjectProgram::path("mp-mpris") + " --data-dir "
+                            + m_run.dataDir() + "/data";
+    EXPECT_TRUE(said[0].startsWith("mediaplayer: --mpris: cannot start " + command + ": ")) << said[0].toStdString();
+    EXPECT_GT(said[0].size(), ("mediaplayer: --mpris: cannot start " + command + ": ").size()) << "and why";
+    EXPECT_EQ(endPlayer(), 0);
+}
+
 TEST_F(PlayerProcessTest, TheBridgeEndsWithAKilledPlayerThatStartedIt_AndWithItsBus)
 {
     ASSERT_TRUE(connectTest());
