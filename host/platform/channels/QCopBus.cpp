@@ -50,10 +50,21 @@ QCopBus::QCopBus(Delivery delivery)
               qPrintable(bus.lastError().message()));
         return;
     }
+    m_ownService = bus.baseService();
+    m_intake.setObjectName(QStringLiteral("qcop-intake"));
+    m_intake.start();
+    moveToThread(&m_intake);
     m_connected = bus.connect(QString(), QLatin1String(kPath), QLatin1String(kInterface), QLatin1String(kSignal),
                               this, SLOT(onSignal(QDBusMessage)));
     if (!m_connected)
         trace(3, "QCopChannel: cannot listen on the session bus, channel messages stay in this process\n");
+}
+
+QCopBus::~QCopBus()
+{
+    m_intake.quit();
+    m_intake.wait();
+    s_existing = nullptr;
 }
 
 void QCopBus::publish(const QCString& channel, const QCString& message, const QByteArray& data)
@@ -92,7 +103,7 @@ bool QCopBus::waitUntilListening(int timeoutMs)
 
 void QCopBus::onSignal(const QDBusMessage& signal)
 {
-    if (signal.service() == QDBusConnection::sessionBus().baseService())
+    if (signal.service() == m_ownService)
         return;  // our own message, delivered in this process when it was sent
     const QList<QVariant> arguments = signal.arguments();
     // Anything but three byte arrays with a channel and a message name is

@@ -12,9 +12,19 @@
 // channels reach only the listeners of this process. waitUntilListening()
 // proves that the bus hands this process what others send, for a program
 // that tells another it may send now.
+//
+// The bus's messages are taken on a thread of their own (the intake), which
+// hands each to the delivery at once, there: the delivery's bounded backlog
+// then holds what the process has not yet acted on. Were they taken on the
+// main thread, Qt would queue every message as an event of its own until the
+// main thread came round, and a process busier than a flood is fast would
+// hold the whole flood.
 
 #include <QObject>
+#include <QString>
+#include <QThread>
 
+#include <atomic>
 #include <functional>
 
 #include "platform/Qt2Compat.h"
@@ -30,7 +40,8 @@ public:
     static const char* const kInterface;
     static const char* const kSignal;
 
-    /** Connects to the session bus once and hands what other processes send to @p delivery. */
+    /** Connects to the session bus once and hands what other processes send to
+     *  @p delivery, which is called on the intake thread and must be safe there. */
     static QCopBus& instance(Delivery delivery);
     /** The one made by instance(), or null before it. */
     static QCopBus* existing() { return s_existing; }
@@ -50,9 +61,12 @@ private Q_SLOTS:
 
 private:
     explicit QCopBus(Delivery delivery);
+    ~QCopBus() override;
     static QCopBus* s_existing;
     Delivery m_delivery;
     bool m_connected = false;
+    QString m_ownService;        ///< this process's name on the bus: its own signals come back from there
     QCString m_probeChannel;     ///< this process's own channel for the proof, heard by nobody else
-    bool m_probeHeard = false;
+    std::atomic<bool> m_probeHeard{false};
+    QThread m_intake;            ///< where the bus's messages are taken (this object lives there once connected)
 };

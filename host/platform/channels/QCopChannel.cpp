@@ -5,6 +5,8 @@
 #include <QHash>
 #include <QList>
 #include <QLoggingCategory>
+#include <QMutex>
+#include <QMutexLocker>
 
 #include "host/platform/HostJournal.h"
 #include "host/platform/channels/QCopBacklog.h"
@@ -86,7 +88,9 @@ private:
 
     QCopBus& bus()
     {
+        // Called on the bus's intake thread.
         return QCopBus::instance([this](const QCString& channel, const QCString& message, const QByteArray& data) {
+            const QMutexLocker locked(&m_backlogLock);
             const long long droppedBefore = m_backlog.dropped();
             if (m_backlog.add({channel, message, data})) {
                 if (!m_backlogPosted) {
@@ -103,6 +107,7 @@ private:
 
     void deliverOneWaiting()
     {
+        QMutexLocker locked(&m_backlogLock);
         m_backlogPosted = false;
         if (m_backlog.isEmpty())
             return;
@@ -111,6 +116,7 @@ private:
             m_backlogPosted = true;
             QCoreApplication::postEvent(this, new QEvent(kBacklogEvent));
         }
+        locked.unlock();  // a listener may send, and the intake must go on meanwhile
         deliver(waiting.channel, waiting.message, waiting.data);
     }
 
@@ -131,6 +137,7 @@ private:
     }
 
     QHash<QCString, QList<QCopChannel*>> m_listeners;
+    QMutex m_backlogLock;   ///< the backlog is filled on the bus's intake thread
     QCopBacklog m_backlog;  ///< messages of other processes, waiting for their turn
     bool m_backlogPosted = false;  ///< a backlog event is on its way
 };
