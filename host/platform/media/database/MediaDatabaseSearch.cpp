@@ -87,6 +87,11 @@ std::shared_ptr<MediaOrderedResult> MediaDatabase::loadOrderedResult(const Media
     query.reset();
     if (step != SqliteStatement::Step::Done)
         return nullptr;
+    // Grown by doubling, a result could hold room for nearly as many ids again
+    // for as long as it is kept; following changes adds room of its own.
+    ordered->ids.shrink_to_fit();
+    ordered->albums.shrink_to_fit();
+    ordered->albumKeys.shrink_to_fit();
     return ordered;
 }
 
