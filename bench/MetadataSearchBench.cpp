@@ -19,6 +19,8 @@
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 
+#include <malloc.h>
+
 #include <cstdio>
 #include <memory>
 #include <string>
@@ -270,6 +272,37 @@ void BM_CountAfterABatch(benchmark::State& state)
     }
 }
 BENCHMARK(BM_CountAfterABatch)->Arg(10)->Arg(100)->Arg(1000)->Arg(4000)->Unit(benchmark::kMillisecond);
+
+// The heap bytes of a byte array's text: the block malloc gave it (its usable
+// size and the size word before it); none for an empty one.
+size_t heapBytesOf(const QByteArray& text)
+{
+    const auto* block = const_cast<QByteArray&>(text).data_ptr().d_ptr();
+    return block ? malloc_usable_size(const_cast<void*>(static_cast<const void*>(block))) + sizeof(size_t) : 0;
+}
+
+// What a connection keeps for an ordered result, per song of the library: the
+// whole library's object ids, and its album names with their sort keys.
+void BM_KeptBytesPerSong(benchmark::State& state)
+{
+    const std::shared_ptr<const MediaOrderedResult> ids = g_searcher->orderedResult(planOf(LibraryRequest().window(0, 0)));
+    const std::shared_ptr<const MediaOrderedResult> albums = g_searcher->orderedResult(planOf(LibraryRequest().albumCount()));
+    if (!ids || !albums) {
+        state.SkipWithError("no result");
+        return;
+    }
+    size_t albumBytes = (albums->albums.capacity() + albums->albumKeys.capacity()) * sizeof(QByteArray);
+    for (size_t i = 0; i < albums->albums.size(); ++i)
+        albumBytes += heapBytesOf(albums->albums[i]) + heapBytesOf(albums->albumKeys[i]);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(ids->ids.data());
+    const double songs = double(ids->ids.size());
+    state.counters["songs"] = songs;
+    state.counters["id_result_bytes_per_song"] = double(ids->ids.capacity() * sizeof(quint32)) / songs;
+    state.counters["albums"] = double(albums->albums.size());
+    state.counters["album_result_bytes_per_song"] = double(albumBytes) / songs;
+}
+BENCHMARK(BM_KeptBytesPerSong)->Iterations(1);
 
 } // namespace
 

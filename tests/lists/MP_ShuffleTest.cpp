@@ -5,6 +5,7 @@
 #include <ctime>
 
 #include <algorithm>
+#include <map>
 #include <vector>
 
 namespace {
@@ -98,4 +99,30 @@ TEST(MP_ShuffleTest, SameSecondSameOrderAndThePinSwapsWithTheFirstDrawn)
     *pinPlace = expected.front();
     expected.front() = 23;
     EXPECT_EQ(orderOf(pinned, 40), expected);
+}
+
+// Over many seeds every order of four positions comes up equally often: a
+// draw that favours some (swapping with any place, not only those not placed
+// yet, or never leaving a position where it was) fails by far.
+TEST(MP_ShuffleTest, OverManySeedsEveryOrderIsEquallyLikely)
+{
+    constexpr int kDraws = 24000;
+    std::map<std::vector<int>, int> seen;
+    MP_Shuffle shuffle;
+    for (int seed = 0; seed < kDraws; ++seed) {
+        shuffle.shuffleWithSeed(4, -1, std::uint64_t(seed));
+        ++seen[orderOf(shuffle, 4)];
+    }
+    ASSERT_EQ(seen.size(), 24u);
+    const double expected = kDraws / 24.0;
+    double chiSquare = 0;
+    for (const auto& [order, times] : seen)
+        chiSquare += (times - expected) * (times - expected) / expected;
+    // 49.7: what 23 degrees of freedom exceed once in a thousand fair runs.
+    EXPECT_LT(chiSquare, 49.7);
+
+    shuffle.shuffleWithSeed(1000000, 999999, 7);
+    const std::vector<int> order = orderOf(shuffle, 1000000);
+    EXPECT_EQ(order.front(), 999999);
+    EXPECT_TRUE(isPermutation(order));
 }

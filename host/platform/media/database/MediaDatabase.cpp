@@ -164,6 +164,11 @@ SqliteStatement& MediaDatabase::statement(const QByteArray& sql)
     return *slot;
 }
 
+std::function<SqliteStatement&(const QByteArray& sql)> MediaDatabase::keptStatements()
+{
+    return [this](const QByteArray& sql) -> SqliteStatement& { return statement(sql); };
+}
+
 bool MediaDatabase::holdSnapshot()
 {
     releaseSnapshot();

@@ -9,6 +9,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -146,6 +147,8 @@ private:
     void checkpointLargeLog();
     /** A statement prepared once per connection and reset after each use. */
     SqliteStatement& statement(const QByteArray& sql);
+    /** statement() as a source of statements, for the helpers that run SQL of their own. */
+    std::function<SqliteStatement&(const QByteArray& sql)> keptStatements();
     std::optional<MediaRecord> readMedia(SqliteStatement& query);
     static void bindMedia(SqliteStatement& query, const MediaRecord& record);
     std::optional<MediaGroup> readGroup(SqliteStatement& query);

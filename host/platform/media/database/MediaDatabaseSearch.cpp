@@ -40,8 +40,7 @@ void MediaDatabase::validateCache()
         m_cache.moveTo(stamp, latestEntryChange(), schema.value_or(-1));
         return;
     }
-    MediaResultFollower follower([this](const QByteArray& sql) -> SqliteStatement& { return statement(sql); },
-                                 *changes);
+    MediaResultFollower follower(keptStatements(), *changes);
     m_cache.follow(follower);
     m_cache.moveTo(stamp, changes->last, *schema);
 }
@@ -56,7 +55,7 @@ std::shared_ptr<const MediaOrderedResult> MediaDatabase::orderedResult(const Med
     // the result (search() holds one already).
     std::optional<SqliteTransaction> snapshot;
     if (!isInTransaction())
-        snapshot.emplace(m_db, SqliteTransaction::Kind::Read);
+        snapshot.emplace(m_db, SqliteTransaction::Kind::Read, keptStatements());
     validateCache();
     const QByteArray key = plan.shapeKey();
     std::shared_ptr<const MediaOrderedResult> ordered = m_cache.find(key);
@@ -88,6 +87,11 @@ std::shared_ptr<MediaOrderedResult> MediaDatabase::loadOrderedResult(const Media
     query.reset();
     if (step != SqliteStatement::Step::Done)
         return nullptr;
+    // Grown by doubling, a result could hold room for nearly as many ids again
+    // for as long as it is kept; following changes adds room of its own.
+    ordered->ids.shrink_to_fit();
+    ordered->albums.shrink_to_fit();
+    ordered->albumKeys.shrink_to_fit();
     return ordered;
 }
 
@@ -128,7 +132,7 @@ std::optional<MediaSearchResult> MediaDatabase::search(const MediaSearchPlan& pl
     // One snapshot for the check of the database state, the ordered result
     // and the rows of the window: a change committed meanwhile by another
     // connection cannot take a row from under the window.
-    SqliteTransaction snapshot(m_db, SqliteTransaction::Kind::Read);
+    SqliteTransaction snapshot(m_db, SqliteTransaction::Kind::Read, keptStatements());
     const std::shared_ptr<const MediaOrderedResult> ordered = orderedResult(plan);
     if (!snapshot.isActive() || !ordered)
         return std::nullopt;

@@ -72,15 +72,77 @@ bool MediaResultFollower::follow(const MediaSearchPlan& plan, MediaOrderedResult
     return plan.isGrouped() ? followAlbums(plan, result) : followEntries(plan, result.ids);
 }
 
-bool MediaResultFollower::isChanged(quint32 id) const
+namespace {
+
+// The ids looked at as one block: a block that holds no changed id (almost
+// every one, with a few changes) is passed over at vector speed.
+constexpr size_t kBlock = 64;
+// Up to this many changes, a block is compared with each changed id; with
+// more, each id is looked up in the bit set.
+constexpr size_t kMostComparedChanges = 8;
+
+bool isInLowBits(const std::vector<quint64>& lowBits, quint32 id)
 {
-    return (m_lowBits[(id & kLowBitsMask) / 64] >> (id % 64) & 1)
-           && std::binary_search(m_changes.ids.begin(), m_changes.ids.end(), id);
+    return lowBits[(id & kLowBitsMask) / 64] >> (id % 64) & 1;
+}
+
+// Whether the full block at @p block may hold one of @p changed: exact when
+// compared, possibly a false alarm through the bit set.
+bool mayHoldChanged(const quint32* block, const std::vector<quint32>& changed, const std::vector<quint64>& lowBits)
+{
+    quint32 hits = 0;
+    if (changed.size() <= kMostComparedChanges) {
+        for (const quint32 id : changed) {
+            for (size_t i = 0; i < kBlock; ++i)
+                hits |= quint32(block[i] == id);
+        }
+    } else {
+        for (size_t i = 0; i < kBlock; ++i)
+            hits |= quint32(isInLowBits(lowBits, block[i]));
+    }
+    return hits != 0;
+}
+
+} // namespace
+
+std::vector<size_t> MediaResultFollower::changedPlaces(const std::vector<quint32>& ids) const
+{
+    const std::vector<quint32>& changed = m_changes.ids;
+    const auto isChanged = [&](quint32 id) {
+        return isInLowBits(m_lowBits, id) && std::binary_search(changed.begin(), changed.end(), id);
+    };
+    std::vector<size_t> places;
+    for (size_t start = 0; start < ids.size(); start += kBlock) {
+        const size_t end = std::min(ids.size(), start + kBlock);
+        if (end - start == kBlock && !mayHoldChanged(ids.data() + start, changed, m_lowBits))
+            continue;
+        for (size_t i = start; i < end; ++i) {
+            if (isChanged(ids[i]))
+                places.push_back(i);
+        }
+    }
+    return places;
+}
+
+void MediaResultFollower::removeChanged(std::vector<quint32>& ids) const
+{
+    const std::vector<size_t> places = changedPlaces(ids);
+    if (places.empty())
+        return;
+    // Each run of kept ids between two changed ones moves down once.
+    size_t write = places.front();
+    for (size_t p = 0; p < places.size(); ++p) {
+        const size_t from = places[p] + 1;
+        const size_t to = p + 1 < places.size() ? places[p + 1] : ids.size();
+        std::move(ids.begin() + ptrdiff_t(from), ids.begin() + ptrdiff_t(to), ids.begin() + ptrdiff_t(write));
+        write += to - from;
+    }
+    ids.resize(write);
 }
 
 bool MediaResultFollower::followEntries(const MediaSearchPlan& plan, std::vector<quint32>& ids)
 {
-    ids.erase(std::remove_if(ids.begin(), ids.end(), [this](quint32 id) { return isChanged(id); }), ids.end());
+    removeChanged(ids);
     const std::optional<std::vector<quint32>> entering = enteringIds(plan);
     if (!entering)
         return false;

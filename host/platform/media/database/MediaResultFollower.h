@@ -38,7 +38,10 @@ public:
 private:
     bool followEntries(const MediaSearchPlan& plan, std::vector<quint32>& ids);
     bool followAlbums(const MediaSearchPlan& plan, MediaOrderedResult& result);
-    bool isChanged(quint32 id) const;
+    /** Takes the changed objects out of @p ids, keeping the order of the others. */
+    void removeChanged(std::vector<quint32>& ids) const;
+    /** The places in @p ids of the changed objects, ascending. */
+    std::vector<size_t> changedPlaces(const std::vector<quint32>& ids) const;
     /** The changed objects that match @p plan now, in result order. */
     std::optional<std::vector<quint32>> enteringIds(const MediaSearchPlan& plan);
     /** Where @p id goes among @p ids, at or after @p from; nothing on failure. */

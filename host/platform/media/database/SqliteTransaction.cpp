@@ -3,9 +3,10 @@
 #include <sqlite3.h>
 
 #include "host/platform/media/database/MetadataLog.h"
+#include "host/platform/media/database/SqliteStatement.h"
 
-SqliteTransaction::SqliteTransaction(sqlite3* db, Kind kind)
-    : m_db(db), m_isOutermost(sqlite3_get_autocommit(db) != 0), m_isActive(false)
+SqliteTransaction::SqliteTransaction(sqlite3* db, Kind kind, StatementSource statements)
+    : m_db(db), m_statements(std::move(statements)), m_isOutermost(sqlite3_get_autocommit(db) != 0), m_isActive(false)
 {
     const char* begin = kind == Kind::Write ? "BEGIN IMMEDIATE" : "BEGIN DEFERRED";
     m_isActive = execute(m_isOutermost ? begin : "SAVEPOINT nested");
@@ -15,10 +16,12 @@ SqliteTransaction::~SqliteTransaction()
 {
     if (!m_isActive)
         return;
+    // Rare (a failure, an early return): parsed, as the two statements of a
+    // nested rollback must be.
     if (m_isOutermost)
-        execute("ROLLBACK");
+        executeParsed("ROLLBACK");
     else
-        execute("ROLLBACK TO nested; RELEASE nested");
+        executeParsed("ROLLBACK TO nested; RELEASE nested");
 }
 
 bool SqliteTransaction::commit()
@@ -32,6 +35,14 @@ bool SqliteTransaction::commit()
 }
 
 bool SqliteTransaction::execute(const char* sql)
+{
+    if (!m_statements)
+        return executeParsed(sql);
+    // Each of these SQL texts is a literal: the kept statement may name it without a copy.
+    return m_statements(QByteArray::fromRawData(sql, qsizetype(qstrlen(sql)))).run();
+}
+
+bool SqliteTransaction::executeParsed(const char* sql)
 {
     char* message = nullptr;
     if (sqlite3_exec(m_db, sql, nullptr, nullptr, &message) == SQLITE_OK)

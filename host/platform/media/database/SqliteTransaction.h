@@ -4,14 +4,24 @@
 // transaction takes the write lock at once, so two writers never deadlock
 // upgrading a read; a read transaction gives its reads one snapshot.
 
+#include <QByteArray>
+
+#include <functional>
+
+class SqliteStatement;
 struct sqlite3;
 
 class SqliteTransaction {
 public:
     enum class Kind { Write, Read };
 
-    /** Begins; isActive() tells whether that worked. */
-    explicit SqliteTransaction(sqlite3* db, Kind kind = Kind::Write);
+    /** Gives a statement prepared from the SQL, kept by the database connection. */
+    using StatementSource = std::function<SqliteStatement&(const QByteArray& sql)>;
+
+    /** Begins; isActive() tells whether that worked. With @p statements, beginning and
+     *  committing run statements prepared once and kept (a search's snapshot costs no
+     *  parsing); without, they are parsed at every use. */
+    explicit SqliteTransaction(sqlite3* db, Kind kind = Kind::Write, StatementSource statements = {});
     /** Rolls back when commit() was not called (or failed). */
     ~SqliteTransaction();
     SqliteTransaction(const SqliteTransaction&) = delete;
@@ -23,9 +33,13 @@ public:
     bool commit();
 
 private:
+    /** Runs one statement of @p sql, a literal, through m_statements when there is one. */
     bool execute(const char* sql);
+    /** Runs @p sql, one statement or more, parsed now. */
+    bool executeParsed(const char* sql);
 
     sqlite3* m_db;
+    StatementSource m_statements;
     bool m_isOutermost;
     bool m_isActive;
 };

@@ -169,10 +169,7 @@ int metadataSearchMedia(unsigned int handle, const MetadataSearchMediaRequest* r
     if (plan->resultCount() == 0 || (!plan->isGrouped() && !plan->needsRowValues()))
         connection->catchUp();
     connection->noteRead(*plan);
-    MediaDatabase* database = databaseOf(handle, "metadataSearchMedia");
-    if (!database)
-        return kUnknownHandle;
-    const std::optional<MediaSearchResult> result = database->search(*plan);
+    const std::optional<MediaSearchResult> result = connection->reader()->search(*plan);
     if (!result)
         return kDatabaseFailure;
     MetadataResponseBuilder response(*result, plan->candidates());

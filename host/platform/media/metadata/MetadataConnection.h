@@ -69,6 +69,9 @@ public:
     /** The connection that reads, on @p file (reopened when the data folder moved), with
      *  the snapshot the rule above asks for; null when it cannot be opened. */
     MediaDatabase* readerOn(const QString& file);
+    /** The connection that reads, as readerOn() last left it: what a call that found this
+     *  connection through MetadataClients reads, without a second look at the data folder. */
+    MediaDatabase* reader() const { return m_database.get(); }
     /** The connection that writes and looks at the change log, on @p file; it never holds
      *  a snapshot. Null when it cannot be opened. */
     MediaDatabase* writerOn(const QString& file);
