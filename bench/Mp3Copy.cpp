@@ -26,6 +26,18 @@ void setLocation(GstElement* pipeline, const char* element, const QString& path)
     g_object_set(found.get(), "location", QFile::encodeName(path).constData(), nullptr);
 }
 
+/** What went wrong, as GStreamer says it; a minute without an end when there is no message. */
+QString reasonOf(GstMessage* message)
+{
+    if (!message)
+        return QStringLiteral("no end within a minute");
+    GError* error = nullptr;
+    gst_message_parse_error(message, &error, nullptr);
+    const QString reason = QString::fromUtf8(error ? error->message : "unknown error");
+    g_clear_error(&error);
+    return reason;
+}
+
 } // namespace
 
 bool Mp3Copy::copyFolder(const QString& from, const QString& to)
@@ -81,7 +93,7 @@ bool Mp3Copy::encodeSound(const QString& wav, const QString& mp3)
                                                      GstMessageType(GST_MESSAGE_EOS | GST_MESSAGE_ERROR));
     const bool ended = message && GST_MESSAGE_TYPE(message) == GST_MESSAGE_EOS;
     if (!ended)
-        std::fprintf(stderr, "Mp3Copy: %s could not be encoded\n", qPrintable(wav));
+        std::fprintf(stderr, "Mp3Copy: %s could not be encoded: %s\n", qPrintable(wav), qPrintable(reasonOf(message)));
     if (message)
         gst_message_unref(message);
     gst_element_set_state(pipeline.get(), GST_STATE_NULL);
