@@ -35,6 +35,7 @@ struct PhoneState {
     int lockStatus = 0;
     QHash<int, bool> flexBits;
     QHash<QString, QString> profile;
+    quint64 profileGeneration = 0;
 
     PhoneState() { setDefaults(); }
     void setDefaults()
@@ -49,6 +50,7 @@ struct PhoneState {
             qCWarning(lcPhone).noquote() << HostPhone::profilePath() + QLatin1Char(':') << warning << "(skipped)";
         flexBits.insert(file.flexBits);
         profile.insert(file.items);
+        ++profileGeneration;
     }
 };
 
@@ -90,12 +92,18 @@ bool HostPhone::flexBit(int bit)
 void HostPhone::setProfileItem(const QString& section, const QString& key, const QString& value)
 {
     phone().profile.insert(profileKey(section, key), value);
+    ++phone().profileGeneration;
     HostJournal::call(QStringLiteral("phone"), QStringLiteral("setProfileItem"), {section, key, value});
 }
 
 QString HostPhone::profileItem(const QString& section, const QString& key)
 {
     return phone().profile.value(profileKey(section, key));
+}
+
+quint64 HostPhone::profileGeneration()
+{
+    return phone().profileGeneration;
 }
 
 void HostPhone::setPhoneLockStatus(int status)

@@ -21,6 +21,9 @@ public:
     /** Profile items; "MF_FlexNumber"/"StorageNumber" is "2" unless set. */
     static void setProfileItem(const QString& section, const QString& key, const QString& value);
     static QString profileItem(const QString& section, const QString& key);
+    /** A number that changes whenever any profile item may have: what is worked out
+     *  from the profile can be kept while it stays the same. */
+    static quint64 profileGeneration();
 
     /** Nonzero while the phone is locked; 0 (unlocked) unless set. */
     static void setPhoneLockStatus(int status);

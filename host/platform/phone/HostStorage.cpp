@@ -6,6 +6,7 @@
 #include <cstdlib>
 
 #include "host/platform/HostDataDir.h"
+#include "host/platform/phone/HostPhone.h"
 #include "platform/SETUP_SET_Manager.h"
 
 QString HostStorage::memoryCardPath()
@@ -29,8 +30,16 @@ int HostStorage::storageOf(const QString& path)
 
 int HostStorage::storageCount()
 {
-    const QByteArray text = getProfileItem(QStringLiteral("MF_FlexNumber"), QStringLiteral("StorageNumber")).toLatin1();
-    return std::atoi(text.constData());
+    // Every search asks: the item is read again only after the profile changed.
+    static quint64 generation = 0;
+    static int count = 0;
+    if (generation != HostPhone::profileGeneration()) {
+        generation = HostPhone::profileGeneration();
+        const QByteArray text =
+            getProfileItem(QStringLiteral("MF_FlexNumber"), QStringLiteral("StorageNumber")).toLatin1();
+        count = std::atoi(text.constData());
+    }
+    return count;
 }
 
 std::optional<int> HostStorage::selectedStorage(int location, int storageCount)

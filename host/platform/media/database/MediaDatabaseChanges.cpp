@@ -11,7 +11,7 @@ MediaCommitStamp MediaDatabase::commitStamp()
 {
     // data_version moves when another connection (the scanner, another
     // process) commits; total_changes when this one writes.
-    SqliteStatement& query = statement("PRAGMA data_version");
+    SqliteStatement& query = statement(QByteArrayLiteral("PRAGMA data_version"));
     const qint64 othersVersion = query.step() == SqliteStatement::Step::Row ? query.int64(0) : -1;
     query.reset();
     return MediaCommitStamp{othersVersion, sqlite3_total_changes64(m_db)};

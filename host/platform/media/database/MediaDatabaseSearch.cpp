@@ -57,7 +57,7 @@ std::shared_ptr<const MediaOrderedResult> MediaDatabase::orderedResult(const Med
     if (!isInTransaction())
         snapshot.emplace(m_db, SqliteTransaction::Kind::Read, keptStatements());
     validateCache();
-    const QByteArray key = plan.shapeKey();
+    const QByteArray& key = plan.shapeKey();
     std::shared_ptr<const MediaOrderedResult> ordered = m_cache.find(key);
     if (!ordered) {
         std::shared_ptr<MediaOrderedResult> loaded = loadOrderedResult(plan);
@@ -103,7 +103,11 @@ bool MediaDatabase::fillWindow(const MediaSearchPlan& plan, const MediaOrderedRe
     if (plan.resultCount() == 0 || plan.firstIndex() >= total)
         return true;
     result.rows.reserve(size_t(end - plan.firstIndex()));
-    SqliteStatement& query = statement("SELECT path, album FROM media WHERE id = ?1");
+    // The album only when it is asked for: a list's windows are of paths,
+    // and SQLite reads every column a statement names.
+    const bool needsAlbum = plan.candidates().contains(METADATA_CANDIDATE_ALBUM);
+    SqliteStatement& query = needsAlbum ? statement(QByteArrayLiteral("SELECT path, album FROM media WHERE id = ?1"))
+                                        : statement(QByteArrayLiteral("SELECT path FROM media WHERE id = ?1"));
     for (qint64 i = plan.firstIndex(); i < end; ++i) {
         MediaSearchRow row;
         if (plan.isGrouped()) {
@@ -115,7 +119,8 @@ bool MediaDatabase::fillWindow(const MediaSearchPlan& plan, const MediaOrderedRe
                 const bool found = query.step() == SqliteStatement::Step::Row;
                 if (found) {
                     row.path = query.utf8(0);
-                    row.album = query.utf8(1);
+                    if (needsAlbum)
+                        row.album = query.utf8(1);
                 }
                 query.reset();
                 if (!found)

@@ -29,6 +29,72 @@ std::optional<qint64> integerValue(const MetadataSearchFilter& filter)
     return qint64(value);
 }
 
+// What the value of an "equal" filter is, by the filter's type.
+enum class ValueKind { Text, Number, Unknown };
+
+ValueKind valueKindOf(MetadataSearchFilterType type)
+{
+    switch (type) {
+    case METADATA_FILTER_FILE_PATH:
+    case METADATA_FILTER_ARTIST:
+    case METADATA_FILTER_COMPOSER:
+    case METADATA_FILTER_GENRE:
+    case METADATA_FILTER_ALBUM:
+    case METADATA_FILTER_DATE:
+        return ValueKind::Text;
+    case METADATA_FILTER_CREATE_FLAG:
+    case METADATA_FILTER_GROUP_ID:
+        return ValueKind::Number;
+    }
+    return ValueKind::Unknown;
+}
+
+template <typename Value>
+void appendBytes(std::string& key, const Value& value)
+{
+    key.append(reinterpret_cast<const char*>(&value), sizeof value);
+}
+
+// The filter's part of a request's shape: false where read() may refuse it.
+bool writeShapeOfFilter(const MetadataSearchFilter& filter, std::string& key)
+{
+    appendBytes(key, filter.type);
+    appendBytes(key, filter.op);
+    if (filter.op == METADATA_OPERATOR_ANY)
+        return !filter.value && filter.valueLength == 0;
+    if (filter.op != METADATA_OPERATOR_EQUAL)
+        return false;
+    switch (valueKindOf(filter.type)) {
+    case ValueKind::Text: {
+        const std::optional<QByteArray> text = textValue(filter);
+        if (!text)
+            return false;
+        appendBytes(key, text->size());
+        key.append(text->constData(), size_t(text->size()));
+        return true;
+    }
+    case ValueKind::Number: {
+        const std::optional<qint64> number = integerValue(filter);
+        if (number)
+            appendBytes(key, *number);
+        return number.has_value();
+    }
+    case ValueKind::Unknown:
+        break;
+    }
+    return false;
+}
+
+template <typename Entry>
+bool writeShapeOfArray(uint32_t count, const Entry* entries, std::string& key)
+{
+    appendBytes(key, count);
+    if (count > 0 && !entries)
+        return false;
+    key.append(reinterpret_cast<const char*>(entries), count * sizeof(Entry));
+    return true;
+}
+
 const char* textColumnOf(MetadataSearchFilterType type)
 {
     switch (type) {
@@ -87,6 +153,34 @@ std::optional<MediaSearchPlan> MediaSearchPlan::read(const MetadataSearchMediaRe
         return std::nullopt;
     plan.readStorage(request, storageCount);
     plan.buildSql();
+    plan.m_shapeKey = plan.buildShapeKey();
+    return plan;
+}
+
+bool MediaSearchPlan::writeShapeOfRequest(const MetadataSearchMediaRequest& request, int storageCount,
+                                          std::string& key)
+{
+    key.clear();
+    if (request.listTypeCount != 1 || !writeShapeOfArray(request.listTypeCount, request.listTypes, key))
+        return false;
+    appendBytes(key, request.filterCount);
+    if (request.filterCount > 0 && !request.filters)
+        return false;
+    for (uint32_t i = 0; i < request.filterCount; ++i) {
+        if (!writeShapeOfFilter(request.filters[i], key))
+            return false;
+    }
+    appendBytes(key, HostStorage::selectedStorage(request.storageLocation, storageCount).value_or(-1));
+    appendBytes(key, request.groupingFlag);
+    return writeShapeOfArray(request.sortCount, request.sort, key)
+           && writeShapeOfArray(request.candidateCount, request.candidates, key);
+}
+
+MediaSearchPlan MediaSearchPlan::withWindow(int firstIndex, int resultCount) const
+{
+    MediaSearchPlan plan = *this;
+    plan.m_firstIndex = firstIndex;
+    plan.m_resultCount = resultCount;
     return plan;
 }
 
@@ -153,21 +247,16 @@ bool MediaSearchPlan::readAnyFilter(const MetadataSearchFilter& filter, QString*
 
 bool MediaSearchPlan::readEqualFilter(const MetadataSearchFilter& filter, QString* error)
 {
-    switch (filter.type) {
-    case METADATA_FILTER_FILE_PATH:
-    case METADATA_FILTER_ARTIST:
-    case METADATA_FILTER_COMPOSER:
-    case METADATA_FILTER_GENRE:
-    case METADATA_FILTER_ALBUM:
-    case METADATA_FILTER_DATE:
+    switch (valueKindOf(filter.type)) {
+    case ValueKind::Text:
         return readTextFilter(filter, error);
-    case METADATA_FILTER_CREATE_FLAG:
-    case METADATA_FILTER_GROUP_ID:
+    case ValueKind::Number:
         return readNumberFilter(filter, error);
-    default:
-        *error = QStringLiteral("unknown filter type %1").arg(uint32_t(filter.type));
-        return false;
+    case ValueKind::Unknown:
+        break;
     }
+    *error = QStringLiteral("unknown filter type %1").arg(uint32_t(filter.type));
+    return false;
 }
 
 bool MediaSearchPlan::readTextFilter(const MetadataSearchFilter& filter, QString* error)
@@ -376,7 +465,7 @@ void MediaSearchPlan::bindTo(SqliteStatement& statement, int firstIndex) const
     }
 }
 
-QByteArray MediaSearchPlan::shapeKey() const
+QByteArray MediaSearchPlan::buildShapeKey() const
 {
     QByteArray key = m_sql;
     for (const Condition& condition : m_conditions) {

@@ -9,6 +9,7 @@
 #include <QString>
 
 #include <optional>
+#include <string>
 #include <variant>
 
 #include "platform/Metadata.h"
@@ -22,6 +23,14 @@ public:
      *  when the request cannot be read. */
     static std::optional<MediaSearchPlan> read(const MetadataSearchMediaRequest& request, int storageCount,
                                                QString* error);
+    /** Writes to @p key all that read() makes a plan of but the window: requests with
+     *  equal keys read into the same plan, or are both refused. Reads no more of the
+     *  request than read() does: false (and @p key unspecified) where that would take
+     *  a value that read() refuses unread. True says nothing of whether read() accepts. */
+    static bool writeShapeOfRequest(const MetadataSearchMediaRequest& request, int storageCount, std::string& key);
+    /** The same plan for the window of @p resultCount entries from @p firstIndex
+     *  (neither negative). */
+    MediaSearchPlan withWindow(int firstIndex, int resultCount) const;
 
     /** The distinct album names of the result are asked for, not its entries. */
     bool isGrouped() const { return m_isGrouped; }
@@ -57,7 +66,7 @@ public:
      *  only on the media objects. */
     bool readsGroups() const { return isGroupList() || m_hasGroupFilter; }
     /** Equal keys mean equal ordered results (on the same database state). */
-    QByteArray shapeKey() const;
+    const QByteArray& shapeKey() const { return m_shapeKey; }
 
 private:
     using Value = std::variant<qint64, QByteArray>;
@@ -82,6 +91,7 @@ private:
     bool isGroupList() const;
     void addCondition(const QByteArray& sql, const QList<Value>& values = {});
     void buildSql();
+    QByteArray buildShapeKey() const;
 
     MetadataListType m_listType = METADATA_LIST_MUSIC;
     std::optional<quint32> m_groupId;   // the group a group list draws from
@@ -94,4 +104,5 @@ private:
     int m_firstIndex = 0;
     int m_resultCount = 0;
     QByteArray m_sql;
+    QByteArray m_shapeKey;
 };

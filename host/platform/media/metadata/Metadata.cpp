@@ -156,7 +156,8 @@ int metadataSearchMedia(unsigned int handle, const MetadataSearchMediaRequest* r
         return kUnreadableRequest;
     }
     QString error;
-    const std::optional<MediaSearchPlan> plan = MediaSearchPlan::read(*request, HostStorage::storageCount(), &error);
+    const std::optional<MediaSearchPlan> plan =
+        MetadataClients::instance().searchPlans().read(*request, HostStorage::storageCount(), &error);
     if (!plan) {
         qCWarning(lcMetadata).noquote() << "metadataSearchMedia: cannot read the request:" << error;
         return kUnreadableRequest;

@@ -1,5 +1,7 @@
 #include "host/platform/media/metadata/MetadataClients.h"
 
+#include <cstdlib>
+
 #include "host/platform/media/database/MediaDatabase.h"
 #include "host/platform/media/metadata/MetadataConnection.h"
 
@@ -14,13 +16,26 @@ MetadataClients::~MetadataClients() = default;
 
 const QString& MetadataClients::databaseFile()
 {
-    // The variables HostDataDir reads the data folder from.
-    const QByteArray environment = qgetenv("MP_DATA_DIR") + '\0' + qgetenv("XDG_DATA_HOME") + '\0' + qgetenv("HOME");
-    if (m_databaseFile.isEmpty() || environment != m_dataDirEnvironment) {
-        m_dataDirEnvironment = environment;
+    if (!isDataDirEnvironmentUnchanged() || m_databaseFile.isEmpty())
         m_databaseFile = MediaDatabase::defaultFile();
-    }
     return m_databaseFile;
+}
+
+bool MetadataClients::isDataDirEnvironmentUnchanged()
+{
+    // The variables HostDataDir reads the data folder from. Every call of the
+    // metadata functions asks, so they are compared where they stand, not copied.
+    static constexpr std::array<const char*, 3> kNames = {"MP_DATA_DIR", "XDG_DATA_HOME", "HOME"};
+    bool isUnchanged = true;
+    for (size_t i = 0; i < kNames.size(); ++i) {
+        const char* value = std::getenv(kNames[i]);
+        std::optional<std::string>& remembered = m_dataDirEnvironment[i];
+        if (value ? remembered && *remembered == value : !remembered)
+            continue;
+        isUnchanged = false;
+        remembered = value ? std::optional<std::string>(value) : std::nullopt;
+    }
+    return isUnchanged;
 }
 
 unsigned int MetadataClients::open()

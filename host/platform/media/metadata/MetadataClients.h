@@ -7,8 +7,13 @@
 #include <QByteArray>
 #include <QString>
 
+#include <array>
 #include <map>
 #include <memory>
+#include <optional>
+#include <string>
+
+#include "host/platform/media/database/MediaSearchPlanCache.h"
 
 class MediaDatabase;
 class MetadataConnection;
@@ -32,6 +37,8 @@ public:
      *  for the functions that take no handle (the last-played list); null when it cannot
      *  be opened. */
     MediaDatabase* ownDatabase();
+    /** The plans of the last search requests of every connection. */
+    MediaSearchPlanCache& searchPlans() { return m_searchPlans; }
 
 private:
     MetadataClients();
@@ -39,10 +46,14 @@ private:
     /** The data folder's database file, worked out again only when the environment
      *  that names the data folder changed (a search must not cost file-system calls). */
     const QString& databaseFile();
+    /** Whether the variables that name the data folder still hold what they did when
+     *  databaseFile() was worked out; remembers what they hold now. */
+    bool isDataDirEnvironmentUnchanged();
 
     std::map<unsigned int, std::unique_ptr<MetadataConnection>> m_connections;
     std::unique_ptr<MediaDatabase> m_ownDatabase;
     unsigned int m_lastHandle = 0;
-    QByteArray m_dataDirEnvironment;
+    std::array<std::optional<std::string>, 3> m_dataDirEnvironment;
     QString m_databaseFile;
+    MediaSearchPlanCache m_searchPlans;
 };
