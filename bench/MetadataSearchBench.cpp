@@ -19,7 +19,6 @@
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 
-#include <malloc.h>
 
 #include <cstdio>
 #include <memory>
@@ -273,13 +272,6 @@ void BM_CountAfterABatch(benchmark::State& state)
 }
 BENCHMARK(BM_CountAfterABatch)->Arg(10)->Arg(100)->Arg(1000)->Arg(4000)->Unit(benchmark::kMillisecond);
 
-// The heap bytes of a byte array's text: the block malloc gave it (its usable
-// size and the size word before it); none for an empty one.
-size_t heapBytesOf(const QByteArray& text)
-{
-    const auto* block = const_cast<QByteArray&>(text).data_ptr().d_ptr();
-    return block ? malloc_usable_size(const_cast<void*>(static_cast<const void*>(block))) + sizeof(size_t) : 0;
-}
 
 // What a connection keeps for an ordered result, per song of the library: the
 // whole library's object ids, and its album names with their sort keys.
@@ -291,9 +283,7 @@ void BM_KeptBytesPerSong(benchmark::State& state)
         state.SkipWithError("no result");
         return;
     }
-    size_t albumBytes = (albums->albums.capacity() + albums->albumKeys.capacity()) * sizeof(QByteArray);
-    for (size_t i = 0; i < albums->albums.size(); ++i)
-        albumBytes += heapBytesOf(albums->albums[i]) + heapBytesOf(albums->albumKeys[i]);
+    const size_t albumBytes = albums->albums.bytesHeld();
     for (auto _ : state)
         benchmark::DoNotOptimize(ids->ids.data());
     const double songs = double(ids->ids.size());

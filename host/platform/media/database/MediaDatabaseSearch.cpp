@@ -78,8 +78,10 @@ std::shared_ptr<MediaOrderedResult> MediaDatabase::loadOrderedResult(const Media
     SqliteStatement::Step step = query.step();
     for (; step == SqliteStatement::Step::Row; step = query.step()) {
         if (plan.isGrouped()) {
-            ordered->albums.push_back(query.utf8(0));
-            ordered->albumKeys.push_back(query.utf8(1));
+            if (!ordered->albums.append(query.utf8View(1), query.utf8View(0))) {
+                query.reset();
+                return nullptr;
+            }
         } else {
             ordered->ids.push_back(quint32(query.int64(0)));
         }
@@ -90,8 +92,7 @@ std::shared_ptr<MediaOrderedResult> MediaDatabase::loadOrderedResult(const Media
     // Grown by doubling, a result could hold room for nearly as many ids again
     // for as long as it is kept; following changes adds room of its own.
     ordered->ids.shrink_to_fit();
-    ordered->albums.shrink_to_fit();
-    ordered->albumKeys.shrink_to_fit();
+    ordered->albums.shrinkToFit();
     return ordered;
 }
 
@@ -111,7 +112,8 @@ bool MediaDatabase::fillWindow(const MediaSearchPlan& plan, const MediaOrderedRe
     for (qint64 i = plan.firstIndex(); i < end; ++i) {
         MediaSearchRow row;
         if (plan.isGrouped()) {
-            row.album = ordered.albums[size_t(i)];
+            const std::string_view album = ordered.albums.nameAt(size_t(i));
+            row.album = QByteArray(album.data(), qsizetype(album.size()));
         } else {
             row.id = ordered.ids[size_t(i)];
             if (plan.needsRowValues()) {

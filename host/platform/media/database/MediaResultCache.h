@@ -12,6 +12,7 @@
 #include <optional>
 #include <vector>
 
+#include "host/platform/media/database/MediaAlbumList.h"
 #include "host/platform/media/database/MediaChanges.h"
 #include "host/platform/media/database/MediaSearchPlan.h"
 
@@ -19,8 +20,7 @@ class MediaResultFollower;
 
 struct MediaOrderedResult {
     std::vector<quint32> ids;          ///< in result order (entry searches)
-    std::vector<QByteArray> albums;    ///< in result order (album-name searches), UTF-8
-    std::vector<QByteArray> albumKeys; ///< the sort key of each of albums
+    MediaAlbumList albums;             ///< in result order (album-name searches), UTF-8
 };
 
 class MediaResultCache {

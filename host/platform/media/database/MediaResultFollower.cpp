@@ -37,6 +37,36 @@ QByteArray orderBySql(const MediaSearchPlan& plan)
 
 using Album = std::pair<QByteArray, QByteArray>;   // (album key, album)
 
+MediaAlbumList::Album viewOf(const Album& album)
+{
+    return {std::string_view(album.first.constData(), size_t(album.first.size())),
+            std::string_view(album.second.constData(), size_t(album.second.size()))};
+}
+
+// Makes @p albums those of its albums that are not leaving, with @p entering
+// (in result order) at their places; false when the list cannot hold them.
+template <typename IsBefore>
+bool mergeAlbums(MediaAlbumList& albums, const std::vector<Album>& entering, const std::vector<bool>& isLeaving,
+                 IsBefore isBefore)
+{
+    size_t enteringBytes = 0;
+    for (const Album& album : entering)
+        enteringBytes += size_t(album.first.size() + album.second.size());
+    MediaAlbumList merged;
+    merged.reserve(albums.size() + entering.size(), albums.textBytes() + enteringBytes);
+    auto next = entering.begin();
+    for (size_t i = 0; i <= albums.size(); ++i) {
+        for (; next != entering.end() && (i == albums.size() || isBefore(viewOf(*next), albums.at(i))); ++next) {
+            if (!merged.append(viewOf(*next).first, viewOf(*next).second))
+                return false;
+        }
+        if (i < albums.size() && !isLeaving[i] && !merged.append(albums.at(i).first, albums.at(i).second))
+            return false;
+    }
+    albums = std::move(merged);
+    return true;
+}
+
 } // namespace
 
 MediaResultFollower::MediaResultFollower(StatementSource statements, const MediaEntryChanges& changes)
@@ -247,29 +277,30 @@ std::optional<std::vector<Album>> MediaResultFollower::touchedAlbums()
 bool MediaResultFollower::followAlbums(const MediaSearchPlan& plan, MediaOrderedResult& result)
 {
     const std::optional<std::vector<Album>> touched = touchedAlbums();
-    if (!touched || result.albumKeys.size() != result.albums.size())
+    if (!touched)
         return false;
-    // Names compare bytewise, as SQLite's BINARY collation does.
+    // Keys and names compare bytewise, as SQLite's BINARY collation does.
     const bool isDescending = plan.orderTerms().first().isDescending;
-    const auto isBefore = [isDescending](const Album& left, const Album& right) {
+    const auto isBefore = [isDescending](const MediaAlbumList::Album& left, const MediaAlbumList::Album& right) {
         return isDescending ? right < left : left < right;
     };
-    const auto albumAt = [&result](size_t i) { return Album(result.albumKeys[i], result.albums[i]); };
+    const MediaAlbumList& albums = result.albums;
     SqliteStatement& exists = m_statements("SELECT EXISTS (SELECT 1 FROM media m WHERE m.album_key = ?1 AND "
                                            "m.album = ?2 AND " + plan.conditionSql() + ")");
-    std::vector<bool> isLeaving(result.albums.size());
+    std::vector<bool> isLeaving(albums.size());
     std::vector<Album> entering;
     for (const Album& album : *touched) {
+        const MediaAlbumList::Album wanted = viewOf(album);
         size_t low = 0;
-        size_t high = result.albums.size();
+        size_t high = albums.size();
         while (low < high) {
             const size_t middle = low + (high - low) / 2;
-            if (isBefore(albumAt(middle), album))
+            if (isBefore(albums.at(middle), wanted))
                 low = middle + 1;
             else
                 high = middle;
         }
-        const bool isListed = low < result.albums.size() && albumAt(low) == album;
+        const bool isListed = low < albums.size() && albums.at(low) == wanted;
         exists.bindUtf8(1, album.first);
         exists.bindUtf8(2, album.second);
         plan.bindTo(exists, 3);
@@ -285,22 +316,7 @@ bool MediaResultFollower::followAlbums(const MediaSearchPlan& plan, MediaOrdered
     }
     if (entering.empty() && std::find(isLeaving.begin(), isLeaving.end(), true) == isLeaving.end())
         return true;   // the albums stay as they are: most changes
-    std::sort(entering.begin(), entering.end(), isBefore);
-    MediaOrderedResult merged;
-    merged.albums.reserve(result.albums.size() + entering.size());
-    merged.albumKeys.reserve(result.albums.size() + entering.size());
-    auto next = entering.begin();
-    for (size_t i = 0; i <= result.albums.size(); ++i) {
-        for (; next != entering.end() && (i == result.albums.size() || isBefore(*next, albumAt(i))); ++next) {
-            merged.albumKeys.push_back(next->first);
-            merged.albums.push_back(next->second);
-        }
-        if (i < result.albums.size() && !isLeaving[i]) {
-            merged.albumKeys.push_back(std::move(result.albumKeys[i]));
-            merged.albums.push_back(std::move(result.albums[i]));
-        }
-    }
-    result.albums = std::move(merged.albums);
-    result.albumKeys = std::move(merged.albumKeys);
-    return true;
+    std::sort(entering.begin(), entering.end(),
+              [&isBefore](const Album& left, const Album& right) { return isBefore(viewOf(left), viewOf(right)); });
+    return mergeAlbums(result.albums, entering, isLeaving, isBefore);
 }

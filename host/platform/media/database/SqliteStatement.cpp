@@ -99,6 +99,12 @@ QByteArray SqliteStatement::utf8(int column) const
     return QByteArray(bytes, sqlite3_column_bytes(m_statement, column));
 }
 
+std::string_view SqliteStatement::utf8View(int column) const
+{
+    const auto* bytes = reinterpret_cast<const char*>(sqlite3_column_text(m_statement, column));
+    return bytes ? std::string_view(bytes, size_t(sqlite3_column_bytes(m_statement, column))) : std::string_view();
+}
+
 bool SqliteStatement::isNull(int column) const
 {
     return sqlite3_column_type(m_statement, column) == SQLITE_NULL;

@@ -5,6 +5,8 @@
 #include <QByteArray>
 #include <QString>
 
+#include <string_view>
+
 struct sqlite3;
 struct sqlite3_stmt;
 
@@ -40,6 +42,9 @@ public:
     QString text(int column) const;
     /** The column's UTF-8 bytes, copied. */
     QByteArray utf8(int column) const;
+    /** The column's UTF-8 bytes where SQLite holds them: valid until the next step
+     *  or reset. */
+    std::string_view utf8View(int column) const;
     bool isNull(int column) const;
 
 private:
