@@ -1,6 +1,7 @@
 // How large the database's write-ahead log grows while the player plays
-// 10,000 songs on the engine's manual clock, each written into the play
-// history: the library plays, alone; a play list plays, alone and while
+// 10,000 songs of a library of --songs N songs (100,000 without) on the
+// engine's manual clock, each written into the play history: the library
+// plays, alone; a play list plays, alone and while
 // another program (a scanner) commits a song change every N songs: a new
 // song, and new tags for a song of the list and for one beside it. None of
 // these changes is one the playing list must handle, so the log starts over
@@ -28,6 +29,7 @@
 #include <cstdio>
 #include <memory>
 
+#include "bench/BenchLibrarySize.h"
 #include "clients/MP_MediafinderClient.h"
 #include "host/engine/HostEngine.h"
 #include "host/engine/HostEngineClock.h"
@@ -42,47 +44,73 @@
 namespace {
 
 constexpr int kSongsPlayed = 10000;
-constexpr int kLibrarySongs = 10000;
 constexpr int kPlayListSongs = 100;
+constexpr int kHistorySongs = 100;
+int g_songs = BenchLibrarySize::kDefault;
 
 enum PlayingList { Library = 0, PlayList = 1 };
 
-// A data folder with a library of songs that exist as (empty) files, so that
-// the engine plays them, a play list of the first of them, and a full history.
-class PlayableLibrary {
+// The songs of the library, as (empty) files, so that the engine plays them,
+// and a database of them with a play list of the first of them and a full
+// history; made once, and the database copied for each run.
+class LibraryTemplate {
 public:
-    PlayableLibrary()
+    LibraryTemplate()
     {
-        qputenv("MP_DATA_DIR", QFile::encodeName(m_folder.path()));
-        m_database = MediaDatabase::open(MediaDatabase::defaultFile());
         const QString music = m_folder.filePath(QStringLiteral("music"));
         QDir().mkpath(music);
-        const std::unique_ptr<SqliteTransaction> transaction = m_database->beginTransaction();
-        for (int number = 0; number < kLibrarySongs; ++number) {
-            const QString path = QStringLiteral("%1/%2.mp3").arg(music).arg(number, 5, 10, QLatin1Char('0'));
+        const std::unique_ptr<MediaDatabase> database = MediaDatabase::open(databaseFile());
+        const std::unique_ptr<SqliteTransaction> transaction = database->beginTransaction();
+        for (int number = 0; number < g_songs; ++number) {
+            const QString path = QStringLiteral("%1/%2.mp3").arg(music).arg(number, 7, 10, QLatin1Char('0'));
             QFile(path).open(QIODevice::WriteOnly);
             MediaRecord song;
             song.path = path;
             song.title = QFileInfo(path).completeBaseName();
-            m_ids.append(m_database->addMedia(song));
+            m_ids.append(database->addMedia(song));
         }
         transaction->commit();
-        m_playList = m_database->addGroup(METADATA_GROUP_USER, QStringLiteral("Evening"));
-        m_database->setGroupMembers(m_playList, m_ids.mid(0, kPlayListSongs));
-        m_database->setGroupMembers(METADATA_AUDIO_HISTORY_GROUP_ID, m_ids.mid(kPlayListSongs, 100));
+        m_playList = database->addGroup(METADATA_GROUP_USER, QStringLiteral("Evening"));
+        database->setGroupMembers(m_playList, m_ids.mid(0, kPlayListSongs));
+        database->setGroupMembers(METADATA_AUDIO_HISTORY_GROUP_ID, m_ids.mid(kPlayListSongs, kHistorySongs));
+    }
+
+    QString databaseFile() const { return m_folder.filePath(QStringLiteral("metadata.db")); }
+    quint32 playList() const { return m_playList; }
+    quint32 id(int number) const { return m_ids.at(number); }
+
+private:
+    QTemporaryDir m_folder;
+    QList<quint32> m_ids;
+    quint32 m_playList = 0;
+};
+
+const LibraryTemplate& libraryTemplate()
+{
+    static const LibraryTemplate library;
+    return library;
+}
+
+// A data folder of its own with a copy of the template's database.
+class PlayableLibrary {
+public:
+    PlayableLibrary() : m_template(libraryTemplate())
+    {
+        qputenv("MP_DATA_DIR", QFile::encodeName(m_folder.path()));
+        QFile::copy(m_template.databaseFile(), MediaDatabase::defaultFile());
+        m_database = MediaDatabase::open(MediaDatabase::defaultFile());
     }
     ~PlayableLibrary() { qunsetenv("MP_DATA_DIR"); }
 
     MediaDatabase& database() { return *m_database; }
-    quint32 playList() const { return m_playList; }
-    quint32 id(int number) const { return m_ids.at(number); }
+    quint32 playList() const { return m_template.playList(); }
+    quint32 id(int number) const { return m_template.id(number); }
     qint64 logSize() const { return QFileInfo(MediaDatabase::defaultFile() + QStringLiteral("-wal")).size(); }
 
 private:
+    const LibraryTemplate& m_template;
     QTemporaryDir m_folder;
     std::unique_ptr<MediaDatabase> m_database;   // the other program's connection
-    QList<quint32> m_ids;
-    quint32 m_playList = 0;
 };
 
 std::unique_ptr<MP_AufList> makeList(PlayingList kind, const PlayableLibrary& library)
@@ -105,7 +133,7 @@ void commitSongChange(PlayableLibrary& library, int round)
     MediaRecord added;
     added.path = QStringLiteral("/scanned/%1.mp3").arg(round);
     database.addMedia(added);
-    for (const int number : {round % kPlayListSongs, kPlayListSongs + round % (kLibrarySongs - kPlayListSongs)}) {
+    for (const int number : {round % kPlayListSongs, kPlayListSongs + round % (g_songs - kPlayListSongs)}) {
         if (std::optional<MediaRecord> song = database.mediaById(library.id(number))) {
             song->artist = QStringLiteral("Artist %1").arg(round);
             database.updateMedia(*song);
@@ -173,6 +201,13 @@ int main(int argc, char** argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("MP_QCOP_LOCAL", "1");
     QApplication application(argc, argv);
+    if (!BenchLibrarySize::take(&argc, argv))
+        return 64;
+    g_songs = BenchLibrarySize::songs();
+    if (g_songs < kPlayListSongs + kHistorySongs) {
+        std::fprintf(stderr, "--songs: the benchmark needs at least %d songs\n", kPlayListSongs + kHistorySongs);
+        return 64;
+    }
     benchmark::Initialize(&argc, argv);
     HostEngineClock::setManual(true);
     // The list's trace lines and the host's notes would drown the table.
