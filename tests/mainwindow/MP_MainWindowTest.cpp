@@ -105,7 +105,7 @@ TEST_F(MP_MainWindowTest, TearDown_ReleasesEngineThenStoresHidePlayingFalse)
     MP_DeleteMainWindow(nullptr);  // ignored
 }
 
-TEST_F(MP_MainWindowTest, ReadSetting_ForcedShuffleKeepsTheStoredSettingApart)
+TEST_F(MP_MainWindowTest, ReadSetting_ForcedShuffleKeepsTheStoredSettingApart_UnknownModesAreOff)
 {
     create();
     store("MusicShuffle", 0);
@@ -121,11 +121,8 @@ TEST_F(MP_MainWindowTest, ReadSetting_ForcedShuffleKeepsTheStoredSettingApart)
     EXPECT_EQ(MP_AufContext::shuffle, 2);
     EXPECT_FALSE(MP_AufContext::isRepeat) << "absent VideoRepeat reads as false";
     EXPECT_EQ(storedSetting("MusicShuffle", 0), 0) << "reading writes nothing";
-}
 
-TEST_F(MP_MainWindowTest, ReadSetting_AStoredShuffleModeOutsideTheThreeIsOff)
-{
-    create();
+    // A stored shuffle mode outside the three is off.
     for (const int stored : {3, 99, -1, INT_MAX}) {
         store("MusicShuffle", stored);
         window->readSetting(false, false);
