@@ -525,7 +525,7 @@ TEST_F(MP_AufListTest, RemoveItem_TakesTheCurrentOutOfItsGroupOrDeletesItsFile)
     EXPECT_FALSE(QFile::exists(dataPath("files/song1.mp3"))) << "a library entry's file is deleted";
     // The database notices, and the list moves on to the next song.
     ASSERT_TRUE(waitUntil([&] { return !journalLines("file", "deleted").isEmpty(); }, 3000));
-    EXPECT_EQ(journalLines("file", "deleted").first().value("args").toArray(), QJsonArray{dataPath("files/song1.mp3")});
+    EXPECT_EQ(journalArgs("file", "deleted").first(), QJsonArray{dataPath("files/song1.mp3")});
     EXPECT_FALSE(database->mediaByPath(dataPath("files/song1.mp3")));
     ASSERT_TRUE(waitUntil([&] { return library.count() == 2; }, 3000));
     EXPECT_EQ(titleOf(library.getCurrent()), "song2");

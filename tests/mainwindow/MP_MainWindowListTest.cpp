@@ -57,7 +57,7 @@ TEST_F(MP_MainWindowListTest, ListRunningEmpty_QuitsThePlayer)
     EXPECT_TRUE(journalLines("engine", "closePlayerWindow").isEmpty());
 
     window->freeCurrentList();
-    EXPECT_EQ(journalLines("engine", "setPlayList").last().value("args").toArray(), QJsonArray{QJsonValue()});
+    EXPECT_EQ(journalArgs("engine", "setPlayList").last(), QJsonArray{QJsonValue()});
     window->onCurrentItemChanged();
     EXPECT_EQ(journalLines("engine", "closePlayerWindow").size(), 1);
 }
