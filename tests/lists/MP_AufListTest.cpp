@@ -291,7 +291,7 @@ protected:
     }
 
     // Plays from the current song to the end of the list (@p step -1: to its start).
-    static QStringList walkForward(MP_AufList& list, int step = 1)
+    static QStringList walk(MP_AufList& list, int step = 1)
     {
         QStringList played{titleOf(list.getCurrent())};
         while ((step > 0 ? list.hasNext() : list.hasPrevious()) && played.size() < 100) {
@@ -325,7 +325,7 @@ TEST_F(MP_AufListAlbumTest, WithoutAFirstSong_PlaysEveryAlbumWholeOnceAndRetrace
     addSong(QStringLiteral("Loose 2"), QString(), 0);
     setModes(MP_AufList::ShuffleAlbums, false);
     MP_AufList list;
-    const QStringList forward = walkForward(list);
+    const QStringList forward = walk(list);
     ASSERT_EQ(forward.size(), 17);
     EXPECT_EQ(QSet<QString>(forward.begin(), forward.end()).size(), 17) << "every song exactly once";
     const QStringList order = albumRuns(forward);
@@ -333,7 +333,7 @@ TEST_F(MP_AufListAlbumTest, WithoutAFirstSong_PlaysEveryAlbumWholeOnceAndRetrace
     EXPECT_EQ(QSet<QString>(order.begin(), order.end()).size(), 6);
     EXPECT_EQ(forward.first().section(' ', 1).toInt(), 1);
 
-    QStringList back = walkForward(list, -1);
+    QStringList back = walk(list, -1);
     std::reverse(back.begin(), back.end());
     EXPECT_EQ(back, forward);
 }
@@ -344,7 +344,7 @@ TEST_F(MP_AufListAlbumTest, FirstAlbumPlaysFirstFromTheFirstSongAndIsSkippedLate
     // Whole-list position 10 is "Delta 2".
     MP_AufList list(QString(), QString(), QString(), QString(), 2, 10, QStringLiteral("Delta"));
     EXPECT_EQ(titleOf(list.getCurrent()), "Delta 2");
-    const QStringList forward = walkForward(list);
+    const QStringList forward = walk(list);
     EXPECT_EQ(forward.mid(0, 4), (QStringList{"Delta 2", "Delta 3", "Delta 4", "Delta 5"}));
     EXPECT_EQ(forward.size(), 14);
     EXPECT_EQ(forward.filter("Delta").size(), 4) << "the first album does not come round again";
@@ -362,7 +362,7 @@ TEST_F(MP_AufListAlbumTest, SteppingBackFromTheNextAlbum_ReturnsToTheFirstAlbum)
     EXPECT_EQ(titleOf(list.getCurrent()), "Delta 5");
     list.skipSteps(1);
     EXPECT_EQ(titleOf(list.getCurrent()), next);
-    EXPECT_EQ(walkForward(list).size(), 10) << "the rest of the order, each song once";
+    EXPECT_EQ(walk(list).size(), 10) << "the rest of the order, each song once";
 }
 
 TEST_F(MP_AufListAlbumTest, SwitchedOnWhileAnotherAlbumPlays_GoesOnFromThePlayingSong)
@@ -375,7 +375,7 @@ TEST_F(MP_AufListAlbumTest, SwitchedOnWhileAnotherAlbumPlays_GoesOnFromThePlayin
     list.updateShuffle(MP_AufList::ShuffleAlbums);
     EXPECT_EQ(titleOf(list.getCurrent()), "Bravo 2");
     EXPECT_EQ(changed.count(), 0) << "the same song plays on";
-    const QStringList forward = walkForward(list);
+    const QStringList forward = walk(list);
     EXPECT_EQ(forward.mid(0, 3), (QStringList{"Bravo 2", "Bravo 3", "Bravo 4"}));
     EXPECT_EQ(forward.size(), 14) << "then every other album once";
     EXPECT_EQ(forward.filter("Bravo").size(), 3);
@@ -390,7 +390,7 @@ TEST_F(MP_AufListAlbumTest, DatabaseChange_KeepsTheAlbumThatPlays)
     addSong(QStringLiteral("Zulu 1"), QStringLiteral("Zulu"), 1);  // another album, elsewhere in the list
     ASSERT_TRUE(waitUntil([&] { return updated.count() > 0; }, 3000));
     EXPECT_EQ(titleOf(list.getCurrent()), "Delta 1");
-    const QStringList forward = walkForward(list);
+    const QStringList forward = walk(list);
     EXPECT_EQ(forward.mid(0, 5), (QStringList{"Delta 1", "Delta 2", "Delta 3", "Delta 4", "Delta 5"}));
     EXPECT_EQ(forward.size(), 16) << "then every other album once, the new one too";
 }
