@@ -21,11 +21,6 @@
 
 namespace {
 
-QByteArray keyPayload(int key, int type)
-{
-    return payload(qint32(key), qint32(type));
-}
-
 class MP_BluetoothClientTest : public TestEnvironment {
 protected:
     void SetUp() override
@@ -49,8 +44,8 @@ protected:
         QCopChannel::send(UTIL_GetKeyEventChannel().toLatin1(), message, data);
         processEvents();
     }
-    static void press(int key) { send("keyMsg(int,int)", keyPayload(key, 1)); }
-    static void release(int key) { send("keyMsg(int,int)", keyPayload(key, 2)); }
+    static void press(int key) { send("keyMsg(int,int)", payload(key, 1)); }
+    static void release(int key) { send("keyMsg(int,int)", payload(key, 2)); }
     QStringList takeCalls() { return std::exchange(engine.control.calls, {}); }
 
     FakeScreenEngine engine;
@@ -74,12 +69,12 @@ TEST_F(MP_BluetoothClientTest, KeyMessages_ReleasesMapToCommandsAndOtherMessages
         EXPECT_EQ(takeCalls(), row.calls) << std::hex << row.key;
     }
     // Type 3 is no key event; 4 (press-and-hold) is left to the press's timer.
-    send("keyMsg(int,int)", keyPayload(0x1055, 3));
-    send("keyMsg(int,int)", keyPayload(0x1055, 4));
-    send("otherMsg(int,int)", keyPayload(0x1055, 2));
+    send("keyMsg(int,int)", payload(0x1055, 3));
+    send("keyMsg(int,int)", payload(0x1055, 4));
+    send("otherMsg(int,int)", payload(0x1055, 2));
     // Cut short inside the type, and a key alone: neither is read as a release.
-    send("keyMsg(int,int)", keyPayload(0x1055, 2).left(6));
-    send("keyMsg(int,int)", keyPayload(0x1055, 2).left(4));
+    send("keyMsg(int,int)", payload(0x1055, 2).left(6));
+    send("keyMsg(int,int)", payload(0x1055, 2).left(4));
     EXPECT_EQ(takeCalls(), QStringList());
 
     engine.hasControl = false;

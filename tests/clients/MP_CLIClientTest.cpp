@@ -34,6 +34,14 @@ protected:
     {
         client = std::make_unique<MP_CLIClient>(engine.get());
     }
+    // A new session over @p level stored by the last one, the journal read so far forgotten.
+    void restartWithStoredVolume(int level)
+    {
+        client.reset();
+        storeVolume(level);
+        createClient();
+        skipJournal();
+    }
 
     // "call args" of every journal line of @p kind since skipJournal(), e.g.
     // "informPosition [1500,0]"; settings writes read "VolumeLevel=3".
@@ -187,17 +195,11 @@ TEST_F(MP_CLIClientTest, VolumeAndMute_ReachEngineAndDisplay_AndUnmutingStoresTh
     EXPECT_EQ(take("settings"), (QStringList{"VolumeLevel=3", "VolumeLevel=0", "VolumeLevel=3"}));
 
     // A session that starts muted has seen no level: unmuting stores the default.
-    client.reset();
-    storeVolume(0);
-    createClient();
-    skipJournal();
+    restartWithStoredVolume(0);
     send(DisplayCommand::Kind::Mute, 0);
     EXPECT_EQ(take("settings"), QStringList{"VolumeLevel=5"});
     // A level held from beyond the display's is stored back as held.
-    client.reset();
-    storeVolume(300);
-    createClient();
-    skipJournal();
+    restartWithStoredVolume(300);
     send(DisplayCommand::Kind::Mute, 1);
     send(DisplayCommand::Kind::Mute, 0);
     EXPECT_EQ(take("settings"), (QStringList{"VolumeLevel=0", "VolumeLevel=255"}));

@@ -121,8 +121,7 @@ TEST_F(MP_MediafinderClientTest, LibrarySelection_PathPositionAndFiltersWithNull
     EXPECT_EQ(sent("NowplayingState(int)"), QStringList{"NowplayingState(int) 00000007"});
 
     ASSERT_EQ(count("metadata", "saveLastPlayedSong"), 1);
-    EXPECT_EQ(journalLines("metadata", "saveLastPlayedSong").first().value("args").toArray(),
-              (QJsonArray{"/a/x.mp3", 1}));
+    EXPECT_EQ(journalArgs("metadata", "saveLastPlayedSong").first(), (QJsonArray{"/a/x.mp3", 1}));
     const std::optional<MediaLastPlayedSong> stored = database->lastPlayedSong();
     ASSERT_TRUE(stored);
     EXPECT_EQ(stored->path, "/a/x.mp3");
@@ -135,7 +134,7 @@ TEST_F(MP_MediafinderClientTest, ASongNamedOutsideLatin1IsStoredAsItIsNamed)
     database->addMedia(song(path).title("Omega").artist("Band"));
     play(new MP_AufList("Band", QString(), QString(), QString(), -1, 0, QString()));
 
-    EXPECT_EQ(journalLines("metadata", "saveLastPlayedSong").value(0).value("args").toArray(), (QJsonArray{path, 0}));
+    EXPECT_EQ(journalArgs("metadata", "saveLastPlayedSong").value(0), (QJsonArray{path, 0}));
     ASSERT_TRUE(database->lastPlayedSong());
     EXPECT_EQ(database->lastPlayedSong()->path, path);
 }
@@ -151,7 +150,7 @@ TEST_F(MP_MediafinderClientTest, GroupList_PathPositionAndGroupId)
     EXPECT_EQ(sent("NowplayingGroupItem(QString, int, int)"),
               QStringList{QString("NowplayingGroupItem(QString, int, int) ") + kPathX + "00000003"
                           + QString::number(group, 16).rightJustified(8, '0')});
-    EXPECT_EQ(journalLines("metadata", "saveLastPlayedSong").value(0).value("args").toArray(),
+    EXPECT_EQ(journalArgs("metadata", "saveLastPlayedSong").value(0),
               (QJsonArray{"/a/x.mp3", 3}));
 }
 

@@ -3,7 +3,6 @@
 #include <QFile>
 #include <QJsonArray>
 #include <QProcess>
-#include <QTemporaryDir>
 #include <QSet>
 #include <QSignalSpy>
 
@@ -52,6 +51,13 @@ protected:
     }
 
     static QString titleOf(const QString& path) { return QFileInfo(path).completeBaseName(); }
+
+    /** Sends a setup message with @p payloadBytes on the player's channel, as the settings screen does. */
+    static void sendSetup(const char* message, const QByteArray& payloadBytes)
+    {
+        QCopChannel::send("MEDIAPLAYER_MESSAGE_CHANNEL", message, payloadBytes);
+        processEvents();
+    }
 
     std::unique_ptr<MediaDatabase> database;
 };
@@ -207,10 +213,7 @@ TEST_F(MP_AufListTest, SetupMessages_ChangeTheModesOfTheirKindOfList)
     MP_AufList videos(QStringLiteral("All"), QString(), -1, 0);
     QSignalSpy musicSpy(&music, SIGNAL(signalListUpdate(int, bool)));
     QSignalSpy videoSpy(&videos, SIGNAL(signalListUpdate(int, bool)));
-    auto send = [](const char* message, int value) {
-        QCopChannel::send("MEDIAPLAYER_MESSAGE_CHANNEL", message, payload(qint32(value)));
-        processEvents();
-    };
+    const auto send = [](const char* message, int value) { sendSetup(message, payload(qint32(value))); };
 
     send("MP_MSG_SETUP_CHANGE_SHUFFLE_MUSIC", 1);
     EXPECT_EQ(music.shuffleMode(), 1);
@@ -242,14 +245,12 @@ TEST_F(MP_AufListTest, SetupMessages_WithAnUnreadableValueOrUnknownMode_ChangeNo
     const QList<QByteArray> unreadable{"", "00", "000000", "0000000000"};
     for (const QByteArray& hex : unreadable) {
         for (const char* message : {"MP_MSG_SETUP_CHANGE_SHUFFLE_MUSIC", "MP_MSG_SETUP_CHANGE_REPEAT_MUSIC"}) {
-            QCopChannel::send("MEDIAPLAYER_MESSAGE_CHANNEL", message, QByteArray::fromHex(hex));
-            processEvents();
+            sendSetup(message, QByteArray::fromHex(hex));
             EXPECT_EQ(reported(), std::make_pair(1, true)) << message << " with payload \"" << hex.data() << '"';
         }
     }
     for (const QByteArray& hex : {QByteArray("00000003"), QByteArray("ffffffff"), QByteArray("7fffffff")}) {
-        QCopChannel::send("MEDIAPLAYER_MESSAGE_CHANNEL", "MP_MSG_SETUP_CHANGE_SHUFFLE_MUSIC", QByteArray::fromHex(hex));
-        processEvents();
+        sendSetup("MP_MSG_SETUP_CHANGE_SHUFFLE_MUSIC", QByteArray::fromHex(hex));
         EXPECT_EQ(reported(), std::make_pair(1, true)) << "shuffle mode " << hex.data();
     }
     EXPECT_EQ(spy.count(), 2 * unreadable.size() + 3) << "every message still reports the modes";
@@ -289,22 +290,12 @@ protected:
         }
     }
 
-    // Plays forward from the current song to the end of the list.
-    static QStringList walkForward(MP_AufList& list)
+    // Plays from the current song to the end of the list (@p step -1: to its start).
+    static QStringList walk(MP_AufList& list, int step = 1)
     {
         QStringList played{titleOf(list.getCurrent())};
-        while (list.hasNext() && played.size() < 100) {
-            list.skipSteps(1);
-            played.append(titleOf(list.getCurrent()));
-        }
-        return played;
-    }
-
-    static QStringList walkBack(MP_AufList& list)
-    {
-        QStringList played{titleOf(list.getCurrent())};
-        while (list.hasPrevious() && played.size() < 100) {
-            list.skipSteps(-1);
+        while ((step > 0 ? list.hasNext() : list.hasPrevious()) && played.size() < 100) {
+            list.skipSteps(step);
             played.append(titleOf(list.getCurrent()));
         }
         return played;
@@ -329,16 +320,20 @@ protected:
 
 TEST_F(MP_AufListAlbumTest, WithoutAFirstSong_PlaysEveryAlbumWholeOnceAndRetracesBack)
 {
+    // Songs without an album play as an album of their own.
+    addSong(QStringLiteral("Loose 1"), QString(), 0);
+    addSong(QStringLiteral("Loose 2"), QString(), 0);
     setModes(MP_AufList::ShuffleAlbums, false);
     MP_AufList list;
-    const QStringList forward = walkForward(list);
-    ASSERT_EQ(forward.size(), 15);
-    EXPECT_EQ(QSet<QString>(forward.begin(), forward.end()).size(), 15) << "every song exactly once";
+    const QStringList forward = walk(list);
+    ASSERT_EQ(forward.size(), 17);
+    EXPECT_EQ(QSet<QString>(forward.begin(), forward.end()).size(), 17) << "every song exactly once";
     const QStringList order = albumRuns(forward);
-    EXPECT_EQ(QSet<QString>(order.begin(), order.end()).size(), 5) << "each album in one piece";
+    EXPECT_EQ(order.size(), 6) << "each album in one piece";
+    EXPECT_EQ(QSet<QString>(order.begin(), order.end()).size(), 6);
     EXPECT_EQ(forward.first().section(' ', 1).toInt(), 1);
 
-    QStringList back = walkBack(list);
+    QStringList back = walk(list, -1);
     std::reverse(back.begin(), back.end());
     EXPECT_EQ(back, forward);
 }
@@ -349,7 +344,7 @@ TEST_F(MP_AufListAlbumTest, FirstAlbumPlaysFirstFromTheFirstSongAndIsSkippedLate
     // Whole-list position 10 is "Delta 2".
     MP_AufList list(QString(), QString(), QString(), QString(), 2, 10, QStringLiteral("Delta"));
     EXPECT_EQ(titleOf(list.getCurrent()), "Delta 2");
-    const QStringList forward = walkForward(list);
+    const QStringList forward = walk(list);
     EXPECT_EQ(forward.mid(0, 4), (QStringList{"Delta 2", "Delta 3", "Delta 4", "Delta 5"}));
     EXPECT_EQ(forward.size(), 14);
     EXPECT_EQ(forward.filter("Delta").size(), 4) << "the first album does not come round again";
@@ -367,7 +362,7 @@ TEST_F(MP_AufListAlbumTest, SteppingBackFromTheNextAlbum_ReturnsToTheFirstAlbum)
     EXPECT_EQ(titleOf(list.getCurrent()), "Delta 5");
     list.skipSteps(1);
     EXPECT_EQ(titleOf(list.getCurrent()), next);
-    EXPECT_EQ(walkForward(list).size(), 10) << "the rest of the order, each song once";
+    EXPECT_EQ(walk(list).size(), 10) << "the rest of the order, each song once";
 }
 
 TEST_F(MP_AufListAlbumTest, SwitchedOnWhileAnotherAlbumPlays_GoesOnFromThePlayingSong)
@@ -380,21 +375,10 @@ TEST_F(MP_AufListAlbumTest, SwitchedOnWhileAnotherAlbumPlays_GoesOnFromThePlayin
     list.updateShuffle(MP_AufList::ShuffleAlbums);
     EXPECT_EQ(titleOf(list.getCurrent()), "Bravo 2");
     EXPECT_EQ(changed.count(), 0) << "the same song plays on";
-    const QStringList forward = walkForward(list);
+    const QStringList forward = walk(list);
     EXPECT_EQ(forward.mid(0, 3), (QStringList{"Bravo 2", "Bravo 3", "Bravo 4"}));
     EXPECT_EQ(forward.size(), 14) << "then every other album once";
     EXPECT_EQ(forward.filter("Bravo").size(), 3);
-}
-
-TEST_F(MP_AufListAlbumTest, SongsWithoutAnAlbum_PlayAsAnAlbumOfTheirOwn)
-{
-    addSong(QStringLiteral("Loose 1"), QString(), 0);
-    addSong(QStringLiteral("Loose 2"), QString(), 0);
-    setModes(MP_AufList::ShuffleAlbums, false);
-    MP_AufList list;
-    const QStringList forward = walkForward(list);
-    EXPECT_EQ(forward.size(), 17);
-    EXPECT_EQ(QSet<QString>(forward.begin(), forward.end()).size(), 17);
 }
 
 TEST_F(MP_AufListAlbumTest, DatabaseChange_KeepsTheAlbumThatPlays)
@@ -406,7 +390,7 @@ TEST_F(MP_AufListAlbumTest, DatabaseChange_KeepsTheAlbumThatPlays)
     addSong(QStringLiteral("Zulu 1"), QStringLiteral("Zulu"), 1);  // another album, elsewhere in the list
     ASSERT_TRUE(waitUntil([&] { return updated.count() > 0; }, 3000));
     EXPECT_EQ(titleOf(list.getCurrent()), "Delta 1");
-    const QStringList forward = walkForward(list);
+    const QStringList forward = walk(list);
     EXPECT_EQ(forward.mid(0, 5), (QStringList{"Delta 1", "Delta 2", "Delta 3", "Delta 4", "Delta 5"}));
     EXPECT_EQ(forward.size(), 16) << "then every other album once, the new one too";
 }
@@ -513,13 +497,9 @@ namespace {
 
 TEST_F(MP_AufListTest, RemoveItem_TakesTheCurrentOutOfItsGroupOrDeletesItsFile)
 {
-    QTemporaryDir files;
     QList<quint32> ids;
     for (int i = 0; i < 3; ++i) {
-        const QString path = files.filePath(QStringLiteral("song%1.mp3").arg(i));
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.close();
+        const QString path = writeDataFile(QStringLiteral("files/song%1.mp3").arg(i));
         ids.append(database->addMedia(song(path).title(QStringLiteral("Song %1").arg(i)).stampOf(QFileInfo(path))));
     }
     const quint32 group = database->addGroup(METADATA_GROUP_USER, QStringLiteral("Mine"));
@@ -535,18 +515,18 @@ TEST_F(MP_AufListTest, RemoveItem_TakesTheCurrentOutOfItsGroupOrDeletesItsFile)
     const QJsonObject record = removals.first().value("args").toArray().at(0).toObject();
     EXPECT_EQ(record.value("groupId").toInt(), int(group));
     EXPECT_EQ(record.value("positions").toArray(), QJsonArray{1});
-    EXPECT_TRUE(QFile::exists(files.filePath("song0.mp3"))) << "the file stays";
+    EXPECT_TRUE(QFile::exists(dataPath("files/song0.mp3"))) << "the file stays";
     EXPECT_EQ(database->groupMembers(group).size(), 2);
 
     MP_AufList library;
     library.moveTo(1);
     EXPECT_EQ(titleOf(library.getCurrent()), "song1");
     EXPECT_FALSE(library.removeItem(1));
-    EXPECT_FALSE(QFile::exists(files.filePath("song1.mp3"))) << "a library entry's file is deleted";
+    EXPECT_FALSE(QFile::exists(dataPath("files/song1.mp3"))) << "a library entry's file is deleted";
     // The database notices, and the list moves on to the next song.
     ASSERT_TRUE(waitUntil([&] { return !journalLines("file", "deleted").isEmpty(); }, 3000));
-    EXPECT_EQ(journalLines("file", "deleted").first().value("args").toArray(), QJsonArray{files.filePath("song1.mp3")});
-    EXPECT_FALSE(database->mediaByPath(files.filePath("song1.mp3")));
+    EXPECT_EQ(journalArgs("file", "deleted").first(), QJsonArray{dataPath("files/song1.mp3")});
+    EXPECT_FALSE(database->mediaByPath(dataPath("files/song1.mp3")));
     ASSERT_TRUE(waitUntil([&] { return library.count() == 2; }, 3000));
     EXPECT_EQ(titleOf(library.getCurrent()), "song2");
 }
@@ -554,14 +534,11 @@ TEST_F(MP_AufListTest, RemoveItem_TakesTheCurrentOutOfItsGroupOrDeletesItsFile)
 // The change comes from another program: mp-scan, after a file was deleted.
 TEST_F(MP_AufListTest, AnotherProcessRemovingThePlayingSong_MovesTheListOn)
 {
-    QTemporaryDir files;
-    for (const char* name : {"a", "b", "c"}) {
-        QFile file(files.filePath(QStringLiteral("%1.wav").arg(name)));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    }
+    for (const char* name : {"a", "b", "c"})
+        writeDataFile(QStringLiteral("scan/%1.wav").arg(name), QByteArray());
     auto scan = [&] {
         QProcess process;
-        return ProjectProgram::start(process, QStringLiteral("mp-scan"), {files.path()})
+        return ProjectProgram::start(process, QStringLiteral("mp-scan"), {dataPath("scan")})
                && process.waitForFinished(30000) && process.exitCode() == 0;
     };
     ASSERT_TRUE(scan());
@@ -570,7 +547,7 @@ TEST_F(MP_AufListTest, AnotherProcessRemovingThePlayingSong_MovesTheListOn)
     ASSERT_EQ(titleOf(list.getCurrent()), "b");
     QSignalSpy changed(&list, SIGNAL(signalCurrentChanged()));
 
-    QFile::remove(files.filePath("b.wav"));
+    QFile::remove(dataPath("scan/b.wav"));
     ASSERT_TRUE(scan());
     ASSERT_TRUE(waitUntil([&] { return changed.count() > 0; }, 3000));
     EXPECT_EQ(titleOf(list.getCurrent()), "c");

@@ -8,6 +8,7 @@
 #include "lists/MP_AufSearchCondition.h"
 #include "platform/Metadata.h"
 #include "tests/lists/TraceCapture.h"
+#include "tests/support/SongBuilder.h"
 #include "tests/support/TestEnvironment.h"
 
 namespace {
@@ -26,15 +27,9 @@ protected:
             int track;
         } songs[] = {{"/m/b.mp3", "Bravo", "Second", 1}, {"/m/a.mp3", "Alpha", "First", 2},
                      {"/m/c.mp3", "Charlie", "First", 1}};
-        for (const auto& song : songs) {
-            MediaRecord record;
-            record.path = song.path;
-            record.title = song.title;
-            record.artist = "Band";
-            record.album = song.album;
-            record.track = song.track;
-            ASSERT_NE(database->addMedia(record), 0u);
-        }
+        for (const auto& row : songs)
+            ASSERT_NE(database->addMedia(song(row.path).title(row.title).artist("Band").album(row.album).track(row.track)),
+                      0u);
         int status = -1;
         m_handle = metadataCreateClient(&status);
         ASSERT_NE(m_handle, 0u);

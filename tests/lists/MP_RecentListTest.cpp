@@ -5,6 +5,7 @@
 #include "host/platform/media/database/MediaDatabase.h"
 #include "lists/MP_AufContext.h"
 #include "lists/MP_AufList.h"
+#include "tests/support/SongBuilder.h"
 #include "tests/support/TestEnvironment.h"
 
 namespace {
@@ -43,12 +44,8 @@ TEST_F(MP_RecentListTest, SaveToDB_FillsTheHistoryGroupNewestFirst)
 {
     std::unique_ptr<MediaDatabase> database = MediaDatabase::open(MediaDatabase::defaultFile());
     ASSERT_TRUE(database);
-    for (const char* name : {"one", "two", "three"}) {
-        MediaRecord record;
-        record.path = QStringLiteral("/music/%1.mp3").arg(name);
-        record.title = name;
-        ASSERT_NE(database->addMedia(record), 0u);
-    }
+    for (const char* name : {"one", "two", "three"})
+        ASSERT_NE(database->addMedia(song(QStringLiteral("/music/%1.mp3").arg(name)).title(name)), 0u);
     MP_RecentList recent(MP_CONTENT_SOUND);
     recent.saveToDB();
     EXPECT_TRUE(journal().isEmpty()) << "an empty collector writes nothing";

@@ -36,11 +36,6 @@ protected:
     }
 };
 
-QByteArray twoInts(qint32 first, qint32 second)
-{
-    return payload(first, second);
-}
-
 class MP_MainWindowEventsTest : public MainWindowFixture {
 protected:
     // A window whose engine plays @p passedFile (a missing file still
@@ -212,14 +207,14 @@ TEST_F(MP_MainWindowEventsTest, ToggleKey_StartsTheRecorder_OrAfterACapturedVide
 TEST_F(MP_MainWindowEventsTest, CardEvent_QuitsWhateverTheFlag_ShortOrOtherMessagesAreIgnored)
 {
     startPlaying(dataPath("song.mp3"));
-    window->slotSystemMessage("cardHotplugEvent(int,int)", twoInts(1, 0).left(7));
+    window->slotSystemMessage("cardHotplugEvent(int,int)", payload(1, 0).left(7));
     window->slotSystemMessage("cardHotplugEvent(int,int)", QByteArray());
-    window->slotSystemMessage("cardHotplugEvent(int)", twoInts(1, 1));
+    window->slotSystemMessage("cardHotplugEvent(int)", payload(1, 1));
     EXPECT_EQ(closeCounter.closes, 0);
 
     // Through the channel, as the phone sends it.
-    QCopChannel::send("VEMO/System", "cardHotplugEvent(int,int)", twoInts(1, 0));
-    QCopChannel::send("VEMO/System", "cardHotplugEvent(int,int)", twoInts(1, 1));
+    QCopChannel::send("VEMO/System", "cardHotplugEvent(int,int)", payload(1, 0));
+    QCopChannel::send("VEMO/System", "cardHotplugEvent(int,int)", payload(1, 1));
     processEvents();
     EXPECT_EQ(closeCounter.closes, 2);
     EXPECT_EQ(quits(), 2);
@@ -229,7 +224,7 @@ TEST_F(MP_MainWindowEventsTest, JumpKey_BeforeTheFirstReport_WaitsForIt_AndQuits
 {
     // Called directly: the event loop must not turn, or the engine reports first.
     create(dataPath("clip.mp4"));
-    const QByteArray jump = twoInts(0x1048, 1);
+    const QByteArray jump = payload(0x1048, 1);
     window->slotKeyMessage("keyMsg(int,int)", jump);
     window->slotContentTypeChanged(MP_CONTENT_VIDEO);
     EXPECT_EQ(closeCounter.closes, 1) << "quits at the first report";
@@ -237,9 +232,9 @@ TEST_F(MP_MainWindowEventsTest, JumpKey_BeforeTheFirstReport_WaitsForIt_AndQuits
     EXPECT_EQ(closeCounter.closes, 1) << "the pending key was used up";
 
     // Known video: other keys, types, names and short payloads do nothing.
-    window->slotKeyMessage("keyMsg(int,int)", twoInts(0x1048, 0));
-    window->slotKeyMessage("keyMsg(int,int)", twoInts(0x1048, 2));
-    window->slotKeyMessage("keyMsg(int,int)", twoInts(0x1049, 1));
+    window->slotKeyMessage("keyMsg(int,int)", payload(0x1048, 0));
+    window->slotKeyMessage("keyMsg(int,int)", payload(0x1048, 2));
+    window->slotKeyMessage("keyMsg(int,int)", payload(0x1049, 1));
     window->slotKeyMessage("keyMsg(int,int)", jump.left(7));
     window->slotKeyMessage("keyMsg(int)", jump);
     EXPECT_EQ(closeCounter.closes, 1);
@@ -253,13 +248,13 @@ TEST_F(MP_MainWindowEventsTest, JumpKey_BeforeTheFirstReport_WaitsForIt_AndQuits
 TEST_F(MP_MainWindowEventsTest, JumpKey_BeforeAMusicReport_IsDropped)
 {
     create(dataPath("song.mp3"));
-    window->slotKeyMessage("keyMsg(int,int)", twoInts(0x1048, 1));
+    window->slotKeyMessage("keyMsg(int,int)", payload(0x1048, 1));
     window->slotContentTypeChanged(MP_CONTENT_SOUND);
     window->slotContentTypeChanged(MP_CONTENT_VIDEO);
     EXPECT_EQ(closeCounter.closes, 0);
 
     // The key-event channel reaches the handler.
-    QCopChannel::send("VEMO/KeyEvent", "keyMsg(int,int)", twoInts(0x1048, 1));
+    QCopChannel::send("VEMO/KeyEvent", "keyMsg(int,int)", payload(0x1048, 1));
     EXPECT_TRUE(waitUntil([&] { return closeCounter.closes == 1; }));
 }
 

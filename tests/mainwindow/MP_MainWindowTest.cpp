@@ -10,6 +10,7 @@
 #include "lists/MP_AufContext.h"
 #include "lists/MP_AufList.h"
 #include "platform/QCopChannel.h"
+#include "tests/support/Journal.h"
 #include "tests/support/MainWindowFixture.h"
 
 // The exported entry points, as the application reaches them.
@@ -61,14 +62,9 @@ TEST_F(MP_MainWindowTest, Startup_WithFile_PlaysItAfterTheTimerAndPostsNoEvent)
     ASSERT_TRUE(waitForEngine());
     EXPECT_EQ(counter.count, 0);
     // The clients' listener registrations are their own tests' business.
-    const QStringList engineCalls = journalCalls().filter(QRegularExpression("^engine:(?!(add|remove)\\w+Listener)"));
-    EXPECT_EQ(engineCalls, (QStringList{"engine:MP_CreateCommonPlayer", "engine:setShuffleRepeat", "engine:setFile",
-                                        "engine:autoPlay"}));
-    EXPECT_EQ(journalLines("engine", "MP_CreateCommonPlayer").first().value("args").toArray(),
-              (QJsonArray{false, 1}));
-    EXPECT_EQ(journalLines("engine", "setShuffleRepeat").first().value("args").toArray(), (QJsonArray{false, false}));
-    EXPECT_EQ(journalLines("engine", "setFile").first().value("args").toArray(), QJsonArray{"/music/song.mp3"});
-    EXPECT_EQ(journalLines("engine", "autoPlay").first().value("args").toArray(), QJsonArray{false});
+    EXPECT_EQ(Journal::callsWithArgsMatching(journal(), QRegularExpression("^engine:(?!(add|remove)\\w+Listener)")),
+              (MessageLines{"engine:MP_CreateCommonPlayer [false,1]", "engine:setShuffleRepeat [false,false]",
+                            "engine:setFile [\"/music/song.mp3\"]", "engine:autoPlay [false]"}));
 }
 
 TEST_F(MP_MainWindowTest, EngineLifecycle_FreeTwiceThenOpenMakesANewEngine)
@@ -101,22 +97,15 @@ TEST_F(MP_MainWindowTest, TearDown_ReleasesEngineThenStoresHidePlayingFalse)
     window.reset();
 
     EXPECT_FALSE(QCopChannel::isRegistered("VEMO/System"));
-    const QStringList calls = journalCalls();
-    const int destroyed = calls.indexOf("engine:MP_DestroyCommonPlayer");
-    ASSERT_GE(destroyed, 0);
-    const QList<QJsonObject> lines = journal();
-    const QJsonObject last = lines.last();
-    EXPECT_EQ(last.value("kind").toString(), "settings");
-    EXPECT_EQ(last.value("app").toInt(), 71);
-    EXPECT_EQ(last.value("group").toString(), "MediaControlItem");
-    EXPECT_EQ(last.value("key").toString(), "HidePlaying");
-    EXPECT_EQ(last.value("value"), QJsonValue(false));
+    ASSERT_TRUE(journalCalls().contains("engine:MP_DestroyCommonPlayer"));
+    EXPECT_EQ(journal().last(), (QJsonObject{{"kind", "settings"}, {"app", 71}, {"group", "MediaControlItem"},
+                                             {"key", "HidePlaying"}, {"value", false}}));
     EXPECT_FALSE(storedSetting("HidePlaying", true));
 
     MP_DeleteMainWindow(nullptr);  // ignored
 }
 
-TEST_F(MP_MainWindowTest, ReadSetting_ForcedShuffleKeepsTheStoredSettingApart)
+TEST_F(MP_MainWindowTest, ReadSetting_ForcedShuffleKeepsTheStoredSettingApart_UnknownModesAreOff)
 {
     create();
     store("MusicShuffle", 0);
@@ -132,11 +121,8 @@ TEST_F(MP_MainWindowTest, ReadSetting_ForcedShuffleKeepsTheStoredSettingApart)
     EXPECT_EQ(MP_AufContext::shuffle, 2);
     EXPECT_FALSE(MP_AufContext::isRepeat) << "absent VideoRepeat reads as false";
     EXPECT_EQ(storedSetting("MusicShuffle", 0), 0) << "reading writes nothing";
-}
 
-TEST_F(MP_MainWindowTest, ReadSetting_AStoredShuffleModeOutsideTheThreeIsOff)
-{
-    create();
+    // A stored shuffle mode outside the three is off.
     for (const int stored : {3, 99, -1, INT_MAX}) {
         store("MusicShuffle", stored);
         window->readSetting(false, false);

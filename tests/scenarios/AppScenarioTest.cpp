@@ -16,12 +16,6 @@
 
 namespace {
 
-// The titles the engine reported, in order, as one readable line.
-QString titles(const ScenarioRun& scenario)
-{
-    return scenario.titlesPlayed().join(" | ");
-}
-
 QList<int> states(const ScenarioRun& scenario)
 {
     QList<int> result;
@@ -135,7 +129,7 @@ TEST(AppScenarioTest, Folder_PlaysItsFilesInNameOrder)
     EXPECT_EQ(scenario.argsOf("engine", "setFile").first(), QJsonArray{folder.filePath("01 Paper Boats.wav")});
     EXPECT_EQ(scenario.argsOf("engine", "setPlayList"), QList<QJsonArray>{QJsonArray{"list"}});
     // The first song twice: once as the window's file, once as the list's first entry.
-    EXPECT_EQ(titles(scenario), "Paper Boats | Paper Boats | Rain on Glass | Lanterns");
+    EXPECT_EQ(scenario.titlesPlayed().join(" | "), "Paper Boats | Paper Boats | Rain on Glass | Lanterns");
     EXPECT_FALSE(states(scenario).contains(7)) << "no entry failed to play";
     EXPECT_EQ(states(scenario).last(), 8);
 }

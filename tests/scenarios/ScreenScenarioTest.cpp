@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/scenarios/ScenarioRun.h"
+#include "tests/support/Journal.h"
 
 namespace {
 
@@ -25,11 +26,7 @@ TEST(ScreenScenarioTest, MenuOpen_JournalsEveryItemOfTheSoundMenu)
     ScenarioRun scenario;
     ASSERT_EQ(scenario.run(ScenarioRun::script("screen_menu.mps"), {kSong}), 0) << qPrintable(scenario.errorOutput());
 
-    QList<QJsonObject> menus;
-    for (const QJsonObject& line : scenario.journal()) {
-        if (line.value("kind").toString() == QLatin1String("menu"))
-            menus << line;
-    }
+    const QList<QJsonObject> menus = Journal::linesOf(scenario.journal(), "menu", QString());
     ASSERT_EQ(menus.size(), 1);
     EXPECT_EQ(menus.first().value("menu").toString(), QStringLiteral("sound_control"));
     // Not in the media library: no Buy More, no Playlist, and (the ringtone

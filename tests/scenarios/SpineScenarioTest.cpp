@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/scenarios/ScenarioRun.h"
+#include "tests/support/Journal.h"
 
 namespace {
 
@@ -19,15 +20,12 @@ TEST(SpineScenarioTest, PassedFile_PlaysThroughTheLibraryAndTearsDownInOrder)
     ASSERT_EQ(scenario.run(ScenarioRun::script("play_passed_file.mps"), {kSong}), 0) << qPrintable(scenario.errorOutput());
 
     const QStringList calls = scenario.calls();
-    const QStringList expectedStart{"engine:MP_CreateCommonPlayer", "engine:setShuffleRepeat", "engine:setFile",
-                                    "engine:autoPlay"};
-    const QStringList engineCalls = calls.filter(QRegularExpression("^engine:(MP_|set|auto)"));
-    ASSERT_GE(engineCalls.size(), 4);
-    EXPECT_EQ(engineCalls.mid(0, 4), expectedStart);
-    EXPECT_EQ(scenario.argsOf("engine", "MP_CreateCommonPlayer").first(), (QJsonArray{false, 1}));
-    EXPECT_EQ(scenario.argsOf("engine", "setShuffleRepeat").first(), (QJsonArray{false, false}));
-    EXPECT_EQ(scenario.argsOf("engine", "setFile").first(), QJsonArray{kSong});
-    EXPECT_EQ(scenario.argsOf("engine", "autoPlay").first(), QJsonArray{false});
+    const MessageLines engineCalls =
+        Journal::callsWithArgsMatching(scenario.journal(), QRegularExpression("^engine:(MP_|set|auto)"));
+    ASSERT_GE(engineCalls.size(), 4u);
+    EXPECT_EQ(MessageLines(engineCalls.begin(), engineCalls.begin() + 4),
+              (MessageLines{"engine:MP_CreateCommonPlayer [false,1]", "engine:setShuffleRepeat [false,false]",
+                            "engine:setFile [\"" + kSong.toStdString() + "\"]", "engine:autoPlay [false]"}));
 
     // Playing, then one time report per second of the 6-second song.
     int playing = -1;

@@ -50,6 +50,21 @@ protected:
     void run(const char* slot) { ASSERT_TRUE(QMetaObject::invokeMethod(client.get(), slot)); }
 
     static QStringList dialogs() { return Journal::dialogs(journal()); }
+    // Lists play in their own order, once through.
+    static void playInListOrder()
+    {
+        MP_AufContext::shuffle = MP_AufContext::shuffleSetting = 0;
+        MP_AufContext::isRepeat = false;
+    }
+    // The options menu of a stream that plays, open as the left key opens it.
+    VmOptionsMenu& openStreamMenu()
+    {
+        engine.medium = MP_MEDIUM_STREAM;
+        client->updateMetaInfo("A", "B", "C", QByteArray(), false);
+        VmOptionsMenu* menu = client->getMenu();
+        emit menu->aboutToShow();
+        return *menu;
+    }
 
     /** Files named @p names in a fresh folder; returns the folder. */
     QString makeFolder(const QString& name, const QStringList& names)
@@ -187,8 +202,7 @@ TEST_F(MP_WindowClientCommandsTest, RemoveThroughADatabaseList_LeavesTheRestToTh
     const quint32 y = database->addMedia(song(folder + "/y.mp3").title("Y"));
     const quint32 group = database->addGroup(METADATA_GROUP_USER, QStringLiteral("Mine"));
     ASSERT_TRUE(database->setGroupMembers(group, {x, y}));
-    MP_AufContext::shuffle = MP_AufContext::shuffleSetting = 0;
-    MP_AufContext::isRepeat = false;
+    playInListOrder();
     MP_AufList list(group, METADATA_GROUP_USER, 2, 0, QString());
     engine.list = &list;
     client->setUserList(true);
@@ -282,8 +296,7 @@ TEST_F(MP_WindowClientCommandsTest, Delete_OfAFileReplacedUnderItsName_KeepsTheN
         const QString path = music + '/' + name.toLower() + ".mp3";
         database->addMedia(song(path).title(name).stampOf(QFileInfo(path)));
     }
-    MP_AufContext::shuffle = MP_AufContext::shuffleSetting = 0;
-    MP_AufContext::isRepeat = false;
+    playInListOrder();
     MP_AufList library;
     engine.list = &library;
     ASSERT_TRUE(replace(music + "/x.mp3"));
@@ -309,10 +322,8 @@ TEST_F(MP_WindowClientCommandsTest, Setup_OpensTheLibraryWithTheKindOfContentAnd
     run("onMenuSetup");
     engine.content = MP_CONTENT_UNKNOWN;
     run("onMenuSetup");
-    const QList<QJsonObject> calls = journalLines("service", "exeShowSetupUI");
-    ASSERT_EQ(calls.size(), 2) << "no setup screen for content of no known type";
-    EXPECT_EQ(calls.at(0).value("args").toArray(), (QJsonArray{0, true}));
-    EXPECT_EQ(calls.at(1).value("args").toArray(), (QJsonArray{1, false}));
+    EXPECT_EQ(journalArgs("service", "exeShowSetupUI"), (QList<QJsonArray>{{0, true}, {1, false}}))
+        << "no setup screen for content of no known type";
 
     // Missing, or without the entry point: traced, nothing shown, the player goes on.
     engine.content = MP_CONTENT_SOUND;
@@ -346,12 +357,8 @@ TEST_F(MP_WindowClientCommandsTest, HideDownload_ClosesTheScreenOfATransferAndEn
 
 TEST_F(MP_WindowClientCommandsTest, SaveBookmark_ShowsEditOnlyWhenABookmarkWasStored)
 {
-    engine.medium = MP_MEDIUM_STREAM;
     engine.path = QStringLiteral("rtsp://radio.example/live");
-    client->updateMetaInfo("A", "B", "C", QByteArray(), false);
-    VmOptionsMenu* menu = client->getMenu();
-    ASSERT_NE(menu, nullptr);
-    emit menu->aboutToShow();
+    VmOptionsMenu* menu = &openStreamMenu();
     ASSERT_EQ(menu->menuName(), QStringLiteral("stream_sound"));
     ASSERT_FALSE(menu->isItemVisible(6002));
 
@@ -365,25 +372,18 @@ TEST_F(MP_WindowClientCommandsTest, SaveBookmark_ShowsEditOnlyWhenABookmarkWasSt
     QFile::remove(dataPath("bookmarks"));
     run("onMenuSaveBookmark");
     EXPECT_TRUE(menu->isItemVisible(6002)) << "shown at once, without reopening the menu";
-    const QList<QJsonObject> saves = journalLines("service", "addBookmark");
+    const QList<QJsonArray> saves = journalArgs("service", "addBookmark");
     ASSERT_EQ(saves.size(), 2);
-    EXPECT_EQ(saves.at(1).value("args").toArray().at(1).toString(), engine.path);
-    const QString identity = saves.at(1).value("args").toArray().at(2).toString();
+    EXPECT_EQ(saves.at(1).at(1).toString(), engine.path);
     run("onMenuEditBookmark");
-    const QList<QJsonObject> edits = journalLines("service", "editBookmark");
-    ASSERT_EQ(edits.size(), 1);
-    EXPECT_EQ(edits.first().value("args").toArray().at(0).toString(), identity);
+    EXPECT_EQ(journalArgs("service", "editBookmark"), QList<QJsonArray>{{saves.at(1).at(2)}});
 }
 
 TEST_F(MP_WindowClientCommandsTest, SaveBookmark_OnStreamAThenStreamB_EditFollowsTheStreamThatPlays)
 {
     PathList streams({"rtsp://radio.example/a", "rtsp://radio.example/b"});
     engine.list = &streams;
-    engine.medium = MP_MEDIUM_STREAM;
-    client->updateMetaInfo("A", "", "", QByteArray(), false);
-    VmOptionsMenu* menu = client->getMenu();
-    ASSERT_NE(menu, nullptr);
-    emit menu->aboutToShow();
+    VmOptionsMenu* menu = &openStreamMenu();
     run("onMenuSaveBookmark");
     ASSERT_TRUE(menu->isItemVisible(6002));
 
@@ -429,12 +429,9 @@ TEST_F(MP_WindowClientCommandsTest, BuyMore_NoticeOnlyWhenTheFlagWasSet)
     EXPECT_EQ(dialogs(), QStringList{"Buy More|This song has been marked. During synchronization with a PC you will be "
                                      "prompted to buy more related content.|1"})
         << "a notice: one button, answered 1";
-    for (const QJsonObject& line : journal()) {
-        if (line.value("kind").toString() == QLatin1String("dialog")) {
-            EXPECT_EQ(line.value("class").toString() + QString::number(line.value("type").toInt()), "VmMessageDlg2")
-                << "the information notice";
-        }
-    }
+    const QJsonObject notice = Journal::linesOf(journal(), "dialog", QString()).value(0);
+    EXPECT_EQ(notice.value("class").toString() + QString::number(notice.value("type").toInt()), "VmMessageDlg2")
+        << "the information notice";
 
     engine.path = folder + "/unknown.mp3";
     run("onMenuBuyMore");

@@ -19,6 +19,7 @@
 #include "screen/MP_SlotAction.h"
 #include "screen/MP_WindowClient.h"
 #include "tests/support/FakeEngine.h"
+#include "tests/support/Journal.h"
 #include "tests/support/PathList.h"
 #include "tests/support/SongBuilder.h"
 #include "tests/support/TestEnvironment.h"
@@ -249,16 +250,14 @@ TEST_F(MP_WindowClientTest, TransferSessionStartsAtTheFirstProgressAndCancels)
     MP_WindowClient& screen = makeClient();
     screen.updateDownloadProgress(30, 500);
     screen.updateDownloadProgress(60, 900);
-    QStringList calls;
-    for (const QJsonObject& line : journal()) {
-        if (line.value("kind").toString() == QLatin1String("service"))
-            calls << line.value("call").toString() + ' ' + QString::number(line.value("args")[0].toInt());
-    }
-    EXPECT_EQ(calls, QStringList({"DLM_TransSession::DLM_TransSession 0", "DLM_TransSession::registerTransObjs 0",
-                                  "DLM_TransSession::startSession 0", "DLM_TransSession::transObjProgress 500",
-                                  "DLM_TransSession::transObjProgress 900"}))
-        << "started once; the second value goes first";
-    EXPECT_EQ(journalLines("service", "DLM_TransSession::transObjProgress").at(1).value("args")[1].toInt(), 60);
+    EXPECT_EQ(Journal::callsWithArgs(journal(), {"service"}),
+              MessageLines({"service:DLM_TransSession::DLM_TransSession [0,0]",
+                            R"(service:DLM_TransSession::registerTransObjs [[{"destination":")" + engine.path.toStdString()
+                                + R"(","kind":0,"mode":1,"name":"","reserved":[0,0],"size":0,"source":"Song"}],1])",
+                            "service:DLM_TransSession::startSession [0]",
+                            "service:DLM_TransSession::transObjProgress [500,30,0]",
+                            "service:DLM_TransSession::transObjProgress [900,60,0]"}))
+        << "started once; the total goes first";
 
     ASSERT_TRUE(HostDownloadManager::cancelNewest());
     EXPECT_TRUE(traces.text().contains("MP_WindowClient::onFTSignalCancelFromDLM\n"));

@@ -1,7 +1,7 @@
 // The options menus, the tables that dress their items and the screen table
 // must fit together: the checks hold for every screen, so that a row added,
 // changed or dropped in one place and not in the other fails here. The menus'
-// trees (the ids the phone knows) and a few commands are pinned by value.
+// trees (the ids the phone knows) are pinned by value.
 
 #include <QList>
 #include <QMetaObject>
@@ -182,17 +182,6 @@ TEST_F(MenuDefinitionsTest, TheItemsTheScreenTableNamesAreTheRightOnes)
     EXPECT_EQ(menuItemsOfScreen(7).items, menuItemsOfScreen(3).items);
     EXPECT_EQ(menuItemsOfScreen(-1).items, nullptr);
     EXPECT_EQ(menuItemsOfScreen(SCREEN_COUNT).count, 0);
-}
-
-TEST_F(MenuDefinitionsTest, AFewCommandsAsThePhoneKnowsThem)
-{
-    // The order and texts of the local sound menu are the screen scenario's.
-    EXPECT_STREQ(recordOf(0, 1001)->slot, "1onMenuHide()");
-    EXPECT_STREQ(recordOf(0, 1011)->slot, "1onMenuSlotSendToRemovableMedia()");
-    EXPECT_STREQ(recordOf(0, 1014)->slot, "1onMenuPlaylist()");
-    EXPECT_STREQ(recordOf(0, 1018)->slot, "1onMenuSetup()");
-    EXPECT_STREQ(recordOf(1, 2009)->slot, "1onOriginalSize()");
-    EXPECT_STREQ(recordOf(2, 4001)->slot, "1onMenuHidePD()");
 }
 
 TEST_F(MenuDefinitionsTest, OtherNamesListNothingAndTheListIsNeverCleared)

@@ -69,6 +69,15 @@ MessageLines Journal::callsWithArgs(const JournalLines& lines, const QStringList
     return found;
 }
 
+MessageLines Journal::callsWithArgsMatching(const JournalLines& lines, const QRegularExpression& pattern)
+{
+    MessageLines found;
+    for (const std::string& call : callsWithArgs(lines, {}))
+        if (pattern.match(QString::fromStdString(call.substr(0, call.find(' ')))).hasMatch())
+            found.push_back(call);
+    return found;
+}
+
 MessageLines Journal::messages(const JournalLines& lines, const QString& channel, const QString& prefix)
 {
     MessageLines found;

@@ -6,6 +6,7 @@
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QList>
+#include <QRegularExpression>
 #include <QStringList>
 
 #include <string>
@@ -31,6 +32,8 @@ JournalLines linesOf(const JournalLines& lines, const QString& kind, const QStri
 QList<QJsonArray> argsOf(const JournalLines& lines, const QString& kind, const QString& call);
 /** "kind:call [args]" of every line that records a call, of @p kinds (empty: any), args as compact JSON. */
 MessageLines callsWithArgs(const JournalLines& lines, const QStringList& kinds);
+/** callsWithArgs() of the lines whose "kind:call" matches @p pattern. */
+MessageLines callsWithArgsMatching(const JournalLines& lines, const QRegularExpression& pattern);
 /** "MESSAGE HEX" of the channel messages sent on @p channel whose names begin
  *  with @p prefix (an empty payload leaves "MESSAGE " with nothing after the space). */
 MessageLines messages(const JournalLines& lines, const QString& channel, const QString& prefix = QString());
