@@ -47,10 +47,7 @@ public:
         if (onState)
             onState(state);
     }
-    void updateTime(int elapsed, int total) override
-    {
-        record(QStringLiteral("updateTime(%1,%2)").arg(elapsed).arg(total));
-    }
+    void updateTime(int elapsed, int total) override { record(QStringLiteral("updateTime(%1,%2)").arg(elapsed).arg(total)); }
     void updateBuffering(int percent) override { record(QStringLiteral("updateBuffering(%1)").arg(percent)); }
     void updateDownloadProgress(int progress, int value) override
     {
@@ -60,15 +57,9 @@ public:
     void updateMetaInfo(const QString& title, const QString& artist, const QString& album, QByteArray data,
                         bool canSeek) override
     {
-        record(QStringLiteral("updateMetaInfo(%1,%2,%3,%4,%5)")
-                   .arg(title, artist, album)
-                   .arg(data.size())
-                   .arg(canSeek));
+        record(QStringLiteral("updateMetaInfo(%1,%2,%3,%4,%5)").arg(title, artist, album).arg(data.size()).arg(canSeek));
     }
-    void updateConnectionStatus(int status) override
-    {
-        record(QStringLiteral("updateConnectionStatus(%1)").arg(status));
-    }
+    void updateConnectionStatus(int status) override { record(QStringLiteral("updateConnectionStatus(%1)").arg(status)); }
     void updateListInfo(MP_ListInterface* list) override
     {
         record(QStringLiteral("updateListInfo(%1)").arg(list ? list->getCurrentIndex() : -1));
@@ -83,6 +74,14 @@ private:
 
 // Lists of std::string print readably when an expectation fails.
 using Events = std::vector<std::string>;
+
+Events eventsOf(const QStringList& log)
+{
+    Events events;
+    for (const QString& event : log)
+        events.push_back(event.toStdString());
+    return events;
+}
 
 } // namespace
 
@@ -134,13 +133,7 @@ protected:
     QString writeFakeVideo(const QString& name) { return writeDataFile(name, "not really a video"); }
 
     // The reports heard since the last call.
-    Events takeLog()
-    {
-        Events events;
-        for (const QString& event : std::exchange(log, QStringList()))
-            events.push_back(event.toStdString());
-        return events;
-    }
+    Events takeLog() { return eventsOf(std::exchange(log, QStringList())); }
 
     QStringList log;
     RecordingListener listener{log};
@@ -448,10 +441,7 @@ TEST_F(HostEngineTest, MediaOutput_ReportsAListExactlyAsTheClockDoes)
     media->setPlayList(&list);
     media->autoPlay(false);
     EXPECT_TRUE(waitUntil([&] { return media->control().getState() == MP_STATE_FINISHED; }, 10000));
-    Events onMedia;
-    for (const QString& event : mediaLog)
-        onMedia.push_back(event.toStdString());
-    EXPECT_EQ(onMedia, onClock);
+    EXPECT_EQ(eventsOf(mediaLog), onClock);
 }
 
 TEST_F(HostEngineTest, MediaOutput_AFileTheDecoderRefuses_IsAnErrorAndTheListMovesOn)

@@ -7,7 +7,6 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include <sqlite3.h>
 
 #include <taglib/id3v2tag.h>
 #include <taglib/tpropertymap.h>
@@ -20,6 +19,7 @@
 
 #include "host/platform/phone/HostStorage.h"
 #include "host/platform/media/database/MediaDatabase.h"
+#include "tests/host/platform/media/OtherProgramSql.h"
 #include "tests/support/TestEnvironment.h"
 
 namespace {
@@ -226,15 +226,10 @@ TEST_F(MediaScannerTest, AFailedCommitCountsNothingAsAdded)
 {
     // A trap another program could have set: every new object breaks a deferred
     // constraint, which only the commit checks.
-    sqlite3* other = nullptr;
-    ASSERT_EQ(sqlite3_open(QFile::encodeName(MediaDatabase::defaultFile()).constData(), &other), SQLITE_OK);
-    ASSERT_EQ(sqlite3_exec(other,
-                           "CREATE TABLE trap_parent (id INTEGER PRIMARY KEY);"
-                           "CREATE TABLE trap (ref INTEGER REFERENCES trap_parent(id) DEFERRABLE INITIALLY DEFERRED);"
-                           "CREATE TRIGGER trap_media AFTER INSERT ON media BEGIN INSERT INTO trap VALUES (-1); END;",
-                           nullptr, nullptr, nullptr),
-              SQLITE_OK);
-    sqlite3_close(other);
+    ASSERT_TRUE(runAsOtherProgram(
+        "CREATE TABLE trap_parent (id INTEGER PRIMARY KEY);"
+        "CREATE TABLE trap (ref INTEGER REFERENCES trap_parent(id) DEFERRABLE INITIALLY DEFERRED);"
+        "CREATE TRIGGER trap_media AFTER INSERT ON media BEGIN INSERT INTO trap VALUES (-1); END;"));
 
     const MediaScanSummary summary = m_scanner->scanFolders({m_root});
     EXPECT_EQ(summary.text(), "0 added, 0 updated, 0 removed, 0 unchanged, 5 skipped; play lists: 0 imported, 0 removed");

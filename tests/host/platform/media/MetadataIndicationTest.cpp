@@ -1,11 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <sqlite3.h>
-
-#include <QFile>
-
 #include "host/platform/media/database/SqliteTransaction.h"
 #include "tests/host/platform/media/MetadataTestLibrary.h"
+#include "tests/host/platform/media/OtherProgramSql.h"
 
 namespace {
 
@@ -80,21 +77,12 @@ TEST_F(MetadataIndicationTest, AnotherProgramsWrite_ArrivesAndIsSeenOnceTheClien
         return count;
     };
     // As the sqlite3 shell would: a plain connection without this program's code.
-    sqlite3* shell = nullptr;
-    ASSERT_EQ(sqlite3_open(QFile::encodeName(MediaDatabase::defaultFile()).constData(), &shell), SQLITE_OK);
-    const int result = sqlite3_exec(shell, "INSERT INTO media (path, kind, title) VALUES ('/m/new.mp3', 1, 'New')",
-                                     nullptr, nullptr, nullptr);
-    sqlite3_close(shell);
-    ASSERT_EQ(result, SQLITE_OK);
+    ASSERT_TRUE(runAsOtherProgram("INSERT INTO media (path, kind, title) VALUES ('/m/new.mp3', 1, 'New')"));
     EXPECT_EQ(firstCount(), 1u) << "before the indication the client reads its snapshot";
     EXPECT_TRUE(hears(m_recorder, {IndicationRecorder::content()}));
     EXPECT_EQ(firstCount(), 1u) << "delivered, not yet handled: the positions the client knows still hold";
 
-    bool isExisted = false;
-    int newIndex = 0;
-    unsigned int count = 0;
-    ASSERT_EQ(metadataCheckBackupedItem(m_handle, 0, &isExisted, &newIndex, &count), 0);
-    EXPECT_EQ(count, 2u) << "handling the change moves the snapshot";
+    EXPECT_EQ(std::get<3>(checkBackup(0)), 2u) << "handling the change moves the snapshot";
     EXPECT_EQ(firstCount(), 2u);
 }
 
@@ -248,13 +236,6 @@ TEST_F(MetadataIndicationTest, PlayListClient_WaitsOnlyForSongChangesThatReachIt
                   0);
         return found == 1;
     };
-    const auto handle = [&] {
-        bool isExisted = false;
-        int newIndex = 0;
-        unsigned int count = 0;
-        EXPECT_EQ(metadataCheckBackupedItem(m_handle, 0, &isExisted, &newIndex, &count), 0);
-        return count;
-    };
     ASSERT_EQ(entries(), (QList<quint32>{m_song, second, third}));
 
     // A song added beside the list and a new title for one of its songs: the
@@ -286,21 +267,16 @@ TEST_F(MetadataIndicationTest, PlayListClient_WaitsOnlyForSongChangesThatReachIt
     ASSERT_TRUE(hears(m_recorder, contentAndList));
     EXPECT_FALSE(isSeen("/m/later.mp3"));
     EXPECT_EQ(entries(), (QList<quint32>{m_song, second, third})) << "delivered, not handled";
-    EXPECT_EQ(handle(), 2u);
+    EXPECT_EQ(std::get<3>(checkBackup(0)), 2u);
     EXPECT_TRUE(isSeen("/m/later.mp3"));
     EXPECT_EQ(entries(), (QList<quint32>{m_song, second}));
 
     // Deleted as the sqlite3 shell does, without foreign keys: the member row
     // stays and no group change is logged, but the song leaves the list.
     m_recorder.heard.clear();
-    sqlite3* shell = nullptr;
-    ASSERT_EQ(sqlite3_open(QFile::encodeName(MediaDatabase::defaultFile()).constData(), &shell), SQLITE_OK);
-    const QByteArray remove = "DELETE FROM media WHERE id = " + QByteArray::number(second);
-    const int result = sqlite3_exec(shell, remove.constData(), nullptr, nullptr, nullptr);
-    sqlite3_close(shell);
-    ASSERT_EQ(result, SQLITE_OK);
+    ASSERT_TRUE(runAsOtherProgram("DELETE FROM media WHERE id = " + QByteArray::number(second)));
     ASSERT_TRUE(hears(m_recorder, contentAndList));
     EXPECT_EQ(entries(), (QList<quint32>{m_song, second})) << "delivered, not handled";
-    EXPECT_EQ(handle(), 1u);
+    EXPECT_EQ(std::get<3>(checkBackup(0)), 1u);
     EXPECT_EQ(entries(), QList<quint32>{m_song});
 }

@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <memory>
+#include <tuple>
 #include <vector>
 
 #include "host/platform/media/database/MediaDatabase.h"
@@ -80,6 +81,17 @@ protected:
         const unsigned short ids[] = {METADATA_INDICATION_CONTENT_CHANGED, METADATA_INDICATION_GROUP_CHANGED};
         ASSERT_EQ(metadataSetIndicationHandler(handle, IndicationRecorder::handle, &recorder), 0);
         ASSERT_EQ(metadataRegisterIndication(handle, ids, 2), 0);
+    }
+
+    /** The result, isExisted, newIndex and count of a check of the backup's entry at @p position. */
+    using BackupCheck = std::tuple<int, bool, int, unsigned int>;
+    BackupCheck checkBackup(int position) const
+    {
+        bool isExisted = false;
+        int newIndex = -99;
+        unsigned int count = 0;
+        const int result = metadataCheckBackupedItem(m_handle, position, &isExisted, &newIndex, &count);
+        return {result, isExisted, newIndex, count};
     }
 
     std::unique_ptr<MediaDatabase> m_database;   // a second connection, as another writer
