@@ -11,6 +11,7 @@
 #include "host/platform/phone/HostPhone.h"
 #include "host/platform/media/database/SqliteTransaction.h"
 #include "platform/Metadata.h"
+#include "tests/support/SongBuilder.h"
 #include "tests/support/TestEnvironment.h"
 
 namespace {
@@ -139,19 +140,10 @@ protected:
              const QString& genre, const QString& composer, int track, const QString& date, int storage,
              MediaKind kind = MediaKind::Audio, int createdBy = -1)
     {
-        MediaRecord record;
-        record.path = path;
-        record.kind = kind;
-        record.title = title;
-        record.artist = artist;
-        record.album = album;
-        record.genre = genre;
-        record.composer = composer;
-        record.track = track;
-        record.date = date;
-        record.storage = storage;
-        record.createdBy = createdBy;
-        ASSERT_NE(m_database->addMedia(record), 0u) << qPrintable(path);
+        ASSERT_NE(m_database->addMedia(song(path).title(title).artist(artist).album(album).genre(genre).composer(composer)
+                                           .track(track).date(date).storage(storage).kind(kind).createdBy(createdBy)),
+                  0u)
+            << qPrintable(path);
     }
 
     Answer search(const Request& request) const
