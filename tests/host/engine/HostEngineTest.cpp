@@ -324,24 +324,17 @@ TEST_F(HostEngineTest, Streams_PlayWithoutEnd_AndMediumTypesFollowThePathOrTheHo
     EXPECT_EQ(takeLog().front(), "updateMetaInfo(next,,,0,0)");
 }
 
-TEST_F(HostEngineTest, RequestUpdate_ReportsAgainToThatListenerOnly)
+TEST_F(HostEngineTest, WhatPlays_ShowsOnTheMainWidget_AndIsReportedAgainToTheAskingListenerOnly)
 {
     RecordingListener other(log, "B");
     engine->addPlayerListener(&other);
     engine->setFile(writeWav("song.wav", 3000, "Song", "Band", "Record"));
     engine->autoPlay(false);
-    takeLog();
-
-    engine->getPlayerControl()->requestUpdate(&other);
-    EXPECT_EQ(takeLog(), Events({"B:updateMetaInfo(Song,Band,Record,0,1)", "B:updateTime(0,3000)",
-                                 "B:updateState(1)"}));
-}
-
-TEST_F(HostEngineTest, MainWidget_ShowsWhatPlays_AndFollowsShowAndClose)
-{
-    engine->setFile(writeWav("song.wav", 3000, "Song", "Band", "Record"));
-    engine->autoPlay(false);
     HostEngineClock::advance(1000);
+    takeLog();
+    engine->getPlayerControl()->requestUpdate(&other);
+    EXPECT_EQ(takeLog(), Events({"B:updateMetaInfo(Song,Band,Record,0,1)", "B:updateTime(1000,3000)",
+                                 "B:updateState(1)"}));
 
     VmKbMainWidget* screen = engine->getMainWidget();
     ASSERT_NE(screen, nullptr);

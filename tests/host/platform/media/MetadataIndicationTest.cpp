@@ -66,15 +66,7 @@ TEST_F(MetadataIndicationTest, AnotherProgramsWrite_ArrivesAndIsSeenOnceTheClien
         fetch.candidateCount = 2;
         fetch.candidates = toPlay;
         fetch.resultCount = 5;
-        uint32_t count = 0;
-        EXPECT_EQ(metadataSearchMedia(
-                      m_handle, &fetch,
-                      [](void* userData, MetadataSearchMediaResponse* response) {
-                          *static_cast<uint32_t*>(userData) = response->count;
-                      },
-                      &count),
-                  0);
-        return count;
+        return search(fetch).count;
     };
     // As the sqlite3 shell would: a plain connection without this program's code.
     ASSERT_TRUE(runAsOtherProgram("INSERT INTO media (path, kind, title) VALUES ('/m/new.mp3', 1, 'New')"));
@@ -206,20 +198,7 @@ TEST_F(MetadataIndicationTest, PlayListClient_WaitsOnlyForSongChangesThatReachIt
     const MetadataSearchMediaRequest backup = playList.words(0);
     ASSERT_EQ(metadataBackupSearchedMedias(m_handle, &backup), 0);
     // Entries to play: reading them never moves the snapshot.
-    const auto entries = [&] {
-        const MetadataSearchMediaRequest fetch = playList.words(10);
-        QList<quint32> ids;
-        EXPECT_EQ(metadataSearchMedia(
-                      m_handle, &fetch,
-                      [](void* userData, MetadataSearchMediaResponse* response) {
-                          for (uint32_t i = 0; i < response->actualNum; ++i)
-                              static_cast<QList<quint32>*>(userData)->append(
-                                  response->mediaInfo[i].fields[0].value.number);
-                      },
-                      &ids),
-                  0);
-        return ids;
-    };
+    const auto entries = [&] { return search(playList.words(10)).ids; };
     // A look-up by path, as the history's writes make: it tells which state the snapshot holds.
     const auto isSeen = [&](const QByteArray& path) {
         const MetadataSearchFilter filter{METADATA_FILTER_FILE_PATH, METADATA_OPERATOR_EQUAL,

@@ -83,6 +83,28 @@ protected:
         ASSERT_EQ(metadataRegisterIndication(handle, ids, 2), 0);
     }
 
+    /** What a search by this client answers: the count, and the first field of each entry
+     *  (the object id when asked first). */
+    struct Searched {
+        uint32_t count = 0;
+        QList<quint32> ids;
+    };
+    Searched search(const MetadataSearchMediaRequest& request) const
+    {
+        Searched searched;
+        EXPECT_EQ(metadataSearchMedia(
+                      m_handle, &request,
+                      [](void* userData, MetadataSearchMediaResponse* response) {
+                          auto& answer = *static_cast<Searched*>(userData);
+                          answer.count = response->count;
+                          for (uint32_t i = 0; i < response->actualNum; ++i)
+                              answer.ids.append(response->mediaInfo[i].fields[0].value.number);
+                      },
+                      &searched),
+                  0);
+        return searched;
+    }
+
     /** The result, isExisted, newIndex and count of a check of the backup's entry at @p position. */
     using BackupCheck = std::tuple<int, bool, int, unsigned int>;
     BackupCheck checkBackup(int position) const
