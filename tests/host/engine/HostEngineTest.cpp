@@ -1,4 +1,3 @@
-#include <QDataStream>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -23,6 +22,7 @@
 #include "host/engine/HostEngineOutputListener.h"
 #include "host/engine/HostMediaOutput.h"
 #include "host/platform/HostJournal.h"
+#include "host/tools/samplegen/WavSynth.h"
 #include "platform/SETUP_SET_Manager.h"
 #include "platform/VmKbMainWidget.h"
 #include "tests/lists/TraceCapture.h"
@@ -101,24 +101,12 @@ protected:
         TestEnvironment::TearDown();
     }
 
-    // A PCM WAV (8 kHz, 8-bit mono) lasting @p milliseconds, tagged with
-    // TagLib when a title is given.
+    // A silent PCM WAV (8 kHz, 16-bit mono) lasting @p milliseconds, tagged
+    // with TagLib when a title is given.
     QString writeWav(const QString& name, int milliseconds, const QString& title = QString(),
                      const QString& artist = QString(), const QString& album = QString())
     {
-        const quint32 dataSize = quint32(milliseconds) * 8;
-        QByteArray wav;
-        QDataStream out(&wav, QIODevice::WriteOnly);
-        out.setByteOrder(QDataStream::LittleEndian);
-        out.writeRawData("RIFF", 4);
-        out << quint32(36 + dataSize);
-        out.writeRawData("WAVEfmt ", 8);
-        out << quint32(16) << quint16(1) << quint16(1) << quint32(8000) << quint32(8000) << quint16(1)
-            << quint16(8);
-        out.writeRawData("data", 4);
-        out << dataSize;
-        wav.append(QByteArray(int(dataSize), char(0x80)));
-        const QString path = writeDataFile(name, wav);
+        const QString path = writeDataFile(name, WavSynth(8000).wavFile(QByteArray(milliseconds * 16, '\0')));
         if (!title.isEmpty()) {
             TagLib::RIFF::WAV::File file(QFile::encodeName(path).constData());
             file.ID3v2Tag()->setTitle(TagLib::String(title.toStdString(), TagLib::String::UTF8));

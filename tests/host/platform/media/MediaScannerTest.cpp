@@ -19,6 +19,7 @@
 
 #include "host/platform/phone/HostStorage.h"
 #include "host/platform/media/database/MediaDatabase.h"
+#include "host/tools/samplegen/WavSynth.h"
 #include "tests/host/platform/media/OtherProgramSql.h"
 #include "tests/support/TestEnvironment.h"
 
@@ -27,25 +28,7 @@ namespace {
 // A 16-bit mono PCM WAV of a few silent samples.
 QByteArray tinyWav()
 {
-    const QByteArray samples(64, '\0');
-    QByteArray wav;
-    const auto word = [&wav](quint32 value, int bytes) {
-        for (int i = 0; i < bytes; ++i)
-            wav.append(char((value >> (8 * i)) & 0xFF));
-    };
-    wav.append("RIFF");
-    word(36 + samples.size(), 4);
-    wav.append("WAVEfmt ");
-    word(16, 4);
-    word(1, 2);       // PCM
-    word(1, 2);       // mono
-    word(8000, 4);
-    word(16000, 4);
-    word(2, 2);
-    word(16, 2);
-    wav.append("data");
-    word(samples.size(), 4);
-    return wav + samples;
+    return WavSynth(8000).wavFile(QByteArray(64, '\0'));
 }
 
 void writeFile(const QString& path, const QByteArray& bytes)
