@@ -263,7 +263,7 @@ TEST_F(PlayerProcessTest, TheBridgeFollowsThePlayerAndDrivesIt)
     ASSERT_TRUE(startBridge());
     EXPECT_EQ(playbackStatus(), "Stopped");
     EXPECT_EQ(bridgeMetadata(), QVariantMap());
-    EXPECT_EQ(bridgeProperty("org.mpris.MediaPlayer2.Player", "CanPlay"), QVariant(false));
+    EXPECT_EQ(playerProperty("CanPlay"), QVariant(false));
     EXPECT_EQ(bridgeProperty("org.mpris.MediaPlayer2", "Identity"), QVariant("Media Player"));
     EXPECT_EQ(bridgeProperty("org.mpris.MediaPlayer2", "HasTrackList"), QVariant(false));
 
@@ -278,7 +278,7 @@ TEST_F(PlayerProcessTest, TheBridgeFollowsThePlayerAndDrivesIt)
     EXPECT_TRUE(metadata.value("mpris:trackid").value<QDBusObjectPath>().path().startsWith("/org/mediaplayerhost/Track/"));
     EXPECT_TRUE(metadata.value("xesam:url").toString().startsWith("file:///"));
     EXPECT_EQ(playbackStatus(), "Playing");
-    EXPECT_EQ(bridgeProperty("org.mpris.MediaPlayer2.Player", "CanGoNext"), QVariant(true));
+    EXPECT_EQ(playerProperty("CanGoNext"), QVariant(true));
 
     ASSERT_TRUE(callBridge("Next"));
     EXPECT_TRUE(waitFor([] { return bridgeMetadata().value("xesam:title") == "Harbour Wind"; }));
@@ -288,7 +288,7 @@ TEST_F(PlayerProcessTest, TheBridgeFollowsThePlayerAndDrivesIt)
     // The player goes and comes back; the bridge follows.
     ASSERT_EQ(endPlayer(), 0) << m_player.readAllStandardError().toStdString();
     EXPECT_TRUE(waitFor([] { return playbackStatus() == "Stopped" && bridgeMetadata().isEmpty(); }));
-    EXPECT_EQ(bridgeProperty("org.mpris.MediaPlayer2.Player", "CanPlay"), QVariant(false));
+    EXPECT_EQ(playerProperty("CanPlay"), QVariant(false));
     ASSERT_TRUE(startPlayer());
     EXPECT_TRUE(waitFor([] { return playbackStatus() == "Playing"; }));
     ASSERT_EQ(endPlayer(), 0);
