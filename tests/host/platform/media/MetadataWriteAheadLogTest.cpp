@@ -11,7 +11,6 @@
 #include <QFileInfo>
 
 #include <algorithm>
-#include <functional>
 #include <memory>
 
 #include "clients/MP_MediafinderClient.h"
@@ -54,38 +53,6 @@ protected:
         return m_other->addMedia(song(path).title(QFileInfo(path).completeBaseName()));
     }
 
-    QList<quint32> addPlayables(int count)
-    {
-        QList<quint32> ids;
-        for (int number = 0; number < count; ++number)
-            ids << addPlayable(number);
-        return ids;
-    }
-
-    // Plays @p list through an engine and the library's client, @p steps songs
-    // on, a second each, after @p beforeStep; the largest the log grew.
-    qint64 playSteps(MP_AufList& list, int steps, const std::function<void(int)>& beforeStep = {})
-    {
-        // Gone in the main window's order: the client, the engine, the list.
-        const HostEnginePtr engine = makeHostEngine();
-        MP_MediafinderClient client(engine.get());
-        client.setAufList(&list);
-        engine->setPlayList(&list);
-        engine->autoPlay(false);
-        // So many songs' journal lines are not looked at.
-        HostJournal::stopCapture();
-        qint64 largest = 0;
-        for (int played = 0; played < steps; ++played) {
-            if (beforeStep)
-                beforeStep(played);
-            engine->control().next();
-            HostEngineClock::advance(1000);  // the time report that writes the song into the history
-            largest = std::max(largest, logSize());
-        }
-        HostJournal::startCapture();
-        return largest;
-    }
-
     static qint64 logSize() { return QFileInfo(MediaDatabase::defaultFile() + QStringLiteral("-wal")).size(); }
 
     std::unique_ptr<MediaDatabase> m_other;   // another program's connection
@@ -95,9 +62,26 @@ protected:
 
 TEST_F(MetadataWriteAheadLogTest, TwoThousandSongsPlayed_TheLogStaysSmall)
 {
-    const QList<quint32> ids = addPlayables(37);
+    QList<quint32> ids;
+    for (int number = 0; number < 37; ++number)
+        ids << addPlayable(number);
+    // Gone in the main window's order: the client, the engine, the list.
     MP_AufList list;
-    const qint64 largest = playSteps(list, 2000);
+    const HostEnginePtr engine = makeHostEngine();
+    MP_MediafinderClient client(engine.get());
+    client.setAufList(&list);
+    engine->setPlayList(&list);
+    engine->autoPlay(false);
+    // Two thousand songs' journal lines are not looked at.
+    HostJournal::stopCapture();
+
+    qint64 largest = 0;
+    for (int played = 0; played < 2000; ++played) {
+        engine->control().next();
+        HostEngineClock::advance(1000);  // the time report that writes the song into the history
+        largest = std::max(largest, logSize());
+    }
+    HostJournal::startCapture();
 
     // 2,000 steps through 37 songs with repeat end on the third; it went into
     // the history last, after 2,000 history writes of about 30 KB of log each.
@@ -138,24 +122,38 @@ TEST_F(MetadataWriteAheadLogTest, AnotherProgramsChangeStillWaitsForTheListThrou
 // starting over.
 TEST_F(MetadataWriteAheadLogTest, PlayListPlayingWhileAnotherProgramChangesSongs_TheLogStaysSmall)
 {
-    const QList<quint32> ids = addPlayables(37);
+    QList<quint32> ids;
+    for (int number = 0; number < 37; ++number)
+        ids << addPlayable(number);
     const QList<quint32> members = ids.mid(0, 20);
     const quint32 group = m_other->addGroup(METADATA_GROUP_USER, QStringLiteral("Mine"));
     ASSERT_TRUE(m_other->setGroupMembers(group, members));
     MP_AufList list(group, METADATA_GROUP_USER, 0, 0, QString());
+    const HostEnginePtr engine = makeHostEngine();
+    MP_MediafinderClient client(engine.get());
+    client.setAufList(&list);
+    engine->setPlayList(&list);
+    engine->autoPlay(false);
+    HostJournal::stopCapture();
+
+    qint64 largest = 0;
     int added = 0;
-    const qint64 largest = playSteps(list, 600, [&](int played) {
-        if (played % 5 != 4)
-            return;
-        const std::unique_ptr<SqliteTransaction> batch = m_other->beginTransaction();
-        m_other->addMedia(song(QStringLiteral("/scanned/%1.mp3").arg(added++)));
-        for (const quint32 id : {members.at(played % 20), ids.at(20 + played % 17)}) {
-            MediaRecord retagged = *m_other->mediaById(id);
-            retagged.artist = QStringLiteral("Artist %1").arg(played);
-            ASSERT_TRUE(m_other->updateMedia(retagged));
+    for (int played = 0; played < 600; ++played) {
+        if (played % 5 == 4) {
+            const std::unique_ptr<SqliteTransaction> batch = m_other->beginTransaction();
+            m_other->addMedia(song(QStringLiteral("/scanned/%1.mp3").arg(added++)));
+            for (const quint32 id : {members.at(played % 20), ids.at(20 + played % 17)}) {
+                MediaRecord retagged = *m_other->mediaById(id);
+                retagged.artist = QStringLiteral("Artist %1").arg(played);
+                ASSERT_TRUE(m_other->updateMedia(retagged));
+            }
+            ASSERT_TRUE(batch->commit());
         }
-        ASSERT_TRUE(batch->commit());
-    });
+        engine->control().next();
+        HostEngineClock::advance(1000);
+        largest = std::max(largest, logSize());
+    }
+    HostJournal::startCapture();
 
     // 600 steps through 20 songs with repeat come back to the first.
     ASSERT_EQ(list.getCurrentIndex(), 0);
