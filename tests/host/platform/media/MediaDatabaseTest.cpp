@@ -12,7 +12,7 @@
 #include "host/platform/media/database/SqliteTransaction.h"
 #include "platform/Metadata.h"
 #include "tests/support/SongBuilder.h"
-#include "tests/support/TestEnvironment.h"
+#include "tests/host/platform/media/MetadataTestLibrary.h"
 
 namespace {
 
@@ -88,13 +88,11 @@ void keepMessage(QtMsgType, const QMessageLogContext&, const QString& message)
     g_messages.append(message);
 }
 
-class MediaDatabaseTest : public TestEnvironment {
+class MediaDatabaseTest : public MetadataTestLibrary {
 protected:
     void SetUp() override
     {
-        TestEnvironment::SetUp();
-        m_database = MediaDatabase::open(MediaDatabase::defaultFile());
-        ASSERT_TRUE(m_database);
+        MetadataTestLibrary::SetUp();
         // Titles chosen so that folding matters: "Árós" sorts beside
         // "Aurora", and "Aurora"/"aurora" tie and fall back on the id.
         add("/m/Zenith.mp3", "Zenith", "Aurora Lane", "Northern Lights", "Pop", "Edda", 2, "2003-03-14", 0);    // 1
@@ -111,16 +109,6 @@ protected:
         ASSERT_TRUE(m_database->setGroupMembers(m_playList, {4, 1, 3}));
         ASSERT_TRUE(m_database->setGroupMembers(METADATA_AUDIO_HISTORY_GROUP_ID, {1}));
         ASSERT_TRUE(m_database->setGroupMembers(METADATA_VIDEO_HISTORY_GROUP_ID, {7}));
-        int status = -1;
-        m_handle = metadataCreateClient(&status);
-        ASSERT_EQ(status, 0);
-        ASSERT_NE(m_handle, 0u);
-    }
-    void TearDown() override
-    {
-        metadataDestroyClient(m_handle);
-        m_database.reset();
-        TestEnvironment::TearDown();
     }
 
     void add(const QString& path, const QString& title, const QString& artist, const QString& album,
@@ -148,9 +136,7 @@ protected:
         return answer.ids;
     }
 
-    std::unique_ptr<MediaDatabase> m_database;
     quint32 m_playList = 0;
-    unsigned int m_handle = 0;
 };
 
 using Ids = std::vector<quint32>;

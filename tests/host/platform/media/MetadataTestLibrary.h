@@ -1,7 +1,7 @@
 #pragma once
 // A small media library in a fresh data folder, a metadata client on it and
 // a recorder of the client's indications: what the tests of the metadata
-// writes, backups and indications start from.
+// searches, writes, backups and indications start from.
 
 #include <QList>
 #include <QString>
