@@ -449,9 +449,7 @@ TEST_F(PlayerProcessTest, TheBridgeEndsWithAKilledPlayerThatStartedIt_AndWithIts
     })) << "the bridge " << bridgePid << " outlived its player";
 
     // A bridge of its own ends when its bus goes.
-    start(m_tool, "mp-mpris", {"--data-dir", m_run.dataDir() + "/data"});
-    ASSERT_EQ(ProjectProgram::readUntil(m_tool, QProcess::StandardError, "mp-mpris: offering org.mpris.MediaPlayer2.mediaplayer"),
-              "mp-mpris: offering org.mpris.MediaPlayer2.mediaplayer");
+    ASSERT_TRUE(startBridge());
     QDBusConnection::disconnectFromBus(QStringLiteral("player-process-test"));
     m_bus.stop();
     ASSERT_TRUE(m_tool.waitForFinished(kWaitMs));
