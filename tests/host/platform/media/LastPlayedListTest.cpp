@@ -85,10 +85,8 @@ TEST_F(LastPlayedListTest, ANewSaveReplacesTheOldAndOutlivesTheProcessConnection
     ASSERT_TRUE(later);
     const std::optional<MediaLastPlayedList> stored = later->lastPlayedList();
     ASSERT_TRUE(stored);
-    EXPECT_EQ(stored->listType, 0);
     EXPECT_FALSE(stored->artist);
-    EXPECT_EQ(stored->groupId, 12u);
-    EXPECT_EQ(stored->firstIndex, 4);
+    EXPECT_EQ(std::tuple(stored->listType, stored->groupId, stored->firstIndex), std::tuple(0, 12u, 4));
 }
 
 TEST_F(LastPlayedListTest, DatabaseLockedByAnotherProgram_SaveFailsAndTheJournalSaysSo)
