@@ -76,31 +76,6 @@ struct Stretch {
     int blocks;
 };
 
-// Whether the sink's recording runs: it has a tenth of a second.
-bool recordingRuns(const SinkRecording& recording)
-{
-    return waitFor([&] { return recording.sampleCount() >= SinkRecording::kRate / 10 || recording.hasFailed(); })
-           && !recording.hasFailed();
-}
-
-// Waits until the sink has recorded @p milliseconds more.
-bool recordFor(const SinkRecording& recording, int milliseconds)
-{
-    const int from = recording.sampleCount();
-    return waitFor([&] { return recording.sampleCount() >= from + milliseconds * SinkRecording::kRate / 1000; });
-}
-
-// An engine playing @p list through the media output, heard by @p watch.
-std::unique_ptr<HostEngine> playThroughMedia(PathList& list, StateWatch& watch)
-{
-    HostOutputChoice::setKind(HostOutputKind::Media);
-    auto engine = std::make_unique<HostEngine>(true, MP_LAUNCH_TYPE(0));
-    engine->addPlayerListener(&watch);
-    engine->setPlayList(&list);
-    engine->autoPlay(false);
-    return engine;
-}
-
 std::vector<Stretch> stretchesOf(const SinkRecording& recording)
 {
     std::vector<Stretch> runs;
@@ -120,23 +95,31 @@ TEST(SoundOutputTest, PlaysTheListPausesSilentlyAndStepsToTheNextTone)
     QTemporaryDir songs;
     PathList list({writeTone(songs, "low.wav", kFirstTone), writeTone(songs, "high.wav", kSecondTone)});
     SinkRecording recording(server->address(), QString::fromLatin1(PulseServer::kSink));
-    ASSERT_TRUE(recordingRuns(recording)) << "parec could not record the sink";
+    ASSERT_TRUE(waitFor([&] { return recording.sampleCount() >= SinkRecording::kRate / 10 || recording.hasFailed(); }));
+    ASSERT_FALSE(recording.hasFailed()) << "parec could not record the sink";
+
+    HostOutputChoice::setKind(HostOutputKind::Media);
+    HostEngine engine(true, MP_LAUNCH_TYPE(0));
+    ASSERT_STREQ(engine.output().name(), "media");
     StateWatch watch;
-    const std::unique_ptr<HostEngine> engine = playThroughMedia(list, watch);
-    ASSERT_STREQ(engine->output().name(), "media");
+    engine.addPlayerListener(&watch);
+    engine.setPlayList(&list);
+    engine.autoPlay(false);
 
     // Half way into the first song: pause, for a stretch of recorded time.
     ASSERT_TRUE(waitFor([&] { return watch.time >= 1000; }));
-    engine->getPlayerControl()->pause();
-    ASSERT_TRUE(recordFor(recording, kPauseMs));
+    engine.getPlayerControl()->pause();
+    const int pausedAt = recording.sampleCount();
+    ASSERT_TRUE(waitFor([&] { return recording.sampleCount() >= pausedAt + kPauseMs * SinkRecording::kRate / 1000; }));
     EXPECT_EQ(watch.state, MP_STATE_PAUSED);
-    engine->getPlayerControl()->play();
+    engine.getPlayerControl()->play();
 
     ASSERT_TRUE(waitFor([&] { return watch.state == MP_STATE_FINISHED; }));
     EXPECT_EQ(list.current, 1);
     // What the sink still holds of the end, and a quarter second of quiet after it.
-    ASSERT_TRUE(recordFor(recording, 500));
-    engine->removePlayerListener(&watch);
+    const int endedAt = recording.sampleCount();
+    ASSERT_TRUE(waitFor([&] { return recording.sampleCount() >= endedAt + SinkRecording::kRate / 2; }));
+    engine.removePlayerListener(&watch);
 
     const std::vector<Stretch> runs = stretchesOf(recording);
     ASSERT_GE(runs.size(), 3u) << "sound, the pause's silence, sound";
@@ -180,16 +163,23 @@ TEST(SoundOutputTest, SeekSkipsAheadAndTheRestSoundsToTheEnd)
     QTemporaryDir songs;
     PathList list({writeTone(songs, "long.wav", kFirstTone, kSeconds)});
     SinkRecording recording(server->address(), QString::fromLatin1(PulseServer::kSink));
-    ASSERT_TRUE(recordingRuns(recording)) << "parec could not record the sink";
+    ASSERT_TRUE(waitFor([&] { return recording.sampleCount() >= SinkRecording::kRate / 10 || recording.hasFailed(); }));
+    ASSERT_FALSE(recording.hasFailed()) << "parec could not record the sink";
+
+    HostOutputChoice::setKind(HostOutputKind::Media);
+    HostEngine engine(true, MP_LAUNCH_TYPE(0));
     StateWatch watch;
-    const std::unique_ptr<HostEngine> engine = playThroughMedia(list, watch);
+    engine.addPlayerListener(&watch);
+    engine.setPlayList(&list);
+    engine.autoPlay(false);
     ASSERT_TRUE(waitFor([&] { return watch.time >= kSeekAfterMs; }));
     const int seekFrom = watch.time;
-    engine->getPlayerControl()->seek(kSeekMs);
-    engine->getPlayerControl()->seekFinished();
+    engine.getPlayerControl()->seek(kSeekMs);
+    engine.getPlayerControl()->seekFinished();
     ASSERT_TRUE(waitFor([&] { return watch.state == MP_STATE_FINISHED; })) << "the song never ended after the seek";
-    ASSERT_TRUE(recordFor(recording, 500));
-    engine->removePlayerListener(&watch);
+    const int endedAt = recording.sampleCount();
+    ASSERT_TRUE(waitFor([&] { return recording.sampleCount() >= endedAt + SinkRecording::kRate / 2; }));
+    engine.removePlayerListener(&watch);
 
     int sounding = 0;
     for (const Stretch& run : stretchesOf(recording))
