@@ -57,6 +57,13 @@ bool fail(const char* why)
     return false;
 }
 
+// The exit code of a picture that could not be made.
+int failed(const char* why)
+{
+    fail(why);
+    return 1;
+}
+
 // Whether the rectangle @p area of @p image holds more than one colour.
 bool hasDetail(const QImage& image, const QRect& area)
 {
@@ -122,37 +129,27 @@ int main(int argc, char** argv)
 
     SampleLibraryWriter writer(data.filePath(QStringLiteral("library")));
     const QString song = writer.write() ? firstSong(data.filePath(QStringLiteral("library"))) : QString();
-    if (song.isEmpty()) {
-        fail("no sample song");
-        return 1;
-    }
+    if (song.isEmpty())
+        return failed("no sample song");
 
     HostPhone::prepareDataFolder();
     HostEngineClock::setManual(true);
     auto player = std::make_unique<MP_MainWindow>(song, nullptr, nullptr, 0);
-    if (!QTest::qWaitFor([] { return HostEngine::liveEngine() != nullptr; }, kWaitMilliseconds)) {
-        fail("the player made no engine");
-        return 1;
-    }
+    if (!QTest::qWaitFor([] { return HostEngine::liveEngine() != nullptr; }, kWaitMilliseconds))
+        return failed("the player made no engine");
     VmKbMainWidget* window = HostEngine::liveEngine()->getMainWidget();
     window->move(40, 40);
     // The player screen builds its menu when the first meta information comes.
     HostEngineClock::advance(1000);
     VmSoftKey* keys = window->getSoftKey(false);
-    if (!keys || !QTest::qWaitFor([keys] { return keys->optMenu(0) != nullptr; }, kWaitMilliseconds)) {
-        fail("the player screen built no options menu");
-        return 1;
-    }
+    if (!keys || !QTest::qWaitFor([keys] { return keys->optMenu(0) != nullptr; }, kWaitMilliseconds))
+        return failed("the player screen built no options menu");
     VmOptionsMenu* menu = keys->optMenu(0);
-    if (!QTest::qWaitForWindowExposed(window, kWaitMilliseconds)) {
-        fail("the window did not appear");
-        return 1;
-    }
+    if (!QTest::qWaitForWindowExposed(window, kWaitMilliseconds))
+        return failed("the window did not appear");
     keys->click(0);
-    if (!QTest::qWaitForWindowExposed(menu->qmenu(), kWaitMilliseconds)) {
-        fail("the menu did not appear");
-        return 1;
-    }
+    if (!QTest::qWaitForWindowExposed(menu->qmenu(), kWaitMilliseconds))
+        return failed("the menu did not appear");
     // Paint both now rather than waiting for the window system's turn, so the
     // picture does not depend on how long the exposure took.
     window->repaint();
@@ -161,10 +158,8 @@ int main(int argc, char** argv)
 
     QScreen* screen = QGuiApplication::primaryScreen();
     const QImage shot = screen->grabWindow(0).toImage();
-    if (!shot.save(QString::fromLocal8Bit(argv[1]), "PNG")) {
-        fail("cannot save the picture");
-        return 1;
-    }
+    if (!shot.save(QString::fromLocal8Bit(argv[1]), "PNG"))
+        return failed("cannot save the picture");
     const bool ok = check(shot, *window, *menu);
     menu->hideMenu();
     player.reset();

@@ -1,4 +1,3 @@
-#include <QDataStream>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -23,6 +22,7 @@
 #include "host/engine/HostEngineOutputListener.h"
 #include "host/engine/HostMediaOutput.h"
 #include "host/platform/HostJournal.h"
+#include "host/tools/samplegen/WavSynth.h"
 #include "platform/SETUP_SET_Manager.h"
 #include "platform/VmKbMainWidget.h"
 #include "tests/lists/TraceCapture.h"
@@ -47,10 +47,7 @@ public:
         if (onState)
             onState(state);
     }
-    void updateTime(int elapsed, int total) override
-    {
-        record(QStringLiteral("updateTime(%1,%2)").arg(elapsed).arg(total));
-    }
+    void updateTime(int elapsed, int total) override { record(QStringLiteral("updateTime(%1,%2)").arg(elapsed).arg(total)); }
     void updateBuffering(int percent) override { record(QStringLiteral("updateBuffering(%1)").arg(percent)); }
     void updateDownloadProgress(int progress, int value) override
     {
@@ -60,15 +57,9 @@ public:
     void updateMetaInfo(const QString& title, const QString& artist, const QString& album, QByteArray data,
                         bool canSeek) override
     {
-        record(QStringLiteral("updateMetaInfo(%1,%2,%3,%4,%5)")
-                   .arg(title, artist, album)
-                   .arg(data.size())
-                   .arg(canSeek));
+        record(QStringLiteral("updateMetaInfo(%1,%2,%3,%4,%5)").arg(title, artist, album).arg(data.size()).arg(canSeek));
     }
-    void updateConnectionStatus(int status) override
-    {
-        record(QStringLiteral("updateConnectionStatus(%1)").arg(status));
-    }
+    void updateConnectionStatus(int status) override { record(QStringLiteral("updateConnectionStatus(%1)").arg(status)); }
     void updateListInfo(MP_ListInterface* list) override
     {
         record(QStringLiteral("updateListInfo(%1)").arg(list ? list->getCurrentIndex() : -1));
@@ -83,6 +74,14 @@ private:
 
 // Lists of std::string print readably when an expectation fails.
 using Events = std::vector<std::string>;
+
+Events eventsOf(const QStringList& log)
+{
+    Events events;
+    for (const QString& event : log)
+        events.push_back(event.toStdString());
+    return events;
+}
 
 } // namespace
 
@@ -102,24 +101,12 @@ protected:
         TestEnvironment::TearDown();
     }
 
-    // A PCM WAV (8 kHz, 8-bit mono) lasting @p milliseconds, tagged with
-    // TagLib when a title is given.
+    // A silent PCM WAV (8 kHz, 16-bit mono) lasting @p milliseconds, tagged
+    // with TagLib when a title is given.
     QString writeWav(const QString& name, int milliseconds, const QString& title = QString(),
                      const QString& artist = QString(), const QString& album = QString())
     {
-        const quint32 dataSize = quint32(milliseconds) * 8;
-        QByteArray wav;
-        QDataStream out(&wav, QIODevice::WriteOnly);
-        out.setByteOrder(QDataStream::LittleEndian);
-        out.writeRawData("RIFF", 4);
-        out << quint32(36 + dataSize);
-        out.writeRawData("WAVEfmt ", 8);
-        out << quint32(16) << quint16(1) << quint16(1) << quint32(8000) << quint32(8000) << quint16(1)
-            << quint16(8);
-        out.writeRawData("data", 4);
-        out << dataSize;
-        wav.append(QByteArray(int(dataSize), char(0x80)));
-        const QString path = writeDataFile(name, wav);
+        const QString path = writeDataFile(name, WavSynth(8000).wavFile(QByteArray(milliseconds * 16, '\0')));
         if (!title.isEmpty()) {
             TagLib::RIFF::WAV::File file(QFile::encodeName(path).constData());
             file.ID3v2Tag()->setTitle(TagLib::String(title.toStdString(), TagLib::String::UTF8));
@@ -134,13 +121,7 @@ protected:
     QString writeFakeVideo(const QString& name) { return writeDataFile(name, "not really a video"); }
 
     // The reports heard since the last call.
-    Events takeLog()
-    {
-        Events events;
-        for (const QString& event : std::exchange(log, QStringList()))
-            events.push_back(event.toStdString());
-        return events;
-    }
+    Events takeLog() { return eventsOf(std::exchange(log, QStringList())); }
 
     QStringList log;
     RecordingListener listener{log};
@@ -331,24 +312,17 @@ TEST_F(HostEngineTest, Streams_PlayWithoutEnd_AndMediumTypesFollowThePathOrTheHo
     EXPECT_EQ(takeLog().front(), "updateMetaInfo(next,,,0,0)");
 }
 
-TEST_F(HostEngineTest, RequestUpdate_ReportsAgainToThatListenerOnly)
+TEST_F(HostEngineTest, WhatPlays_ShowsOnTheMainWidget_AndIsReportedAgainToTheAskingListenerOnly)
 {
     RecordingListener other(log, "B");
     engine->addPlayerListener(&other);
     engine->setFile(writeWav("song.wav", 3000, "Song", "Band", "Record"));
     engine->autoPlay(false);
-    takeLog();
-
-    engine->getPlayerControl()->requestUpdate(&other);
-    EXPECT_EQ(takeLog(), Events({"B:updateMetaInfo(Song,Band,Record,0,1)", "B:updateTime(0,3000)",
-                                 "B:updateState(1)"}));
-}
-
-TEST_F(HostEngineTest, MainWidget_ShowsWhatPlays_AndFollowsShowAndClose)
-{
-    engine->setFile(writeWav("song.wav", 3000, "Song", "Band", "Record"));
-    engine->autoPlay(false);
     HostEngineClock::advance(1000);
+    takeLog();
+    engine->getPlayerControl()->requestUpdate(&other);
+    EXPECT_EQ(takeLog(), Events({"B:updateMetaInfo(Song,Band,Record,0,1)", "B:updateTime(1000,3000)",
+                                 "B:updateState(1)"}));
 
     VmKbMainWidget* screen = engine->getMainWidget();
     ASSERT_NE(screen, nullptr);
@@ -448,10 +422,7 @@ TEST_F(HostEngineTest, MediaOutput_ReportsAListExactlyAsTheClockDoes)
     media->setPlayList(&list);
     media->autoPlay(false);
     EXPECT_TRUE(waitUntil([&] { return media->control().getState() == MP_STATE_FINISHED; }, 10000));
-    Events onMedia;
-    for (const QString& event : mediaLog)
-        onMedia.push_back(event.toStdString());
-    EXPECT_EQ(onMedia, onClock);
+    EXPECT_EQ(eventsOf(mediaLog), onClock);
 }
 
 TEST_F(HostEngineTest, MediaOutput_AFileTheDecoderRefuses_IsAnErrorAndTheListMovesOn)

@@ -34,21 +34,4 @@ TEST(StreamEncodingTest, WritesThePhonesBytes)
     EXPECT_EQ(encode(qint32(3), QString(QLatin1String("ab"))).toHex(), "00000003000000040061" "0062");
 }
 
-TEST(StreamEncodingTest, ReadsBackWhatItWrote)
-{
-    const QByteArray bytes = encode(qint32(7), QString(), QString::fromUtf8("\xc3\xa9t\xc3\xa9"), Q_INT8(5));
-    QDataStream stream(bytes);
-    MP_SetPayloadFormat(stream);
-    qint32 number = 0;
-    QString null = QStringLiteral("x");
-    QString text;
-    Q_INT8 small = 0;
-    stream >> number >> null >> text >> small;
-    EXPECT_EQ(number, 7);
-    EXPECT_TRUE(null.isNull());
-    EXPECT_EQ(text, QString::fromUtf8("\xc3\xa9t\xc3\xa9"));
-    EXPECT_EQ(small, 5);
-    EXPECT_EQ(stream.status(), QDataStream::Ok);
-}
-
 } // namespace

@@ -28,13 +28,14 @@ namespace {
 
 const int kWaitMs = 15000;
 
-// Plays the album from its first song and stays until the test says done.
-const QByteArray kPlayerScript =
-    "clock manual\n"
-    "action PlayMusicListInMediaplayer isAllArtist=1 isAllAlbum=0 \"Album=Northern Lights\" isAllGenre=1 "
-    "isAllComposer=1 FirstIndex=0 StorageLocation=2\n"
-    "await TEST/Control done 60000\n"
-    "quit\n";
+// The album from song FIRST, on the manual clock; each await is a step the test takes.
+QByteArray albumScript(int first, const QByteArray& control = "TEST/Control", const QByteArray& steps = {})
+{
+    return "clock manual\n"
+           "action PlayMusicListInMediaplayer isAllArtist=1 isAllAlbum=0 \"Album=Northern Lights\" isAllGenre=1 "
+           "isAllComposer=1 FirstIndex=" + QByteArray::number(first) + " StorageLocation=2\n"
+           + steps + "await " + control + " done 60000\nquit\n";
+}
 
 class PlayerProcessTest : public ::testing::Test {
 protected:
@@ -43,8 +44,6 @@ protected:
         if (m_bus.address().isEmpty())
             GTEST_SKIP() << m_bus.error().toStdString();
         ASSERT_TRUE(m_run.scanSampleLibrary());
-        QFile script(m_run.dataDir() + "/player.mps");
-        ASSERT_TRUE(script.open(QIODevice::WriteOnly) && script.write(kPlayerScript) == kPlayerScript.size());
     }
 
     void TearDown() override
@@ -63,14 +62,11 @@ protected:
         ProjectProgram::start(process, program, arguments);
     }
 
-    /** Starts the player on the script; true once it waits for the test. */
+    /** Starts the player on the album from its first song, journaled to m_run's journal; true once it
+     *  waits for the test. */
     bool startPlayer()
     {
-        start(m_player, "mediaplayer",
-              {"--data-dir", m_run.dataDir() + "/data", "--journal", m_run.dataDir() + "/journal.jsonl", "--quiet",
-               "--log", m_run.dataDir() + "/trace.log", "--script", m_run.dataDir() + "/player.mps"});
-        const QString awaiting = "await: listening on TEST/Control for done";
-        return ProjectProgram::readUntil(m_player, QProcess::StandardError, awaiting).endsWith(awaiting);
+        return startPlayerOn(m_player, "journal", albumScript(0), "await: listening on TEST/Control for done");
     }
 
     /** Starts mp-mpris and connects the test to the bus; true once it offers the player. */
@@ -177,13 +173,19 @@ TEST_F(PlayerProcessTest, QcopHearsThePlayersIdleMessagesAndMovesItOn)
     EXPECT_EQ(m_run.titlesPlayed().mid(0, 3).join(" | ").toStdString(), "Afterglow | First Light | Harbour Wind");
 }
 
+/** Calls @p method of the bridge's @p interface from the test's connection; the answer. */
+QDBusMessage callOnBridge(const QString& interface, const QString& method, const QVariantList& arguments = {})
+{
+    QDBusMessage call = QDBusMessage::createMethodCall("org.mpris.MediaPlayer2.mediaplayer", "/org/mpris/MediaPlayer2",
+                                                       interface, method);
+    call.setArguments(arguments);
+    return QDBusConnection(QStringLiteral("player-process-test")).call(call);
+}
+
 /** One property of the bridge, as a desktop reads it. */
 QVariant bridgeProperty(const QString& interface, const QString& name)
 {
-    QDBusMessage get = QDBusMessage::createMethodCall("org.mpris.MediaPlayer2.mediaplayer", "/org/mpris/MediaPlayer2",
-                                                      "org.freedesktop.DBus.Properties", "Get");
-    get << interface << name;
-    const QDBusMessage reply = QDBusConnection(QStringLiteral("player-process-test")).call(get);
+    const QDBusMessage reply = callOnBridge("org.freedesktop.DBus.Properties", "Get", {interface, name});
     if (reply.type() != QDBusMessage::ReplyMessage)
         return {};
     return reply.arguments().value(0).value<QDBusVariant>().variant();
@@ -201,17 +203,15 @@ QString playbackStatus()
 
 bool callBridge(const QString& method)
 {
-    QDBusMessage call = QDBusMessage::createMethodCall("org.mpris.MediaPlayer2.mediaplayer", "/org/mpris/MediaPlayer2",
-                                                       "org.mpris.MediaPlayer2.Player", method);
-    return QDBusConnection(QStringLiteral("player-process-test")).call(call).type() == QDBusMessage::ReplyMessage;
+    return callOnBridge("org.mpris.MediaPlayer2.Player", method).type() == QDBusMessage::ReplyMessage;
 }
 
 bool setBridgeProperty(const QString& name, const QVariant& value)
 {
-    QDBusMessage set = QDBusMessage::createMethodCall("org.mpris.MediaPlayer2.mediaplayer", "/org/mpris/MediaPlayer2",
-                                                      "org.freedesktop.DBus.Properties", "Set");
-    set << QStringLiteral("org.mpris.MediaPlayer2.Player") << name << QVariant::fromValue(QDBusVariant(value));
-    return QDBusConnection(QStringLiteral("player-process-test")).call(set).type() == QDBusMessage::ReplyMessage;
+    return callOnBridge("org.freedesktop.DBus.Properties", "Set",
+                        {QStringLiteral("org.mpris.MediaPlayer2.Player"), name, QVariant::fromValue(QDBusVariant(value))})
+               .type()
+           == QDBusMessage::ReplyMessage;
 }
 
 QVariant playerProperty(const QString& name)
@@ -263,7 +263,7 @@ TEST_F(PlayerProcessTest, TheBridgeFollowsThePlayerAndDrivesIt)
     ASSERT_TRUE(startBridge());
     EXPECT_EQ(playbackStatus(), "Stopped");
     EXPECT_EQ(bridgeMetadata(), QVariantMap());
-    EXPECT_EQ(bridgeProperty("org.mpris.MediaPlayer2.Player", "CanPlay"), QVariant(false));
+    EXPECT_EQ(playerProperty("CanPlay"), QVariant(false));
     EXPECT_EQ(bridgeProperty("org.mpris.MediaPlayer2", "Identity"), QVariant("Media Player"));
     EXPECT_EQ(bridgeProperty("org.mpris.MediaPlayer2", "HasTrackList"), QVariant(false));
 
@@ -278,7 +278,7 @@ TEST_F(PlayerProcessTest, TheBridgeFollowsThePlayerAndDrivesIt)
     EXPECT_TRUE(metadata.value("mpris:trackid").value<QDBusObjectPath>().path().startsWith("/org/mediaplayerhost/Track/"));
     EXPECT_TRUE(metadata.value("xesam:url").toString().startsWith("file:///"));
     EXPECT_EQ(playbackStatus(), "Playing");
-    EXPECT_EQ(bridgeProperty("org.mpris.MediaPlayer2.Player", "CanGoNext"), QVariant(true));
+    EXPECT_EQ(playerProperty("CanGoNext"), QVariant(true));
 
     ASSERT_TRUE(callBridge("Next"));
     EXPECT_TRUE(waitFor([] { return bridgeMetadata().value("xesam:title") == "Harbour Wind"; }));
@@ -288,19 +288,10 @@ TEST_F(PlayerProcessTest, TheBridgeFollowsThePlayerAndDrivesIt)
     // The player goes and comes back; the bridge follows.
     ASSERT_EQ(endPlayer(), 0) << m_player.readAllStandardError().toStdString();
     EXPECT_TRUE(waitFor([] { return playbackStatus() == "Stopped" && bridgeMetadata().isEmpty(); }));
-    EXPECT_EQ(bridgeProperty("org.mpris.MediaPlayer2.Player", "CanPlay"), QVariant(false));
+    EXPECT_EQ(playerProperty("CanPlay"), QVariant(false));
     ASSERT_TRUE(startPlayer());
     EXPECT_TRUE(waitFor([] { return playbackStatus() == "Playing"; }));
     ASSERT_EQ(endPlayer(), 0);
-}
-
-// The album from song FIRST, on the manual clock; each await is a step the test takes.
-QByteArray albumScript(int first, const QByteArray& control, const QByteArray& steps)
-{
-    return "clock manual\n"
-           "action PlayMusicListInMediaplayer isAllArtist=1 isAllAlbum=0 \"Album=Northern Lights\" isAllGenre=1 "
-           "isAllComposer=1 FirstIndex=" + QByteArray::number(first) + " StorageLocation=2\n"
-           + steps + "await " + control + " done 60000\nquit\n";
 }
 
 TEST_F(PlayerProcessTest, ShuffleAndLoopStatusReadBackWhatTheDesktopAsked_AndTheShuffleKeyTwiceReturns)
@@ -360,7 +351,7 @@ TEST_F(PlayerProcessTest, OfTwoPlayersTheNewestIsFollowedAndDriven_ThenTheOneLef
     ASSERT_TRUE(waitFor([] { return playbackStatus() == "Playing" && !title().isEmpty(); }));
     const QString titleOfA = title();
 
-    ASSERT_TRUE(startPlayerOn(m_second, "b", albumScript(2, "TEST/B", ""), "await: listening on TEST/B for done"));
+    ASSERT_TRUE(startPlayerOn(m_second, "b", albumScript(2, "TEST/B"), "await: listening on TEST/B for done"));
     ASSERT_TRUE(waitFor([&] { return !title().isEmpty() && title() != titleOfA; })) << title().toStdString();
     const QString titleOfB = title();
 
@@ -390,16 +381,12 @@ TEST_F(PlayerProcessTest, ExtremeSeeksAnswer_CanControlHolds_AndASecondBridgeTak
 {
     ASSERT_TRUE(startBridge());
     EXPECT_EQ(playerProperty("CanControl"), QVariant(true)) << "without a player too";
-    ASSERT_TRUE(startPlayerOn(m_player, "seek", albumScript(0, "TEST/Control", ""),
+    ASSERT_TRUE(startPlayerOn(m_player, "seek", albumScript(0),
                               "await: listening on TEST/Control for done"));
     ASSERT_TRUE(waitFor([] { return playerProperty("CanSeek") == QVariant(true); }));
     const QString first = title();
     const auto seek = [](qlonglong offset) {
-        QDBusMessage call = QDBusMessage::createMethodCall("org.mpris.MediaPlayer2.mediaplayer",
-                                                           "/org/mpris/MediaPlayer2", "org.mpris.MediaPlayer2.Player",
-                                                           "Seek");
-        call << offset;
-        return QDBusConnection(QStringLiteral("player-process-test")).call(call).type();
+        return callOnBridge("org.mpris.MediaPlayer2.Player", "Seek", {offset}).type();
     };
     EXPECT_EQ(seek(std::numeric_limits<qlonglong>::min()), QDBusMessage::ReplyMessage);
     EXPECT_EQ(seek(std::numeric_limits<qlonglong>::max()), QDBusMessage::ReplyMessage);
@@ -448,7 +435,7 @@ TEST_F(PlayerProcessTest, ABridgeThatCannotStart_IsSaidWithItsCommand_AndThePlay
 TEST_F(PlayerProcessTest, TheBridgeEndsWithAKilledPlayerThatStartedIt_AndWithItsBus)
 {
     ASSERT_TRUE(connectTest());
-    ASSERT_TRUE(startPlayerOn(m_player, "mpris", albumScript(0, "TEST/Control", ""),
+    ASSERT_TRUE(startPlayerOn(m_player, "mpris", albumScript(0),
                               "await: listening on TEST/Control for done", {"--mpris"}))
         << m_playerSaid.toStdString();
     uint bridgePid = 0;
@@ -462,9 +449,7 @@ TEST_F(PlayerProcessTest, TheBridgeEndsWithAKilledPlayerThatStartedIt_AndWithIts
     })) << "the bridge " << bridgePid << " outlived its player";
 
     // A bridge of its own ends when its bus goes.
-    start(m_tool, "mp-mpris", {"--data-dir", m_run.dataDir() + "/data"});
-    ASSERT_EQ(ProjectProgram::readUntil(m_tool, QProcess::StandardError, "mp-mpris: offering org.mpris.MediaPlayer2.mediaplayer"),
-              "mp-mpris: offering org.mpris.MediaPlayer2.mediaplayer");
+    ASSERT_TRUE(startBridge());
     QDBusConnection::disconnectFromBus(QStringLiteral("player-process-test"));
     m_bus.stop();
     ASSERT_TRUE(m_tool.waitForFinished(kWaitMs));

@@ -15,10 +15,8 @@
 
 namespace {
 
-QByteArray state(qint32 value)
-{
-    return payload(value);
-}
+// The payload of a state message.
+QByteArray state(qint32 value) { return payload(value); }
 
 class PlayerSenderTrackerTest : public TestEnvironment {
 protected:

@@ -5,6 +5,7 @@
 #include <QJsonObject>
 
 #include <cstring>
+#include <tuple>
 
 #include "host/platform/media/database/MediaDatabase.h"
 #include "host/platform/media/database/SqliteTransaction.h"
@@ -52,17 +53,13 @@ TEST_F(LastPlayedListTest, SaveGetFreeRoundTripWithNullAndUtf8Strings)
                                 "\"call\":\"saveLastPlayedList\",\"kind\":\"metadata\",\"written\":true}"));
 
     ASSERT_NE(getLastPlayedList(&read), 0);
-    EXPECT_EQ(read.listType, 6);
     EXPECT_STREQ(read.artist, "Bj\xc3\xb6rk");
-    EXPECT_EQ(read.artistLength, 6);
     EXPECT_STREQ(read.genre, "Folk");
-    EXPECT_EQ(read.genreLength, 4);
-    EXPECT_EQ(read.album, nullptr);
-    EXPECT_EQ(read.albumLength, 0);
-    EXPECT_EQ(read.composer, nullptr);
-    EXPECT_EQ(read.groupObjectId, uint32_t(-1));
-    EXPECT_EQ(read.storageLocation, 1);
-    EXPECT_EQ(read.firstIndex, 3);
+    EXPECT_TRUE(!read.album && !read.composer);
+    // listType, artistLength, genreLength, albumLength, groupObjectId, storageLocation, firstIndex
+    EXPECT_EQ(std::tuple(read.listType, read.artistLength, read.genreLength, read.albumLength, read.groupObjectId,
+                         read.storageLocation, read.firstIndex),
+              std::tuple(6, 6, 4, 0, uint32_t(-1), 1, 3));
     freeLastPlayedList(&read);
     EXPECT_EQ(read.artist, nullptr);
     EXPECT_EQ(read.genre, nullptr);
@@ -88,10 +85,8 @@ TEST_F(LastPlayedListTest, ANewSaveReplacesTheOldAndOutlivesTheProcessConnection
     ASSERT_TRUE(later);
     const std::optional<MediaLastPlayedList> stored = later->lastPlayedList();
     ASSERT_TRUE(stored);
-    EXPECT_EQ(stored->listType, 0);
     EXPECT_FALSE(stored->artist);
-    EXPECT_EQ(stored->groupId, 12u);
-    EXPECT_EQ(stored->firstIndex, 4);
+    EXPECT_EQ(std::tuple(stored->listType, stored->groupId, stored->firstIndex), std::tuple(0, 12u, 4));
 }
 
 TEST_F(LastPlayedListTest, DatabaseLockedByAnotherProgram_SaveFailsAndTheJournalSaysSo)

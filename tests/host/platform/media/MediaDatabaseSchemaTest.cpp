@@ -10,6 +10,7 @@
 
 #include "host/platform/media/database/MediaDatabase.h"
 #include "platform/Metadata.h"
+#include "tests/host/platform/media/OtherProgramSql.h"
 #include "tests/support/SongBuilder.h"
 #include "tests/support/TestEnvironment.h"
 
@@ -24,14 +25,6 @@ void keepWarning(QtMsgType, const QMessageLogContext&, const QString& message)
 
 class MediaDatabaseSchemaTest : public TestEnvironment {
 protected:
-    // Runs @p sql on the database file as another program would.
-    static void runOnFile(const QByteArray& sql)
-    {
-        sqlite3* db = nullptr;
-        ASSERT_EQ(sqlite3_open(QFile::encodeName(MediaDatabase::defaultFile()).constData(), &db), SQLITE_OK);
-        EXPECT_EQ(sqlite3_exec(db, sql.constData(), nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(db);
-        sqlite3_close(db);
-    }
     // Opens the database file, returning the warnings the attempt gave.
     static QStringList openWarnings(bool* isOpened)
     {
@@ -56,7 +49,7 @@ protected:
 TEST_F(MediaDatabaseSchemaTest, AnotherProgramsDatabaseIsRefusedAndLeftAsItIs)
 {
     const QString prefix = "cannot use " + MediaDatabase::defaultFile() + " : ";
-    runOnFile("CREATE TABLE notes (id INTEGER PRIMARY KEY, text TEXT)");
+    runAsOtherProgram("CREATE TABLE notes (id INTEGER PRIMARY KEY, text TEXT)");
     bool isOpened = true;
     EXPECT_EQ(openWarnings(&isOpened),
               QStringList{prefix + "the file holds another program's tables (schema version 0), not a media database"});
@@ -64,12 +57,12 @@ TEST_F(MediaDatabaseSchemaTest, AnotherProgramsDatabaseIsRefusedAndLeftAsItIs)
     EXPECT_EQ(userVersion(), 0) << "no step was run on it";
 
     // A file that claims a version of ours without that version's tables.
-    runOnFile("CREATE TABLE media (id INTEGER PRIMARY KEY); PRAGMA user_version = 2");
+    runAsOtherProgram("CREATE TABLE media (id INTEGER PRIMARY KEY); PRAGMA user_version = 2");
     EXPECT_EQ(openWarnings(&isOpened),
               QStringList{prefix + "schema version 2 without its table \"groups\": not a media database"});
     EXPECT_FALSE(isOpened);
 
-    runOnFile("PRAGMA user_version = 9");
+    runAsOtherProgram("PRAGMA user_version = 9");
     EXPECT_EQ(openWarnings(&isOpened), QStringList{prefix + "schema version 9 is newer than this program's 3"});
     EXPECT_FALSE(isOpened);
 }
@@ -78,14 +71,14 @@ TEST_F(MediaDatabaseSchemaTest, ATableWithoutAColumnThisProgramUsesIsRefusedByNa
 {
     const QString prefix = "cannot use " + MediaDatabase::defaultFile() + " : ";
     ASSERT_TRUE(MediaDatabase::open(MediaDatabase::defaultFile()));
-    runOnFile("ALTER TABLE media DROP COLUMN file_modified");
+    runAsOtherProgram("ALTER TABLE media DROP COLUMN file_modified");
     bool isOpened = true;
     EXPECT_EQ(openWarnings(&isOpened),
               QStringList{prefix + "schema version 3 with a damaged table \"media\" (no such column: file_modified): "
                                    "not a media database"});
     EXPECT_FALSE(isOpened);
 
-    runOnFile("ALTER TABLE media ADD COLUMN file_modified INTEGER NOT NULL DEFAULT 0;"
+    runAsOtherProgram("ALTER TABLE media ADD COLUMN file_modified INTEGER NOT NULL DEFAULT 0;"
               "ALTER TABLE groups RENAME COLUMN name TO title");
     EXPECT_EQ(openWarnings(&isOpened),
               QStringList{prefix + "schema version 3 with a damaged table \"groups\" (no such column: name): "

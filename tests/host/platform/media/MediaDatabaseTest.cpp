@@ -4,54 +4,43 @@
 
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
 #include "host/platform/phone/HostPhone.h"
 #include "host/platform/media/database/SqliteTransaction.h"
 #include "platform/Metadata.h"
-#include "tests/support/TestEnvironment.h"
+#include "tests/support/SongBuilder.h"
+#include "tests/host/platform/media/MetadataTestLibrary.h"
 
 namespace {
 
-// A request and the arrays it points to.
+// A request and the arrays it points to. Filter values live in implicitly
+// shared byte arrays: a copy's filters point at the same bytes, which stay
+// while either holds them.
 struct Request {
     std::vector<MetadataListType> listTypes;
     std::vector<MetadataSearchFilter> filters;
     std::vector<MetadataSortEntry> sort{{METADATA_SORT_TITLE, METADATA_SORT_ASCENDING}};
     std::vector<MetadataSearchCandidateType> candidates{METADATA_CANDIDATE_OBJECT_ID};
-    std::vector<QByteArray> texts;
-    std::vector<uint32_t> numbers = std::vector<uint32_t>(8);
+    std::vector<QByteArray> values;
     int storage = 2;
     uint32_t grouping = 0;
     int count = 100;
     int start = 0;
 
     explicit Request(MetadataListType listType) : listTypes{listType} {}
-    // A copy points its integer filters at its own integers (texts are shared).
-    Request(const Request& other)
-        : listTypes(other.listTypes), filters(other.filters), sort(other.sort), candidates(other.candidates),
-          texts(other.texts), numbers(other.numbers), storage(other.storage), grouping(other.grouping),
-          count(other.count), start(other.start)
-    {
-        for (MetadataSearchFilter& filter : filters) {
-            for (size_t i = 0; i < numbers.size(); ++i) {
-                if (filter.value == &other.numbers[i])
-                    filter.value = &numbers[i];
-            }
-        }
-    }
-    Request& operator=(const Request&) = delete;
     Request& text(MetadataSearchFilterType type, const QString& value)
     {
-        texts.push_back(value.toUtf8());
-        filters.push_back({type, METADATA_OPERATOR_EQUAL, uint32_t(texts.back().size() + 1), texts.back().constData()});
+        values.push_back(value.toUtf8());
+        filters.push_back({type, METADATA_OPERATOR_EQUAL, uint32_t(values.back().size() + 1), values.back().constData()});
         return *this;
     }
     Request& number(MetadataSearchFilterType type, uint32_t value)
     {
-        numbers[filters.size()] = value;
-        filters.push_back({type, METADATA_OPERATOR_EQUAL, 4, &numbers[filters.size()]});
+        values.emplace_back(reinterpret_cast<const char*>(&value), int(sizeof value));
+        filters.push_back({type, METADATA_OPERATOR_EQUAL, 4, values.back().constData()});
         return *this;
     }
     Request& any(MetadataSearchFilterType type)
@@ -99,13 +88,11 @@ void keepMessage(QtMsgType, const QMessageLogContext&, const QString& message)
     g_messages.append(message);
 }
 
-class MediaDatabaseTest : public TestEnvironment {
+class MediaDatabaseTest : public MetadataTestLibrary {
 protected:
     void SetUp() override
     {
-        TestEnvironment::SetUp();
-        m_database = MediaDatabase::open(MediaDatabase::defaultFile());
-        ASSERT_TRUE(m_database);
+        MetadataTestLibrary::SetUp();
         // Titles chosen so that folding matters: "Árós" sorts beside
         // "Aurora", and "Aurora"/"aurora" tie and fall back on the id.
         add("/m/Zenith.mp3", "Zenith", "Aurora Lane", "Northern Lights", "Pop", "Edda", 2, "2003-03-14", 0);    // 1
@@ -122,35 +109,16 @@ protected:
         ASSERT_TRUE(m_database->setGroupMembers(m_playList, {4, 1, 3}));
         ASSERT_TRUE(m_database->setGroupMembers(METADATA_AUDIO_HISTORY_GROUP_ID, {1}));
         ASSERT_TRUE(m_database->setGroupMembers(METADATA_VIDEO_HISTORY_GROUP_ID, {7}));
-        int status = -1;
-        m_handle = metadataCreateClient(&status);
-        ASSERT_EQ(status, 0);
-        ASSERT_NE(m_handle, 0u);
-    }
-    void TearDown() override
-    {
-        metadataDestroyClient(m_handle);
-        m_database.reset();
-        TestEnvironment::TearDown();
     }
 
     void add(const QString& path, const QString& title, const QString& artist, const QString& album,
              const QString& genre, const QString& composer, int track, const QString& date, int storage,
              MediaKind kind = MediaKind::Audio, int createdBy = -1)
     {
-        MediaRecord record;
-        record.path = path;
-        record.kind = kind;
-        record.title = title;
-        record.artist = artist;
-        record.album = album;
-        record.genre = genre;
-        record.composer = composer;
-        record.track = track;
-        record.date = date;
-        record.storage = storage;
-        record.createdBy = createdBy;
-        ASSERT_NE(m_database->addMedia(record), 0u) << qPrintable(path);
+        ASSERT_NE(m_database->addMedia(song(path).title(title).artist(artist).album(album).genre(genre).composer(composer)
+                                           .track(track).date(date).storage(storage).kind(kind).createdBy(createdBy)),
+                  0u)
+            << qPrintable(path);
     }
 
     Answer search(const Request& request) const
@@ -168,9 +136,7 @@ protected:
         return answer.ids;
     }
 
-    std::unique_ptr<MediaDatabase> m_database;
     quint32 m_playList = 0;
-    unsigned int m_handle = 0;
 };
 
 using Ids = std::vector<quint32>;
@@ -339,41 +305,26 @@ TEST_F(MediaDatabaseTest, NonLatinPathsAndTagsRoundTrip)
 
 TEST_F(MediaDatabaseTest, UnreadableRequestsDeliverNothing)
 {
-    std::vector<std::pair<const char*, Request>> bad;
-    bad.emplace_back("unknown list type", Request(MetadataListType(3)));
-    Request noLists = music();
-    noLists.listTypes.clear();
-    bad.emplace_back("no list type", noLists);
-    bad.emplace_back("unknown filter type", music().text(MetadataSearchFilterType(99), "x"));
-    Request badOperator = music().text(METADATA_FILTER_ARTIST, "x");
-    badOperator.filters[0].op = MetadataSearchOperator(1);
-    bad.emplace_back("unknown operator", badOperator);
-    bad.emplace_back("operator 2 on the artist", music().any(METADATA_FILTER_ARTIST));
-    Request noValue = music().text(METADATA_FILTER_ARTIST, "x");
-    noValue.filters[0].value = nullptr;
-    bad.emplace_back("text filter without value", noValue);
-    Request shortNumber = music().number(METADATA_FILTER_CREATE_FLAG, 1);
-    shortNumber.filters[0].valueLength = 2;
-    bad.emplace_back("integer of two bytes", shortNumber);
-    Request badSort = music();
-    badSort.sort = {{MetadataSortKey(5), METADATA_SORT_ASCENDING}};
-    bad.emplace_back("unknown sort key", badSort);
-    badSort.sort = {{METADATA_SORT_TITLE, MetadataSortDirection(2)}};
-    bad.emplace_back("unknown direction", badSort);
-    badSort.sort = {{METADATA_SORT_GROUP_POSITION, METADATA_SORT_ASCENDING}};
-    bad.emplace_back("group position outside a group", badSort);
-    Request badCandidate = music();
-    badCandidate.candidates = {MetadataSearchCandidateType(7)};
-    bad.emplace_back("unknown candidate", badCandidate);
-    bad.emplace_back("group list without a group", Request(METADATA_LIST_USER_GROUP));
-    Request negative = music();
-    negative.start = -1;
-    bad.emplace_back("negative start", negative);
-    Request groupedIds = music();
-    groupedIds.grouping = 1;
-    bad.emplace_back("ids with the grouping flag", groupedIds);
-
-    for (const auto& [name, request] : bad) {
+    const std::pair<const char*, std::function<void(Request&)>> bad[] = {
+        {"unknown list type", [](Request& r) { r.listTypes = {MetadataListType(3)}; }},
+        {"no list type", [](Request& r) { r.listTypes.clear(); }},
+        {"unknown filter type", [](Request& r) { r.text(MetadataSearchFilterType(99), "x"); }},
+        {"unknown operator", [](Request& r) { r.text(METADATA_FILTER_ARTIST, "x").filters[0].op = MetadataSearchOperator(1); }},
+        {"operator 2 on the artist", [](Request& r) { r.any(METADATA_FILTER_ARTIST); }},
+        {"text filter without value", [](Request& r) { r.text(METADATA_FILTER_ARTIST, "x").filters[0].value = nullptr; }},
+        {"integer of two bytes", [](Request& r) { r.number(METADATA_FILTER_CREATE_FLAG, 1).filters[0].valueLength = 2; }},
+        {"unknown sort key", [](Request& r) { r.sort = {{MetadataSortKey(5), METADATA_SORT_ASCENDING}}; }},
+        {"unknown direction", [](Request& r) { r.sort = {{METADATA_SORT_TITLE, MetadataSortDirection(2)}}; }},
+        {"group position outside a group",
+         [](Request& r) { r.sort = {{METADATA_SORT_GROUP_POSITION, METADATA_SORT_ASCENDING}}; }},
+        {"unknown candidate", [](Request& r) { r.candidates = {MetadataSearchCandidateType(7)}; }},
+        {"group list without a group", [](Request& r) { r.listTypes = {METADATA_LIST_USER_GROUP}; }},
+        {"negative start", [](Request& r) { r.start = -1; }},
+        {"ids with the grouping flag", [](Request& r) { r.grouping = 1; }},
+    };
+    for (const auto& [name, spoil] : bad) {
+        Request request = music();
+        spoil(request);
         g_messages.clear();
         const QtMessageHandler previous = qInstallMessageHandler(keepMessage);
         const Answer answer = search(request);
@@ -383,26 +334,18 @@ TEST_F(MediaDatabaseTest, UnreadableRequestsDeliverNothing)
         EXPECT_EQ(g_messages.filter("cannot read the request").size(), 1) << name;
     }
 
-    // Null arrays where counts say there are entries, and no request or callback.
-    const auto rejects = [this](MetadataSearchMediaRequest words) {
-        Answer answer;
-        const int result = metadataSearchMedia(m_handle, &words, collect, &answer);
-        return result != 0 && answer.calls == 0;
-    };
+    // Null arrays where counts say there are entries, and no request, callback or client.
     const Request valid = music();
-    MetadataSearchMediaRequest words = valid.words();
-    words.filterCount = 1;
-    EXPECT_TRUE(rejects(words));
-    words = valid.words();
-    words.sort = nullptr;
-    EXPECT_TRUE(rejects(words));
-    words = valid.words();
-    words.candidates = nullptr;
-    EXPECT_TRUE(rejects(words));
-    words = valid.words();
-    words.listTypes = nullptr;
-    EXPECT_TRUE(rejects(words));
+    const std::function<void(MetadataSearchMediaRequest&)> nullArrays[] = {
+        [](auto& words) { words.filterCount = 1; }, [](auto& words) { words.sort = nullptr; },
+        [](auto& words) { words.candidates = nullptr; }, [](auto& words) { words.listTypes = nullptr; }};
     Answer answer;
+    for (const auto& breakWords : nullArrays) {
+        MetadataSearchMediaRequest words = valid.words();
+        breakWords(words);
+        EXPECT_NE(metadataSearchMedia(m_handle, &words, collect, &answer), 0);
+    }
+    const MetadataSearchMediaRequest words = valid.words();
     EXPECT_NE(metadataSearchMedia(m_handle, nullptr, collect, &answer), 0);
     EXPECT_NE(metadataSearchMedia(m_handle, &words, nullptr, &answer), 0);
     EXPECT_NE(metadataSearchMedia(m_handle + 100, &words, collect, &answer), 0);

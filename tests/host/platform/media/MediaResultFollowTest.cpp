@@ -5,9 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <sqlite3.h>
-
-#include <QFile>
 #include <QRandomGenerator>
 
 #include <cstring>
@@ -16,6 +13,7 @@
 #include "host/platform/media/database/MediaDatabase.h"
 #include "host/platform/media/database/MediaSearchPlan.h"
 #include "host/platform/media/database/SqliteTransaction.h"
+#include "tests/host/platform/media/OtherProgramSql.h"
 #include "tests/support/SongBuilder.h"
 #include "tests/support/TestEnvironment.h"
 
@@ -163,14 +161,6 @@ protected:
         }
     }
 
-    static void runOnFile(const char* sql)
-    {
-        sqlite3* db = nullptr;
-        ASSERT_EQ(sqlite3_open(QFile::encodeName(MediaDatabase::defaultFile()).constData(), &db), SQLITE_OK);
-        EXPECT_EQ(sqlite3_exec(db, sql, nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(db);
-        sqlite3_close(db);
-    }
-
     static constexpr quint32 kSeed = 20261125;
     QRandomGenerator m_random{kSeed};
     int m_nextPath = 0;
@@ -231,7 +221,7 @@ TEST_F(MediaResultFollowTest, LogThatCannotTellWhatChanged_ResultsAreReadAnew)
         SCOPED_TRACE(damage);
         expectLikeFresh(shapes);
         change(*m_other);
-        runOnFile(damage);
+        runAsOtherProgram(damage);
         for (int round = 0; round < 2; ++round) {
             for (int i = 0; i < 4; ++i)
                 change(*m_other);

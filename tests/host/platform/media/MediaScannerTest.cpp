@@ -7,7 +7,6 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include <sqlite3.h>
 
 #include <taglib/id3v2tag.h>
 #include <taglib/tpropertymap.h>
@@ -17,9 +16,12 @@
 #include <fstream>
 #include <memory>
 #include <string>
+#include <tuple>
 
 #include "host/platform/phone/HostStorage.h"
 #include "host/platform/media/database/MediaDatabase.h"
+#include "host/tools/samplegen/WavSynth.h"
+#include "tests/host/platform/media/OtherProgramSql.h"
 #include "tests/support/TestEnvironment.h"
 
 namespace {
@@ -27,25 +29,7 @@ namespace {
 // A 16-bit mono PCM WAV of a few silent samples.
 QByteArray tinyWav()
 {
-    const QByteArray samples(64, '\0');
-    QByteArray wav;
-    const auto word = [&wav](quint32 value, int bytes) {
-        for (int i = 0; i < bytes; ++i)
-            wav.append(char((value >> (8 * i)) & 0xFF));
-    };
-    wav.append("RIFF");
-    word(36 + samples.size(), 4);
-    wav.append("WAVEfmt ");
-    word(16, 4);
-    word(1, 2);       // PCM
-    word(1, 2);       // mono
-    word(8000, 4);
-    word(16000, 4);
-    word(2, 2);
-    word(16, 2);
-    wav.append("data");
-    word(samples.size(), 4);
-    return wav + samples;
+    return WavSynth(8000).wavFile(QByteArray(64, '\0'));
 }
 
 void writeFile(const QString& path, const QByteArray& bytes)
@@ -136,17 +120,15 @@ TEST_F(MediaScannerTest, ReadsTagsFlagsAndPlayLists)
     EXPECT_EQ(QStringList({rain.title, rain.artist, rain.album, rain.genre, rain.composer, rain.date}),
               QStringList({"Rain", QString::fromUtf8("Ансамбль"), QString::fromUtf8("Kvöldljóð"), "Folk",
                            QString::fromUtf8("Sigrún"), "2003-03-14"}));
-    EXPECT_EQ(rain.track, 2);
-    EXPECT_EQ(rain.createdBy, -1);
-    EXPECT_EQ(rain.storage, 0);
+    EXPECT_EQ(std::tuple(rain.track, rain.createdBy, rain.storage), std::tuple(2, -1, 0));
 
+    // Untagged files are named after themselves; the folders say who made them.
     const MediaRecord memo = stored("Music/voice memo.wav");
-    EXPECT_EQ(memo.title, "voice memo");
-    EXPECT_TRUE(memo.artist.isEmpty());
-    EXPECT_EQ(stored("Camera/Captured/clip.mp4").kind, MediaKind::Video);
-    EXPECT_EQ(stored("Camera/Captured/clip.mp4").createdBy, 0);
-    EXPECT_EQ(stored("Downloads/song.mp3").createdBy, 1);
-    EXPECT_EQ(stored("Downloads/song.mp3").title, "song");
+    EXPECT_EQ(std::tuple(memo.title, memo.artist), std::tuple(QString("voice memo"), QString()));
+    const MediaRecord clip = stored("Camera/Captured/clip.mp4");
+    EXPECT_EQ(std::tuple(clip.kind, clip.createdBy), std::tuple(MediaKind::Video, 0));
+    const MediaRecord download = stored("Downloads/song.mp3");
+    EXPECT_EQ(std::tuple(download.title, download.createdBy), std::tuple(QString("song"), 1));
 
     EXPECT_EQ(playList(), QStringList({"Rain", "song", "voice memo"}));
     EXPECT_EQ(m_messages.size(), 2);
@@ -226,15 +208,10 @@ TEST_F(MediaScannerTest, AFailedCommitCountsNothingAsAdded)
 {
     // A trap another program could have set: every new object breaks a deferred
     // constraint, which only the commit checks.
-    sqlite3* other = nullptr;
-    ASSERT_EQ(sqlite3_open(QFile::encodeName(MediaDatabase::defaultFile()).constData(), &other), SQLITE_OK);
-    ASSERT_EQ(sqlite3_exec(other,
-                           "CREATE TABLE trap_parent (id INTEGER PRIMARY KEY);"
-                           "CREATE TABLE trap (ref INTEGER REFERENCES trap_parent(id) DEFERRABLE INITIALLY DEFERRED);"
-                           "CREATE TRIGGER trap_media AFTER INSERT ON media BEGIN INSERT INTO trap VALUES (-1); END;",
-                           nullptr, nullptr, nullptr),
-              SQLITE_OK);
-    sqlite3_close(other);
+    ASSERT_TRUE(runAsOtherProgram(
+        "CREATE TABLE trap_parent (id INTEGER PRIMARY KEY);"
+        "CREATE TABLE trap (ref INTEGER REFERENCES trap_parent(id) DEFERRABLE INITIALLY DEFERRED);"
+        "CREATE TRIGGER trap_media AFTER INSERT ON media BEGIN INSERT INTO trap VALUES (-1); END;"));
 
     const MediaScanSummary summary = m_scanner->scanFolders({m_root});
     EXPECT_EQ(summary.text(), "0 added, 0 updated, 0 removed, 0 unchanged, 5 skipped; play lists: 0 imported, 0 removed");

@@ -8,16 +8,12 @@
 #include <QTemporaryDir>
 
 #include <map>
-#include <tuple>
 
 #include <unistd.h>
 
 #include "tests/host/platform/media/MetadataTestLibrary.h"
 
 namespace {
-
-// The result, isExisted, newIndex and count of a check.
-using Check = std::tuple<int, bool, int, unsigned int>;
 
 class MetadataBackupTest : public MetadataTestLibrary {
 protected:
@@ -29,15 +25,6 @@ protected:
             m_ids[title] = add(QStringLiteral("/m/%1.mp3").arg(title), title);
         const MetadataSearchMediaRequest request = m_music.words();
         ASSERT_EQ(metadataBackupSearchedMedias(m_handle, &request), 0);
-    }
-
-    Check check(int position) const
-    {
-        bool isExisted = false;
-        int newIndex = -99;
-        unsigned int count = 0;
-        const int result = metadataCheckBackupedItem(m_handle, position, &isExisted, &newIndex, &count);
-        return {result, isExisted, newIndex, count};
     }
 
     MusicByTitle m_music;
@@ -68,19 +55,19 @@ TEST(MediaBackupLocate, FindsTheEntryOrTheFirstLaterSurvivor)
 TEST_F(MetadataBackupTest, ChecksTheThreeOutcomesAgainstTheSearchRunAgain)
 {
     // Nothing changed: B (position 1) is still second.
-    EXPECT_EQ(check(1), (Check{0, true, 2, 5}));
+    EXPECT_EQ(checkBackup(1), (BackupCheck{0, true, 2, 5}));
     // "AA" sorts before B, which moves to the third place.
     add("/m/AA.mp3", "AA");
-    EXPECT_EQ(check(1), (Check{0, true, 3, 6}));
+    EXPECT_EQ(checkBackup(1), (BackupCheck{0, true, 3, 6}));
     // B and C gone: D, the first later entry still there, is now at position 2 (A AA D E).
     ASSERT_TRUE(m_database->removeMedia(m_ids["B"]));
     ASSERT_TRUE(m_database->removeMedia(m_ids["C"]));
-    EXPECT_EQ(check(1), (Check{0, false, 2, 4}));
+    EXPECT_EQ(checkBackup(1), (BackupCheck{0, false, 2, 4}));
     // D and E gone as well: nothing after B survives, the answer is the count.
     ASSERT_TRUE(m_database->removeMedia(m_ids["D"]));
     ASSERT_TRUE(m_database->removeMedia(m_ids["E"]));
-    EXPECT_EQ(check(1), (Check{0, false, 2, 2}));
-    EXPECT_EQ(check(0), (Check{0, true, 1, 2}));
+    EXPECT_EQ(checkBackup(1), (BackupCheck{0, false, 2, 2}));
+    EXPECT_EQ(checkBackup(0), (BackupCheck{0, true, 1, 2}));
 }
 
 TEST_F(MetadataBackupTest, RefreshTakesThePresentResultAndReleaseEndsTheBackup)
@@ -89,10 +76,10 @@ TEST_F(MetadataBackupTest, RefreshTakesThePresentResultAndReleaseEndsTheBackup)
     int status = -1;
     EXPECT_EQ(metadataManageBackupList(m_handle, METADATA_BACKUP_REFRESH, &status), 0);
     EXPECT_EQ(status, 0);
-    EXPECT_EQ(check(0), (Check{0, true, 1, 4}));   // B is now the first entry of the backup
+    EXPECT_EQ(checkBackup(0), (BackupCheck{0, true, 1, 4}));   // B is now the first entry of the backup
 
     EXPECT_EQ(metadataManageBackupList(m_handle, METADATA_BACKUP_RELEASE, &status), 0);
-    EXPECT_NE(std::get<0>(check(0)), 0);
+    EXPECT_NE(std::get<0>(checkBackup(0)), 0);
     EXPECT_NE(metadataManageBackupList(m_handle, METADATA_BACKUP_REFRESH, &status), 0);
     EXPECT_NE(status, 0);
     // Another connection has no backup of its own, and a bad handle none at all.
@@ -102,7 +89,7 @@ TEST_F(MetadataBackupTest, RefreshTakesThePresentResultAndReleaseEndsTheBackup)
     ASSERT_EQ(metadataBackupSearchedMedias(m_handle, &request), 0);
     EXPECT_NE(metadataCheckBackupedItem(other, 0, nullptr, nullptr, nullptr), 0);
     EXPECT_NE(metadataCheckBackupedItem(other + 100, 0, nullptr, nullptr, nullptr), 0);
-    EXPECT_EQ(std::get<0>(check(0)), 0);
+    EXPECT_EQ(std::get<0>(checkBackup(0)), 0);
     metadataDestroyClient(other);
 }
 

@@ -1,11 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <sqlite3.h>
-
-#include <QFile>
-
 #include "host/platform/media/database/SqliteTransaction.h"
 #include "tests/host/platform/media/MetadataTestLibrary.h"
+#include "tests/host/platform/media/OtherProgramSql.h"
 
 namespace {
 
@@ -69,32 +66,15 @@ TEST_F(MetadataIndicationTest, AnotherProgramsWrite_ArrivesAndIsSeenOnceTheClien
         fetch.candidateCount = 2;
         fetch.candidates = toPlay;
         fetch.resultCount = 5;
-        uint32_t count = 0;
-        EXPECT_EQ(metadataSearchMedia(
-                      m_handle, &fetch,
-                      [](void* userData, MetadataSearchMediaResponse* response) {
-                          *static_cast<uint32_t*>(userData) = response->count;
-                      },
-                      &count),
-                  0);
-        return count;
+        return search(fetch).count;
     };
     // As the sqlite3 shell would: a plain connection without this program's code.
-    sqlite3* shell = nullptr;
-    ASSERT_EQ(sqlite3_open(QFile::encodeName(MediaDatabase::defaultFile()).constData(), &shell), SQLITE_OK);
-    const int result = sqlite3_exec(shell, "INSERT INTO media (path, kind, title) VALUES ('/m/new.mp3', 1, 'New')",
-                                     nullptr, nullptr, nullptr);
-    sqlite3_close(shell);
-    ASSERT_EQ(result, SQLITE_OK);
+    ASSERT_TRUE(runAsOtherProgram("INSERT INTO media (path, kind, title) VALUES ('/m/new.mp3', 1, 'New')"));
     EXPECT_EQ(firstCount(), 1u) << "before the indication the client reads its snapshot";
     EXPECT_TRUE(hears(m_recorder, {IndicationRecorder::content()}));
     EXPECT_EQ(firstCount(), 1u) << "delivered, not yet handled: the positions the client knows still hold";
 
-    bool isExisted = false;
-    int newIndex = 0;
-    unsigned int count = 0;
-    ASSERT_EQ(metadataCheckBackupedItem(m_handle, 0, &isExisted, &newIndex, &count), 0);
-    EXPECT_EQ(count, 2u) << "handling the change moves the snapshot";
+    EXPECT_EQ(std::get<3>(checkBackup(0)), 2u) << "handling the change moves the snapshot";
     EXPECT_EQ(firstCount(), 2u);
 }
 
@@ -218,20 +198,7 @@ TEST_F(MetadataIndicationTest, PlayListClient_WaitsOnlyForSongChangesThatReachIt
     const MetadataSearchMediaRequest backup = playList.words(0);
     ASSERT_EQ(metadataBackupSearchedMedias(m_handle, &backup), 0);
     // Entries to play: reading them never moves the snapshot.
-    const auto entries = [&] {
-        const MetadataSearchMediaRequest fetch = playList.words(10);
-        QList<quint32> ids;
-        EXPECT_EQ(metadataSearchMedia(
-                      m_handle, &fetch,
-                      [](void* userData, MetadataSearchMediaResponse* response) {
-                          for (uint32_t i = 0; i < response->actualNum; ++i)
-                              static_cast<QList<quint32>*>(userData)->append(
-                                  response->mediaInfo[i].fields[0].value.number);
-                      },
-                      &ids),
-                  0);
-        return ids;
-    };
+    const auto entries = [&] { return search(playList.words(10)).ids; };
     // A look-up by path, as the history's writes make: it tells which state the snapshot holds.
     const auto isSeen = [&](const QByteArray& path) {
         const MetadataSearchFilter filter{METADATA_FILTER_FILE_PATH, METADATA_OPERATOR_EQUAL,
@@ -247,13 +214,6 @@ TEST_F(MetadataIndicationTest, PlayListClient_WaitsOnlyForSongChangesThatReachIt
                       &found),
                   0);
         return found == 1;
-    };
-    const auto handle = [&] {
-        bool isExisted = false;
-        int newIndex = 0;
-        unsigned int count = 0;
-        EXPECT_EQ(metadataCheckBackupedItem(m_handle, 0, &isExisted, &newIndex, &count), 0);
-        return count;
     };
     ASSERT_EQ(entries(), (QList<quint32>{m_song, second, third}));
 
@@ -286,21 +246,16 @@ TEST_F(MetadataIndicationTest, PlayListClient_WaitsOnlyForSongChangesThatReachIt
     ASSERT_TRUE(hears(m_recorder, contentAndList));
     EXPECT_FALSE(isSeen("/m/later.mp3"));
     EXPECT_EQ(entries(), (QList<quint32>{m_song, second, third})) << "delivered, not handled";
-    EXPECT_EQ(handle(), 2u);
+    EXPECT_EQ(std::get<3>(checkBackup(0)), 2u);
     EXPECT_TRUE(isSeen("/m/later.mp3"));
     EXPECT_EQ(entries(), (QList<quint32>{m_song, second}));
 
     // Deleted as the sqlite3 shell does, without foreign keys: the member row
     // stays and no group change is logged, but the song leaves the list.
     m_recorder.heard.clear();
-    sqlite3* shell = nullptr;
-    ASSERT_EQ(sqlite3_open(QFile::encodeName(MediaDatabase::defaultFile()).constData(), &shell), SQLITE_OK);
-    const QByteArray remove = "DELETE FROM media WHERE id = " + QByteArray::number(second);
-    const int result = sqlite3_exec(shell, remove.constData(), nullptr, nullptr, nullptr);
-    sqlite3_close(shell);
-    ASSERT_EQ(result, SQLITE_OK);
+    ASSERT_TRUE(runAsOtherProgram("DELETE FROM media WHERE id = " + QByteArray::number(second)));
     ASSERT_TRUE(hears(m_recorder, contentAndList));
     EXPECT_EQ(entries(), (QList<quint32>{m_song, second})) << "delivered, not handled";
-    EXPECT_EQ(handle(), 1u);
+    EXPECT_EQ(std::get<3>(checkBackup(0)), 1u);
     EXPECT_EQ(entries(), QList<quint32>{m_song});
 }

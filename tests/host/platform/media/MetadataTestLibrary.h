@@ -1,12 +1,13 @@
 #pragma once
 // A small media library in a fresh data folder, a metadata client on it and
 // a recorder of the client's indications: what the tests of the metadata
-// writes, backups and indications start from.
+// searches, writes, backups and indications start from.
 
 #include <QList>
 #include <QString>
 
 #include <memory>
+#include <tuple>
 #include <vector>
 
 #include "host/platform/media/database/MediaDatabase.h"
@@ -80,6 +81,39 @@ protected:
         const unsigned short ids[] = {METADATA_INDICATION_CONTENT_CHANGED, METADATA_INDICATION_GROUP_CHANGED};
         ASSERT_EQ(metadataSetIndicationHandler(handle, IndicationRecorder::handle, &recorder), 0);
         ASSERT_EQ(metadataRegisterIndication(handle, ids, 2), 0);
+    }
+
+    /** What a search by this client answers: the count, and the first field of each entry
+     *  (the object id when asked first). */
+    struct Searched {
+        uint32_t count = 0;
+        QList<quint32> ids;
+    };
+    Searched search(const MetadataSearchMediaRequest& request) const
+    {
+        Searched searched;
+        EXPECT_EQ(metadataSearchMedia(
+                      m_handle, &request,
+                      [](void* userData, MetadataSearchMediaResponse* response) {
+                          auto& answer = *static_cast<Searched*>(userData);
+                          answer.count = response->count;
+                          for (uint32_t i = 0; i < response->actualNum; ++i)
+                              answer.ids.append(response->mediaInfo[i].fields[0].value.number);
+                      },
+                      &searched),
+                  0);
+        return searched;
+    }
+
+    /** The result, isExisted, newIndex and count of a check of the backup's entry at @p position. */
+    using BackupCheck = std::tuple<int, bool, int, unsigned int>;
+    BackupCheck checkBackup(int position) const
+    {
+        bool isExisted = false;
+        int newIndex = -99;
+        unsigned int count = 0;
+        const int result = metadataCheckBackupedItem(m_handle, position, &isExisted, &newIndex, &count);
+        return {result, isExisted, newIndex, count};
     }
 
     std::unique_ptr<MediaDatabase> m_database;   // a second connection, as another writer

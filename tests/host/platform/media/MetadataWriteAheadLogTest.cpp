@@ -49,10 +49,7 @@ protected:
     // A song that exists as a file, so that the engine plays it.
     quint32 addPlayable(int number)
     {
-        QDir().mkpath(dataPath("music"));
-        const QString path = dataPath(QStringLiteral("music/%1.mp3").arg(number, 3, 10, QLatin1Char('0')));
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        const QString path = writeDataFile(QStringLiteral("music/%1.mp3").arg(number, 3, 10, QLatin1Char('0')));
         return m_other->addMedia(song(path).title(QFileInfo(path).completeBaseName()));
     }
 

@@ -98,25 +98,17 @@ TEST_F(HostProfileTest, StorageQueries_PreloadFolderMediaFilesAndRingtones)
     EXPECT_FALSE(MYSTUFF_FixedFolder::isPreloadFolder(dataPath("music")));
     EXPECT_FALSE(MYSTUFF_FixedFolder::isPreloadFolder(QString()));
 
-    const auto write = [this](const QString& name, qint64 size) {
-        QFile file(dataPath(name));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.resize(size);
-        return dataPath(name);
-    };
-    const QString small = write("small.mp3", STUFF_Global::kMaxRingtoneBytes);
-    const QString large = write("large.mp3", STUFF_Global::kMaxRingtoneBytes + 1);
-    const QString clip = write("clip.3gp", 10);
-    const QString unknown = write("unknown.mp3", 10);
+    const QString small = writeDataFile("small.mp3", QByteArray(STUFF_Global::kMaxRingtoneBytes, 'x'));
+    const QString large = writeDataFile("large.mp3", QByteArray(STUFF_Global::kMaxRingtoneBytes + 1, 'x'));
+    const QString clip = writeDataFile("clip.3gp");
+    const QString unknown = writeDataFile("unknown.mp3");
     const QString gone = dataPath("gone.mp3");
     {
         auto database = MediaDatabase::open(MediaDatabase::defaultFile());
         ASSERT_TRUE(database);
         for (const QString& path : {small, large, gone})
             ASSERT_NE(database->addMedia(song(path)), 0u);
-        MediaRecord video = song(clip).record();
-        video.kind = MediaKind::Video;
-        ASSERT_NE(database->addMedia(video), 0u);
+        ASSERT_NE(database->addMedia(song(clip).video()), 0u);
     }
     EXPECT_EQ(isMediaFile(small.toUtf8().constData()), 1);
     EXPECT_EQ(isMediaFile(unknown.toUtf8().constData()), 0);

@@ -12,14 +12,6 @@ namespace {
 
 class HostBookmarkStoreTest : public TestEnvironment {
 protected:
-    void writeBookmarkFile(const QString& name, const QByteArray& bytes) const
-    {
-        ASSERT_TRUE(QDir().mkpath(dataPath("bookmarks")));
-        QFile file(dataPath("bookmarks/" + name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-    }
-
     static QStringList titles()
     {
         QStringList result;
@@ -33,8 +25,8 @@ TEST_F(HostBookmarkStoreTest, AStoredBookmarkIsReadBackAfterARestartAndNumbersGo
 {
     EXPECT_EQ(HostBookmarkStore::add("One", "http://a/1"), dataPath("bookmarks/bookmark-1.url"));
     // What a previous run left, with a gap in the numbers and a stray file.
-    writeBookmarkFile("bookmark-7.url", "TITLE=Seven\nURL=http://a/7\n");
-    writeBookmarkFile("notes.txt", "TITLE=Not one\nURL=http://a/x\n");
+    writeDataFile("bookmarks/bookmark-7.url", "TITLE=Seven\nURL=http://a/7\n");
+    writeDataFile("bookmarks/notes.txt", "TITLE=Not one\nURL=http://a/x\n");
 
     EXPECT_EQ(titles(), QStringList({"One http://a/1", "Seven http://a/7"}));
     EXPECT_EQ(HostBookmarkStore::add("Line\nbreak", "http://a/8"), dataPath("bookmarks/bookmark-8.url"));
@@ -43,8 +35,8 @@ TEST_F(HostBookmarkStoreTest, AStoredBookmarkIsReadBackAfterARestartAndNumbersGo
 
 TEST_F(HostBookmarkStoreTest, AboveTheHighestNumberTheLowestFreeOneIsTakenAndNoNameIsReused)
 {
-    writeBookmarkFile("bookmark-2147483647.url", "TITLE=Top\nURL=http://a/top\n");
-    writeBookmarkFile("bookmark-1.url", "TITLE=One\nURL=http://a/1\n");
+    writeDataFile("bookmarks/bookmark-2147483647.url", "TITLE=Top\nURL=http://a/top\n");
+    writeDataFile("bookmarks/bookmark-1.url", "TITLE=One\nURL=http://a/1\n");
     EXPECT_EQ(HostBookmarkStore::add("Two", "http://a/2"), dataPath("bookmarks/bookmark-2.url"));
     EXPECT_EQ(HostBookmarkStore::add("Three", "http://a/3"), dataPath("bookmarks/bookmark-3.url"));
     EXPECT_EQ(titles(), QStringList({"One http://a/1", "Two http://a/2", "Three http://a/3", "Top http://a/top"}));
@@ -72,7 +64,7 @@ TEST_F(HostBookmarkStoreTest, Parse_TakesTheLastTitleAndAddressAndIgnoresTheRest
 
     EXPECT_FALSE(HostBookmarkStore::parse("TITLE=only\nURL=\n"));
     EXPECT_FALSE(HostBookmarkStore::parse("URL=http://a\n" + QByteArray(int(HostBookmarkStore::kMaxFileBytes), ' ')));
-    writeBookmarkFile("bookmark-1.url", "URL=http://a\n" + QByteArray(int(HostBookmarkStore::kMaxFileBytes), ' '));
+    writeDataFile("bookmarks/bookmark-1.url", "URL=http://a\n" + QByteArray(int(HostBookmarkStore::kMaxFileBytes), ' '));
     EXPECT_FALSE(HostBookmarkStore::read(dataPath("bookmarks/bookmark-1.url"))) << "an oversized file is not read";
 }
 

@@ -17,14 +17,7 @@ protected:
         TestEnvironment::SetUp();
         ASSERT_TRUE(QDir().mkpath(dataPath("card")));
         // Three pieces, so that the copy reports progress in between.
-        write(dataPath("song.mp3"), QByteArray(150 * 1024, 'x'));
-    }
-
-    static void write(const QString& path, const QByteArray& bytes)
-    {
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
+        writeDataFile("song.mp3", QByteArray(150 * 1024, 'x'));
     }
 
     static QByteArray read(const QString& path)
@@ -48,7 +41,7 @@ TEST_F(HostNewFileTest, ATargetMadeDuringTheCopyIsKeptAndTheCopyReportsTheNameTa
     const HostNewFile::Result result =
         HostNewFile::copy(dataPath("song.mp3"), target, [&](qint64 done, qint64 total) {
             if (reported.isEmpty())
-                write(target, "another program's file");
+                writeDataFile("card/song.mp3", "another program's file");
             reported << done << total;
         });
 

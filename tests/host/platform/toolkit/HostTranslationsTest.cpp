@@ -20,13 +20,9 @@ TEST(HostTranslationsLocale, TakesTheLanguageBeforeTerritoryCodesetAndModifier)
     EXPECT_EQ(HostTranslations::languageOfLocale(QString()), QString());
 }
 
-TEST_F(HostTranslationsTest, GermanIsBuiltIn)
+TEST_F(HostTranslationsTest, GermanIsBuiltIn_TranslatedTextsByIdAndEnglishForTheRest)
 {
     EXPECT_EQ(HostTranslations::available(), QStringList{QStringLiteral("de")});
-}
-
-TEST_F(HostTranslationsTest, TranslatedTextsByIdAndEnglishForTheRest)
-{
     EXPECT_EQ(MP_tr("TXT_RID_SOFTKEY_BACK", "Back"), QStringLiteral("Back"));
     ASSERT_TRUE(HostTranslations::use(QStringLiteral("de")));
     EXPECT_EQ(MP_tr("TXT_RID_SOFTKEY_BACK", "Back"), QStringLiteral("Zur\u00fcck"));
