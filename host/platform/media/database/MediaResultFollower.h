@@ -16,6 +16,7 @@
 
 #include "host/platform/media/database/MediaChanges.h"
 
+class MediaRowOrder;
 class MediaSearchPlan;
 class SqliteStatement;
 struct MediaOrderedResult;
@@ -44,8 +45,10 @@ private:
     std::vector<size_t> changedPlaces(const std::vector<quint32>& ids) const;
     /** The changed objects that match @p plan now, in result order. */
     std::optional<std::vector<quint32>> enteringIds(const MediaSearchPlan& plan);
-    /** Where @p id goes among @p ids, at or after @p from; nothing on failure. */
-    std::optional<size_t> placeOf(quint32 id, const std::vector<quint32>& ids, size_t from, SqliteStatement& compare);
+    /** Where the row of @p order goes among @p ids, at or after @p from, reading the rows
+     *  it compares with through @p row (their order columns); nothing on failure. */
+    static std::optional<size_t> placeOf(const MediaRowOrder& order, const std::vector<quint32>& ids, size_t from,
+                                         SqliteStatement& row);
     /** The albums the changed objects were in or are in now; nothing on failure. */
     std::optional<std::vector<std::pair<QByteArray, QByteArray>>> touchedAlbums();
     static void insertAt(std::vector<quint32>& ids, const std::vector<quint32>& entering,

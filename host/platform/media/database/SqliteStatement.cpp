@@ -105,6 +105,35 @@ std::string_view SqliteStatement::utf8View(int column) const
     return bytes ? std::string_view(bytes, size_t(sqlite3_column_bytes(m_statement, column))) : std::string_view();
 }
 
+SqliteStatement::Value SqliteStatement::value(int column) const
+{
+    Value value;
+    switch (sqlite3_column_type(m_statement, column)) {
+    case SQLITE_INTEGER:
+        value.kind = Value::Kind::Integer;
+        value.integer = sqlite3_column_int64(m_statement, column);
+        break;
+    case SQLITE_FLOAT:
+        value.kind = Value::Kind::Real;
+        value.real = sqlite3_column_double(m_statement, column);
+        break;
+    case SQLITE_TEXT:
+        value.kind = Value::Kind::Text;
+        value.bytes = utf8View(column);
+        break;
+    case SQLITE_BLOB: {
+        value.kind = Value::Kind::Blob;
+        const auto* bytes = static_cast<const char*>(sqlite3_column_blob(m_statement, column));
+        if (bytes)
+            value.bytes = std::string_view(bytes, size_t(sqlite3_column_bytes(m_statement, column)));
+        break;
+    }
+    default:
+        break;
+    }
+    return value;
+}
+
 bool SqliteStatement::isNull(int column) const
 {
     return sqlite3_column_type(m_statement, column) == SQLITE_NULL;

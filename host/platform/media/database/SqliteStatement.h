@@ -47,6 +47,16 @@ public:
     std::string_view utf8View(int column) const;
     bool isNull(int column) const;
 
+    /** A column's value as SQLite holds it, for comparing as SQLite compares. */
+    struct Value {
+        enum class Kind { Null, Integer, Real, Text, Blob };
+        Kind kind = Kind::Null;
+        qint64 integer = 0;
+        double real = 0;
+        std::string_view bytes;   ///< text or blob, where SQLite holds it (see utf8View)
+    };
+    Value value(int column) const;
+
 private:
     sqlite3* m_db;
     QByteArray m_sql;   // for the warnings of a statement that did not prepare

@@ -127,7 +127,7 @@ protected:
     {
         const size_t at = m_random.bounded(quint32(m_ids.size()));
         std::optional<MediaRecord> record = writer.mediaById(m_ids[at]);
-        switch (m_random.bounded(6)) {
+        switch (m_random.bounded(7)) {
         case 0: m_ids.push_back(writer.addMedia(randomSong())); return;
         case 1: writer.removeMedia(m_ids[at]); m_ids.erase(m_ids.begin() + ptrdiff_t(at)); return;
         case 2: record->title = pick(m_random, kTitles); break;
@@ -137,6 +137,20 @@ protected:
             record->artist = other.artist, record->genre = other.genre, record->composer = other.composer;
             record->track = other.track, record->storage = other.storage, record->kind = other.kind;
             record->date = other.date, record->createdBy = other.createdBy;
+            break;
+        }
+        case 5: {
+            // Another program (the sqlite3 shell) stores what it is given: a value
+            // of another class than the column's orders by its class (numbers,
+            // text, blobs).
+            const char* const values[] = {"track = 'x'", "track = 1.5", "title_key = X'00FF'", "title_key = 7",
+                                          "date = X'20'", "album_key = 2.5"};
+            const QByteArray value = values[m_random.bounded(quint32(std::size(values)))];
+            if (&writer == m_other.get()) {
+                runAsOtherProgram("UPDATE media SET " + value + " WHERE id = " + QByteArray::number(m_ids[at]));
+                return;
+            }
+            record->title = pick(m_random, kTitles);
             break;
         }
         default: {
