@@ -10,39 +10,37 @@ MediaBackup::MediaBackup(const MediaSearchPlan& plan, std::vector<quint32> ids) 
 {
 }
 
-std::optional<std::vector<quint32>> MediaBackup::run(MediaDatabase& database, const MediaSearchPlan& plan)
+std::shared_ptr<const MediaOrderedResult> MediaBackup::run(MediaDatabase& database, const MediaSearchPlan& plan)
 {
-    const std::shared_ptr<const MediaOrderedResult> ordered = database.orderedResult(plan);
-    if (!ordered)
-        return std::nullopt;
-    return ordered->ids;
+    return database.orderedResult(plan);
 }
 
 std::optional<MediaBackup> MediaBackup::take(MediaDatabase& database, const MediaSearchPlan& plan)
 {
     if (plan.isGrouped())
         return std::nullopt;
-    std::optional<std::vector<quint32>> ids = run(database, plan);
-    if (!ids)
+    const std::shared_ptr<const MediaOrderedResult> ordered = run(database, plan);
+    if (!ordered)
         return std::nullopt;
-    return MediaBackup(plan, std::move(*ids));
+    return MediaBackup(plan, ordered->ids);
 }
 
 bool MediaBackup::refresh(MediaDatabase& database)
 {
-    std::optional<std::vector<quint32>> ids = run(database, m_plan);
-    if (!ids)
+    const std::shared_ptr<const MediaOrderedResult> ordered = run(database, m_plan);
+    if (!ordered)
         return false;
-    m_ids = std::move(*ids);
+    m_ids = ordered->ids;
     return true;
 }
 
 std::optional<MediaBackupCheck> MediaBackup::check(MediaDatabase& database, int position) const
 {
-    const std::optional<std::vector<quint32>> current = run(database, m_plan);
+    // Read where the result is kept: the check copies nothing.
+    const std::shared_ptr<const MediaOrderedResult> current = run(database, m_plan);
     if (!current)
         return std::nullopt;
-    return locate(m_ids, position, *current);
+    return locate(m_ids, position, current->ids);
 }
 
 MediaBackupCheck MediaBackup::locate(const std::vector<quint32>& backup, int position,

@@ -4,9 +4,11 @@
 // request) and the object ids it found, in order. After the database changed,
 // it tells where an entry of the backup has gone.
 
+#include <memory>
 #include <optional>
 #include <vector>
 
+#include "host/platform/media/database/MediaResultCache.h"
 #include "host/platform/media/database/MediaSearchPlan.h"
 
 class MediaDatabase;
@@ -47,7 +49,8 @@ private:
     /** locate() for an entry that is gone: where the first later one still there is. */
     static MediaBackupCheck locateLater(const std::vector<quint32>& backup, int position,
                                         const std::vector<quint32>& current);
-    static std::optional<std::vector<quint32>> run(MediaDatabase& database, const MediaSearchPlan& plan);
+    /** The search's ordered result now, shared with the database's kept results. */
+    static std::shared_ptr<const MediaOrderedResult> run(MediaDatabase& database, const MediaSearchPlan& plan);
 
     MediaSearchPlan m_plan;
     std::vector<quint32> m_ids;
