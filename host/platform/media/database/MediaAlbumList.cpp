@@ -13,7 +13,7 @@ MediaAlbumList::Album MediaAlbumList::at(size_t index) const
 
 bool MediaAlbumList::append(std::string_view key, std::string_view name)
 {
-    if (m_texts.size() + key.size() + name.size() > std::numeric_limits<uint32_t>::max())
+    if (uint64_t(m_texts.size()) + key.size() + name.size() > std::numeric_limits<uint32_t>::max())
         return false;
     m_starts.push_back(uint32_t(m_texts.size()));
     m_texts.insert(m_texts.end(), key.begin(), key.end());

@@ -85,11 +85,15 @@ bool writeShapeOfFilter(const MetadataSearchFilter& filter, std::string& key)
     return false;
 }
 
+// More entries than any list sends: such a request is read, not kept (a
+// count that is not one must not make the shape take gigabytes).
+constexpr uint32_t kMostShapedEntries = 64;
+
 template <typename Entry>
 bool writeShapeOfArray(uint32_t count, const Entry* entries, std::string& key)
 {
     appendBytes(key, count);
-    if (count > 0 && !entries)
+    if ((count > 0 && !entries) || count > kMostShapedEntries)
         return false;
     key.append(reinterpret_cast<const char*>(entries), count * sizeof(Entry));
     return true;
@@ -164,7 +168,7 @@ bool MediaSearchPlan::writeShapeOfRequest(const MetadataSearchMediaRequest& requ
     if (request.listTypeCount != 1 || !writeShapeOfArray(request.listTypeCount, request.listTypes, key))
         return false;
     appendBytes(key, request.filterCount);
-    if (request.filterCount > 0 && !request.filters)
+    if ((request.filterCount > 0 && !request.filters) || request.filterCount > kMostShapedEntries)
         return false;
     for (uint32_t i = 0; i < request.filterCount; ++i) {
         if (!writeShapeOfFilter(request.filters[i], key))

@@ -73,6 +73,10 @@ TEST(MediaSearchPlanCacheTest, EveryRequestGetsThePlanOfItsOwnWordsWhateverWasRe
         {"by album", [](Words& w) { w.sort[0].key = METADATA_SORT_ALBUM; }},
         {"ids only", [](Words& w) { w.request.candidateCount = 1; }},
         {"album names", [](Words& w) { w.albumNames(); }},
+        {"more sort entries than are kept", [](Words& w) {
+             static const std::vector<MetadataSortEntry> many(65, {METADATA_SORT_TRACK, METADATA_SORT_ASCENDING});
+             w.request.sort = many.data(), w.request.sortCount = uint32_t(many.size());
+         }},
         {"refused: unknown list type", [](Words& w) { w.listType = MetadataListType(99); }},
         {"refused: text without its NUL", [](Words& w) { w.filters[0].valueLength = 5; }},
         {"refused: negative window", [](Words& w) { w.request.firstIndex = -1; }},
