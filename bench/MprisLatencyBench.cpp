@@ -21,6 +21,8 @@
 #include <vector>
 
 #include "bench/BusProbe.h"
+#include "host/contracts/IdleScreenChannel.h"
+#include "host/contracts/MediaBrowserChannel.h"
 #include "platform/StreamEncoding.h"
 #include "tests/support/PrivateBus.h"
 
@@ -65,7 +67,7 @@ void BM_StateChangeReported(benchmark::State& state)
     for (auto _ : state) {
         const bool playing = messages % 2 == 0;
         const auto sent = BusProbe::Clock::now();
-        probe.send("/MP/Idle/Channel", "/MP/Idle/Info/State", intPayload(playing ? 1 : 0));
+        probe.send(IdleScreenChannel::kChannel, IdleScreenChannel::kState, intPayload(playing ? 1 : 0));
         ++messages;
         if (!probe.waitForPropertiesChanged(kTimeoutMs)) {
             state.SkipWithError("no PropertiesChanged for a state change");
@@ -100,7 +102,7 @@ BENCHMARK(BM_StateChangeReported)->UseManualTime()->Iterations(2000)->Repetition
 void BM_IdleBridgeSendsNothing(benchmark::State& state)
 {
     BusProbe& probe = *g_probe;
-    probe.send("/MP/Idle/Channel", "/MP/Idle/Info/State", intPayload(1));
+    probe.send(IdleScreenChannel::kChannel, IdleScreenChannel::kState, intPayload(1));
     if (!probe.settle(kTimeoutMs)) {
         state.SkipWithError("the bridge does not answer");
         return;
@@ -148,7 +150,7 @@ int main(int argc, char** argv)
     g_sentAtStart = probe->channelMessagesHeard();
 
     // The media browser's greeting: the bridge now shows a player.
-    probe->send("/vemo/apps/mediaplayer", "MediaplayerStarted()");
+    probe->send(MediaBrowserChannel::kNewsChannel, MediaBrowserChannel::kStarted);
     if (!probe->waitForPropertiesChanged(kTimeoutMs))
         return fail("mp-mpris did not see the player", bridge);
     g_probe = probe.get();

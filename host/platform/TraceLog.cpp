@@ -19,7 +19,11 @@ void LOG_VTrace(const char* module, int level, const char* format, va_list args)
     if (level > MP_TRACE_MAX_LEVEL)
         return;
     FILE* out = g_logStream ? g_logStream : stdout;
+    // One line of one thread at a time: the stream's lock is held across the
+    // module's tag and the text, so another thread's line cannot come between.
+    flockfile(out);
     std::fprintf(out, "[%s] ", module);
     std::vfprintf(out, format, args);
     std::fflush(out);
+    funlockfile(out);
 }
