@@ -10,7 +10,7 @@
 // manual instants of HostTimerClock while a test or a script moves time by
 // hand. Switching the clock while the timer runs starts its interval afresh
 // in the new time: the two times have no common instant to carry over.
-class UTIL_RepeatTimerPrivate : public HostTimerClock::Timer {
+class UTIL_RepeatTimerPrivate final : public HostTimerClock::Timer {
 public:
     explicit UTIL_RepeatTimerPrivate(UTIL_RepeatTimer& timer) : q(timer)
     {
