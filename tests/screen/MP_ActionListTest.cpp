@@ -72,7 +72,8 @@ TEST(MP_ActionBase, FlagsAndAssignment)
     EXPECT_TRUE(target.getChecked());
 
     target.setChecked(false);
-    base = base;
+    const MP_ActionBase& same = base;   // the object assigned to itself, as through a reference
+    base = same;
     EXPECT_EQ(target.getIndex(), 1016);
     EXPECT_FALSE(target.getChecked()) << "self-assignment changes nothing";
 }
