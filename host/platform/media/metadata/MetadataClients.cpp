@@ -86,3 +86,9 @@ MediaDatabase* MetadataClients::ownDatabase()
         m_ownDatabase = MediaDatabase::open(file);
     return m_ownDatabase.get();
 }
+
+void MetadataClients::noteUnreadRecordWritten()
+{
+    for (const auto& [handle, connection] : m_connections)
+        connection->noteUnreadRecordWritten();
+}

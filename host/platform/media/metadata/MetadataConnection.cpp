@@ -65,6 +65,16 @@ void MetadataConnection::catchUp()
         restartSnapshot();
 }
 
+void MetadataConnection::noteUnreadRecordWritten()
+{
+    // Without a held snapshot nothing keeps the log; a connection that only
+    // reads has no writer until its first look at the change log, which a
+    // list skipping file after file in one go never lets come.
+    if (!m_database || !m_database->holdsSnapshot() || !writerOn(m_database->fileName()))
+        return;
+    moveSnapshotPastUnreadChanges();
+}
+
 QList<quint32> MetadataConnection::noteIndicationDelivered(const MediaChanges& changes)
 {
     if (concernsClient(changes)) {
