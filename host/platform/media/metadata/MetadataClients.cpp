@@ -89,6 +89,7 @@ MediaDatabase* MetadataClients::ownDatabase()
 
 void MetadataClients::noteUnreadRecordWritten()
 {
+    const QString& file = databaseFile();
     for (const auto& [handle, connection] : m_connections)
-        connection->noteUnreadRecordWritten();
+        connection->noteUnreadRecordWritten(file);
 }

@@ -92,9 +92,9 @@ public:
      *  touches nothing the client reads (see above). */
     void noteOwnWrite() { moveSnapshotPastUnreadChanges(); }
     /** The metadata library wrote a record that no client reads (the last played song or
-     *  list): the snapshot moves past it as past an own write. The writer is opened on the
-     *  reader's file when the client has not written or looked for changes yet. */
-    void noteUnreadRecordWritten();
+     *  list) into @p file: a snapshot on that file moves past it as past an own write. The
+     *  writer is opened when the client has not written or looked for changes yet. */
+    void noteUnreadRecordWritten(const QString& file);
     /** @p plan is read through this connection: changes to its group, or to the media
      *  objects its result depends on, concern the client until the next backup (a new
      *  list) is taken. */
