@@ -320,6 +320,8 @@ int saveLastPlayedList(LastPlayedListRecord* record)
     MediaDatabase* database = MetadataClients::instance().ownDatabase();
     const bool isWritten = database && LastPlayedStore(*database).save(*record);
     MetadataJournal::saveLastPlayedList(*record, isWritten);
+    if (isWritten)
+        MetadataClients::instance().noteUnreadRecordWritten();
     // Not retried: the next launch saves its own list, and a later retry
     // would overwrite it with this older one.
     if (!isWritten)
@@ -346,6 +348,11 @@ int saveLastPlayedSong(const char* path, int index)
     MediaDatabase* database = MetadataClients::instance().ownDatabase();
     const bool isWritten = database && database->setLastPlayedSong(song);
     MetadataJournal::saveLastPlayedSong(song.path, song.position, isWritten);
+    // Written for every song the list moves to, a thousand a second while it
+    // skips missing files: each write stays in the log for as long as a
+    // list's snapshot is older than it.
+    if (isWritten)
+        MetadataClients::instance().noteUnreadRecordWritten();
     // Not retried, as the last-played list: the next song saves itself.
     if (!isWritten)
         qCWarning(lcMetadata) << "saveLastPlayedSong: the database did not take the last played song; it is not saved";

@@ -86,3 +86,10 @@ MediaDatabase* MetadataClients::ownDatabase()
         m_ownDatabase = MediaDatabase::open(file);
     return m_ownDatabase.get();
 }
+
+void MetadataClients::noteUnreadRecordWritten()
+{
+    const QString& file = databaseFile();
+    for (const auto& [handle, connection] : m_connections)
+        connection->noteUnreadRecordWritten(file);
+}

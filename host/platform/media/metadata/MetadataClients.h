@@ -37,6 +37,10 @@ public:
      *  for the functions that take no handle (the last-played list); null when it cannot
      *  be opened. */
     MediaDatabase* ownDatabase();
+    /** A record that no client reads was written through ownDatabase(): every connection's
+     *  snapshot moves past it when nothing else it must handle was committed meanwhile
+     *  (MetadataConnection.h). */
+    void noteUnreadRecordWritten();
     /** The plans of the last search requests of every connection. */
     MediaSearchPlanCache& searchPlans() { return m_searchPlans; }
 

@@ -65,6 +65,17 @@ void MetadataConnection::catchUp()
         restartSnapshot();
 }
 
+void MetadataConnection::noteUnreadRecordWritten(const QString& file)
+{
+    // Without a held snapshot on that file nothing keeps its log; a
+    // connection that only reads has no writer until its first look at the
+    // change log, which a list skipping file after file in one go never lets
+    // come.
+    if (!m_database || m_database->fileName() != file || !m_database->holdsSnapshot() || !writerOn(file))
+        return;
+    moveSnapshotPastUnreadChanges();
+}
+
 QList<quint32> MetadataConnection::noteIndicationDelivered(const MediaChanges& changes)
 {
     if (concernsClient(changes)) {

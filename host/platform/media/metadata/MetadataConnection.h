@@ -25,14 +25,18 @@
 //    a client that has searched only groups since its backup (a play list,
 //    the play history), none in a way that changes what those searches
 //    return (another program adding songs under a playing play list). The
-//    snapshot moves past them at once, when the client's own write made them
-//    or when they are delivered, provided nothing else was committed
-//    meanwhile and no change waits to be handled; no other writer can commit
-//    while that is decided. So a client that plays for hours, writing its
-//    history at every song while a scanner adds songs, never keeps the
-//    write-ahead log from starting over. A look-up of files by their paths
-//    (how the history finds the song it adds) knows no positions and counts
-//    as no search here: it reads the snapshot, as every call does.
+//    snapshot moves past them at once, when the client's own write made them,
+//    when they are delivered, or when the metadata library wrote its own
+//    last-played records (which no search reads and no indication announces,
+//    so that nothing else would move the snapshot past them), provided nothing
+//    else was committed meanwhile and no change waits to be handled; no other
+//    writer can commit while that is decided. So a client that plays for
+//    hours, writing its history at every song while a scanner adds songs, never
+//    keeps the write-ahead log from starting over; nor does a list that skips
+//    thousands of missing files, each of which writes the last played song.
+//    A look-up of files by their paths (how the history finds the song it
+//    adds) knows no positions and counts as no search here: it reads the
+//    snapshot, as every call does.
 //  - Without a subscription nothing is held: every call reads the newest state.
 // Writes (group changes, the history) go through a second connection that
 // never holds a snapshot; the change log announces them like any other
@@ -87,6 +91,10 @@ public:
     /** The client wrote through writerOn(): the snapshot moves past the write when that
      *  touches nothing the client reads (see above). */
     void noteOwnWrite() { moveSnapshotPastUnreadChanges(); }
+    /** The metadata library wrote a record that no client reads (the last played song or
+     *  list) into @p file: a snapshot on that file moves past it as past an own write. The
+     *  writer is opened when the client has not written or looked for changes yet. */
+    void noteUnreadRecordWritten(const QString& file);
     /** @p plan is read through this connection: changes to its group, or to the media
      *  objects its result depends on, concern the client until the next backup (a new
      *  list) is taken. */

@@ -1,8 +1,8 @@
 // A client that plays for hours keeps its snapshot (MetadataConnection.h)
 // and still lets the write-ahead log start over: the log stays small however
 // many songs go into the play history, whether the library or a play list
-// plays, and a change another program made still waits until the list has
-// handled it.
+// plays, or however many missing files the list skips, and a change another
+// program made still waits until the list has handled it.
 
 #include <gtest/gtest.h>
 
@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "clients/MP_ListListener.h"
 #include "clients/MP_MediafinderClient.h"
 #include "host/engine/HostEngine.h"
 #include "host/engine/HostEngineClock.h"
@@ -58,6 +59,19 @@ protected:
     std::unique_ptr<MediaDatabase> m_other;   // another program's connection
 };
 
+// The log's size at every step the engine reports: a run of skips is one
+// call, at whose end the log may already have started over.
+class LogAtEveryStep final : public MP_ListListener {
+public:
+    void updateListInfo(MP_ListInterface*) override
+    {
+        largest = std::max(largest, QFileInfo(MediaDatabase::defaultFile() + QStringLiteral("-wal")).size());
+        ++steps;
+    }
+    qint64 largest = 0;
+    int steps = 0;
+};
+
 } // namespace
 
 TEST_F(MetadataWriteAheadLogTest, TwoThousandSongsPlayed_TheLogStaysSmall)
@@ -88,6 +102,41 @@ TEST_F(MetadataWriteAheadLogTest, TwoThousandSongsPlayed_TheLogStaysSmall)
     ASSERT_EQ(list.getCurrentIndex(), 2);
     EXPECT_EQ(m_other->groupMembers(2).value(0), ids.at(2));
     EXPECT_LE(largest, 1200 * 1024) << "a log of one megabyte, and what one song writes beyond it";
+}
+
+// A library whose files are all gone: the engine skips each song in one
+// run, and the media browser's client writes every song it moves to as the
+// last played song, a write no indication announces and no list handles.
+TEST_F(MetadataWriteAheadLogTest, TwoThousandMissingSongsSkipped_TheLogStaysSmall)
+{
+    {
+        const std::unique_ptr<SqliteTransaction> batch = m_other->beginTransaction();
+        for (int number = 0; number < 2000; ++number) {
+            const QString name = QStringLiteral("%1").arg(number, 4, 10, QLatin1Char('0'));
+            ASSERT_NE(m_other->addMedia(song(QStringLiteral("/gone/%1.mp3").arg(name)).title(name)), 0u);
+        }
+        ASSERT_TRUE(batch->commit());
+    }
+    MP_AufList list;
+    const HostEnginePtr engine = makeHostEngine();
+    MP_MediafinderClient client(engine.get());
+    client.setAufList(&list);
+    engine->setPlayList(&list);
+    LogAtEveryStep watch;
+    engine->addListListener(&watch);
+    HostJournal::stopCapture();
+    engine->autoPlay(false);
+    HostJournal::startCapture();
+    engine->removeListListener(&watch);
+
+    // Each song failed once; the list stopped on the last, the last song written.
+    EXPECT_EQ(engine->control().getState(), MP_STATE_FINISHED);
+    EXPECT_EQ(watch.steps, 1999);
+    const std::optional<MediaLastPlayedSong> last = m_other->lastPlayedSong();
+    ASSERT_TRUE(last);
+    EXPECT_EQ(last->path, QStringLiteral("/gone/1999.mp3"));
+    EXPECT_EQ(last->position, 1999);
+    EXPECT_LE(watch.largest, 1200 * 1024) << "a log of one megabyte, and what one skip writes beyond it";
 }
 
 TEST_F(MetadataWriteAheadLogTest, AnotherProgramsChangeStillWaitsForTheListThroughTheHistoryWrites)
