@@ -30,7 +30,7 @@ void HeadlessWatch::check()
 {
     if (m_ended)
         return;
-    MP_CommonPlayer* engine = HostEngine::liveEngine();
+    HostEngine* engine = HostEngine::liveEngine();
     if (!engine) {
         // Before the start-up work ran, the engine may still come.
         if (m_session.startupHandled())
@@ -47,6 +47,8 @@ void HeadlessWatch::check()
             end(ExitPlayed, QString());
         return;
     case MP_STATE_ERROR: {
+        if (engine->isSteppingPastFailures())
+            return;   // a run of files that are gone, gone through a part at a time
         QString detail;
         QString message;
         control->getErrorInfo(detail, message);

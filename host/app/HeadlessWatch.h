@@ -8,7 +8,9 @@
 //                                     player showed, else the launch action)
 //   the engine finished its list      played to the end; an empty list is
 //                                     nothing to play
-//   the engine failed on its file     cannot play it (the engine's message)
+//   the engine failed on its file     cannot play it (the engine's message),
+//                                     unless it is still stepping past a run
+//                                     of files that are gone
 //   stopped with media, not playing   prepared but never started (a headset's
 //                                     resume request): nothing to play
 // Playing, paused, connecting or buffering: the run goes on.

@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 #include <QLoggingCategory>
+#include <QTimer>
 
 #include <algorithm>
 #include <climits>
@@ -532,11 +533,12 @@ void HostEngine::forgetMedia()
 // Loads the list's current item; playing (keepPlaying), steps past items
 // that cannot be played, each at most once, so that a list of missing files
 // ends in state 8 instead of going round for ever.
-void HostEngine::settleOnListCurrent(bool keepPlaying)
+void HostEngine::settleOnListCurrent(bool keepPlaying, unsigned int failuresBefore)
 {
     MP_ListInterface* const list = m_list;
+    ++m_settleRun;
     const unsigned int itemCount = list->count();
-    for (unsigned int failures = 0;;) {
+    for (unsigned int failures = failuresBefore;;) {
         const QString path = itemCount == 0 ? QString() : list->getCurrent();
         if (path.isEmpty()) {
             forgetMedia();
@@ -558,7 +560,24 @@ void HostEngine::settleOnListCurrent(bool keepPlaying)
         announceListInfo();
         if (m_list != list)
             return;
+        if ((failures - failuresBefore) % kFailuresInOneGo == 0) {
+            settleLater(list, failures);
+            return;
+        }
     }
+}
+
+void HostEngine::settleLater(MP_ListInterface* list, unsigned int failures)
+{
+    const quint64 run = m_settleRun;
+    m_pendingSettleRun = run;
+    QTimer::singleShot(0, this, [this, list, failures, run] {
+        m_pendingSettleRun = ~quint64(0);
+        // Anything done to the engine meanwhile (a key, another list, a stop)
+        // ends the run: it settled anew, or left the error state.
+        if (m_settleRun == run && m_list == list && m_state == MP_STATE_ERROR)
+            settleOnListCurrent(true, failures);
+    });
 }
 
 void HostEngine::stepList(int steps, bool keepPlaying)

@@ -86,6 +86,10 @@ public:
 
     /** The most recently created engine still alive; null when there is none. */
     static HostEngine* liveEngine();
+    /** Whether the engine is stepping past items of its list that cannot be loaded
+     *  and goes on at a later turn of the event loop: its error state is not its
+     *  last word yet. */
+    bool isSteppingPastFailures() const { return m_pendingSettleRun == m_settleRun; }
     /** Prints what is played, each state change and the time to standard error (off by default). */
     static void setConsoleOutput(bool enabled);
     static bool consoleOutput();
@@ -166,7 +170,10 @@ private:
     // Loading and stepping.
     bool loadMedia(const QString& path);
     void forgetMedia();
-    void settleOnListCurrent(bool keepPlaying);
+    /** Loads the list's current item, stepping past those that cannot be loaded;
+     *  @p failuresBefore of them were stepped past already in this run. */
+    void settleOnListCurrent(bool keepPlaying, unsigned int failuresBefore = 0);
+    void settleLater(MP_ListInterface* list, unsigned int failures);
     void stepList(int steps, bool keepPlaying);
     void finishItem();
     void moveOnAfterFailure();
@@ -214,4 +221,12 @@ private:
     // Items in a row the decoder refused while a list played; a list of them
     // all ends in state 8 instead of going round for ever.
     unsigned int m_failuresInRow = 0;
+    // Items that cannot be loaded (files that are gone) stepped past in one
+    // go; the rest of a run of them waits for a later turn of the event loop,
+    // so that keys, other programs and a termination are heard meanwhile.
+    static constexpr unsigned int kFailuresInOneGo = 64;
+    // Counts the runs of settleOnListCurrent: a run put off to a later turn
+    // goes on only if no other began meanwhile.
+    quint64 m_settleRun = 0;
+    quint64 m_pendingSettleRun = ~quint64(0);   // the run put off, if any
 };

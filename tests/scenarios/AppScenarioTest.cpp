@@ -12,7 +12,9 @@
 
 #include <gtest/gtest.h>
 
+#include "host/platform/media/database/MediaDatabase.h"
 #include "tests/scenarios/ScenarioRun.h"
+#include "tests/support/SongBuilder.h"
 
 namespace {
 
@@ -43,6 +45,24 @@ TEST(AppScenarioTest, WithoutADisplay_EndsWhenNothingWillPlayAndSaysWhy)
     const QString missing = QDir(ScenarioRun::sampleLibrary()).filePath("Music/none.wav");
     EXPECT_EQ(scenario.runWithoutScript({missing}), 3);
     EXPECT_EQ(scenario.errorOutput(), "mediaplayer: cannot play \"" + missing + "\": none cannot be played.\n");
+}
+
+// The engine steps past files that are gone a part of the run at a time: its
+// error state between two parts is not the end of the run.
+TEST(AppScenarioTest, WithoutADisplay_ALibraryWhoseFilesAreGoneIsSteppedThroughToTheEnd)
+{
+    ScenarioRun scenario;
+    {
+        QDir().mkpath(scenario.dataDir() + "/data");
+        const auto database = MediaDatabase::open(scenario.dataDir() + "/data/metadata.db");
+        ASSERT_TRUE(database);
+        for (int i = 0; i < 300; ++i)
+            ASSERT_NE(database->addMedia(song(QStringLiteral("/gone/%1.mp3").arg(i, 3, 10, QLatin1Char('0')))), 0u);
+    }
+    EXPECT_EQ(scenario.runWithoutScript({"--output", "clock"}), 0) << qPrintable(scenario.errorOutput());
+    const QList<int> reported = states(scenario);
+    EXPECT_EQ(reported.count(7), 301) << "each one failed, the first twice: as the window's file, then in the list";
+    EXPECT_EQ(reported.last(), 8);
 }
 
 TEST(AppScenarioTest, Language_TheLibrarysTextsComeInTheChosenOne)

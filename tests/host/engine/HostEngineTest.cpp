@@ -1,3 +1,4 @@
+#include <QCoreApplication>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -223,6 +224,33 @@ TEST_F(HostEngineTest, RepeatedListOfMissingFiles_TriesEachOnceThenFinishes)
     engine->autoPlay(false);
     EXPECT_EQ(takeLog(), Events({"updateState(7)", "updateListInfo(1)", "updateState(7)", "updateListInfo(2)",
                                  "updateState(7)", "updateState(8)"}));
+}
+
+// A long run of files that are gone is stepped past 64 at a time, one go per
+// turn of the event loop, and anything done to the engine in between ends it.
+TEST_F(HostEngineTest, LongRunOfMissingFiles_SteppedPastAGoAtATime_AStopEndsIt)
+{
+    QStringList paths;
+    for (int i = 0; i < 200; ++i)
+        paths << dataPath(QStringLiteral("gone%1.mp3").arg(i));
+    PathList list(paths);
+    engine->setPlayList(&list);
+    engine->autoPlay(false);
+    EXPECT_EQ(list.current, 64) << "the first go";
+    EXPECT_EQ(engine->control().getState(), MP_STATE_ERROR);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(list.current, 128) << "the next turn of the event loop";
+    engine->control().stop();
+    takeLog();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(list.current, 128) << "the run ended with the stop";
+    EXPECT_EQ(takeLog(), Events{});
+
+    engine->autoPlay(false);   // from the stopped item on, to the end
+    for (int turn = 0; turn < 4 && engine->control().getState() != MP_STATE_FINISHED; ++turn)
+        QCoreApplication::processEvents();
+    EXPECT_EQ(list.current, 199);
+    EXPECT_EQ(engine->control().getState(), MP_STATE_FINISHED);
 }
 
 TEST_F(HostEngineTest, Control_NextPreviousSeekStopAndPause)
