@@ -572,7 +572,10 @@ void HostEngine::settleLater(MP_ListInterface* list, unsigned int failures)
     const quint64 run = m_settleRun;
     m_pendingSettleRun = run;
     QTimer::singleShot(0, this, [this, list, failures, run] {
-        m_pendingSettleRun = ~quint64(0);
+        // A run begun meanwhile may have put off a part of its own: that one
+        // is still to come.
+        if (m_pendingSettleRun == run)
+            m_pendingSettleRun = ~quint64(0);
         // Anything done to the engine meanwhile (a key, another list, a stop)
         // ends the run: it settled anew, or left the error state.
         if (m_settleRun == run && m_list == list && m_state == MP_STATE_ERROR)
