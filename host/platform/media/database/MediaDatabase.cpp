@@ -151,6 +151,14 @@ std::unique_ptr<SqliteTransaction> MediaDatabase::beginTransaction()
     return std::make_unique<SqliteTransaction>(m_db);
 }
 
+std::unique_ptr<SqliteTransaction> MediaDatabase::beginTransactionWithoutWaiting()
+{
+    sqlite3_busy_timeout(m_db, 0);
+    std::unique_ptr<SqliteTransaction> transaction = beginTransaction();
+    sqlite3_busy_timeout(m_db, kBusyTimeoutMs);
+    return transaction;
+}
+
 bool MediaDatabase::isInTransaction() const
 {
     return sqlite3_get_autocommit(m_db) == 0;

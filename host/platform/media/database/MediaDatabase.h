@@ -49,6 +49,9 @@ public:
     QString fileName() const { return m_fileName; }
     /** A transaction over this connection; changes roll back unless it is committed. */
     std::unique_ptr<SqliteTransaction> beginTransaction();
+    /** A write transaction if the write lock is free at once; inactive, without waiting,
+     *  while another connection writes. For work that can as well be done later. */
+    std::unique_ptr<SqliteTransaction> beginTransactionWithoutWaiting();
     /** Whether this connection holds a transaction (its changes are not committed yet). */
     bool isInTransaction() const;
 

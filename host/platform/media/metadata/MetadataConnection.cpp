@@ -73,7 +73,7 @@ void MetadataConnection::noteUnreadRecordWritten(const QString& file)
     // come.
     if (!m_database || m_database->fileName() != file || !m_database->holdsSnapshot() || !writerOn(file))
         return;
-    moveSnapshotPastUnreadChanges();
+    moveSnapshotPastUnreadChanges(LockWait::DoNotWait);
 }
 
 QList<quint32> MetadataConnection::noteIndicationDelivered(const MediaChanges& changes)
@@ -147,7 +147,7 @@ std::optional<bool> MetadataConnection::isGroupReadAlike()
     return true;
 }
 
-MetadataConnection::SnapshotMove MetadataConnection::moveSnapshotPastUnreadChanges()
+MetadataConnection::SnapshotMove MetadataConnection::moveSnapshotPastUnreadChanges(LockWait wait)
 {
     if (m_isChangeUnhandled || !m_database || !m_database->holdsSnapshot() || !m_writer
         || m_writer->fileName() != m_database->fileName() || m_writer->isInTransaction())
@@ -157,7 +157,8 @@ MetadataConnection::SnapshotMove MetadataConnection::moveSnapshotPastUnreadChang
     // a change made after the look below and before the new snapshot could
     // be one the client must handle before it reads with new positions.
     // Nothing is written under it: it rolls back as it goes.
-    const std::unique_ptr<SqliteTransaction> writeLock = m_writer->beginTransaction();
+    const std::unique_ptr<SqliteTransaction> writeLock =
+        wait == LockWait::Wait ? m_writer->beginTransaction() : m_writer->beginTransactionWithoutWaiting();
     if (!taken || !writeLock->isActive())
         return SnapshotMove::Held;
     const std::optional<MediaChanges> changes = m_writer->changesSince(*taken);

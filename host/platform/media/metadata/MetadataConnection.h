@@ -92,8 +92,10 @@ public:
      *  touches nothing the client reads (see above). */
     void noteOwnWrite() { moveSnapshotPastUnreadChanges(); }
     /** The metadata library wrote a record that no client reads (the last played song or
-     *  list) into @p file: a snapshot on that file moves past it as past an own write. The
-     *  writer is opened when the client has not written or looked for changes yet. */
+     *  list) into @p file: a snapshot on that file moves past it as past an own write, when
+     *  no other program holds the write lock (the move is left for a later write then,
+     *  rather than waiting at every song). The writer is opened when the client has not
+     *  written or looked for changes yet. */
     void noteUnreadRecordWritten(const QString& file);
     /** @p plan is read through this connection: changes to its group, or to the media
      *  objects its result depends on, concern the client until the next backup (a new
@@ -139,7 +141,9 @@ private:
     };
     /** Moves the snapshot to the newest state when everything committed since it was
      *  taken leaves what the client reads as it was. */
-    SnapshotMove moveSnapshotPastUnreadChanges();
+    /** Whether a move waits for another program's write lock (up to the busy limit). */
+    enum class LockWait { Wait, DoNotWait };
+    SnapshotMove moveSnapshotPastUnreadChanges(LockWait wait = LockWait::Wait);
 
     unsigned int m_handle;
     std::unique_ptr<MediaDatabase> m_database;   // reads, in the snapshot

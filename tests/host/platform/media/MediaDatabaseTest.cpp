@@ -369,6 +369,16 @@ TEST_F(MediaDatabaseTest, TransactionsRollBackUnlessCommitted)
     EXPECT_FALSE(m_database->mediaByPath("/m/dropped.mp3"));
     EXPECT_TRUE(m_database->mediaById(1));
     EXPECT_EQ(m_database->mediaCount(), 9);
+
+    // One that does not wait is refused while another connection writes.
+    const std::unique_ptr<MediaDatabase> other = MediaDatabase::open(m_database->fileName());
+    ASSERT_TRUE(other);
+    {
+        const std::unique_ptr<SqliteTransaction> otherWrites = other->beginTransaction();
+        ASSERT_TRUE(otherWrites->isActive());
+        EXPECT_FALSE(m_database->beginTransactionWithoutWaiting()->isActive());
+    }
+    EXPECT_TRUE(m_database->beginTransactionWithoutWaiting()->isActive());
 }
 
 TEST_F(MediaDatabaseTest, RemovingAnObjectRemovesItsMemberships)
