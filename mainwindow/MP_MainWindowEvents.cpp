@@ -222,10 +222,10 @@ void MP_MainWindow::handleCardEvent(const QByteArray& data)
 {
     qint32 card = 0;
     qint32 flag = 0;
-    if (!readTwoInts(data, &card, &flag)) {
-        EventsTrace(3, "slotSystemMessage: card event without its two ints (%d bytes), ignored\n", int(data.size()));
-        return;
-    }
+    // The two ints only go into the trace: a payload that does not hold them
+    // is still a card event, and the list may still name files that are gone.
+    if (!readTwoInts(data, &card, &flag))
+        EventsTrace(3, "slotSystemMessage: card event without its two ints (%d bytes)\n", int(data.size()));
     // Inserted or removed alike: the list may name files that are gone or
     // miss files that came, and the player does not rebuild it.
     EventsTrace(3, "slotSystemMessage: card event %d, flag %d: quit\n", card, flag);

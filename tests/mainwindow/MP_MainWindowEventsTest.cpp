@@ -204,20 +204,20 @@ TEST_F(MP_MainWindowEventsTest, ToggleKey_StartsTheRecorder_OrAfterACapturedVide
     EXPECT_EQ(quitSpy->count(), 1);
 }
 
-TEST_F(MP_MainWindowEventsTest, CardEvent_QuitsWhateverTheFlag_ShortOrOtherMessagesAreIgnored)
+TEST_F(MP_MainWindowEventsTest, CardEvent_QuitsWhateverTheFlagOrPayload_OtherMessagesAreIgnored)
 {
     startPlaying(dataPath("song.mp3"));
-    window->slotSystemMessage("cardHotplugEvent(int,int)", payload(1, 0).left(7));
-    window->slotSystemMessage("cardHotplugEvent(int,int)", QByteArray());
     window->slotSystemMessage("cardHotplugEvent(int)", payload(1, 1));
+    window->slotSystemMessage("cardHotplugEvent", payload(1, 1));
     EXPECT_EQ(closeCounter.closes, 0);
 
-    // Through the channel, as the phone sends it.
+    // Through the channel, as the phone sends it; a payload cut short is still a card event.
     QCopChannel::send("VEMO/System", "cardHotplugEvent(int,int)", payload(1, 0));
     QCopChannel::send("VEMO/System", "cardHotplugEvent(int,int)", payload(1, 1));
+    QCopChannel::send("VEMO/System", "cardHotplugEvent(int,int)", payload(1, 0).left(7));
     processEvents();
-    EXPECT_EQ(closeCounter.closes, 2);
-    EXPECT_EQ(quits(), 2);
+    EXPECT_EQ(closeCounter.closes, 3);
+    EXPECT_EQ(quits(), 3);
 }
 
 TEST_F(MP_MainWindowEventsTest, JumpKey_BeforeTheFirstReport_WaitsForIt_AndQuitsOnlyForVideo)
