@@ -63,9 +63,10 @@ void MP_WindowClient::onMenuPlaylist()
 
 void MP_WindowClient::onMenuEditBookmark()
 {
-    // Only the bookmark of the stream that plays: one saved on another
+    // Only the bookmark saved on the stream that plays: one saved on another
     // stream is forgotten, never edited in its place.
-    if (hasBookmarkOfCurrentItem())
+    forgetBookmarkOfOtherItem();
+    if (m_bookmarkSaved)
         MP_ShareUtility::editBookmark(m_bookmark);
 }
 
@@ -74,18 +75,17 @@ void MP_WindowClient::onMenuSaveBookmark()
     const QString path = getCurrentFile();
     if (path.isEmpty())
         return;
-    QString identity;
-    MP_ShareUtility::saveBookmark(path, identity);
-    // Saved only when the store gave the bookmark an identity: a save that
-    // stored nothing leaves nothing to edit, and an earlier bookmark of this
-    // stream stays the one to edit.
-    if (identity.isEmpty()) {
+    // A save that the store could not keep still counts as the stream's
+    // save, with no bookmark: "Edit Bookmark" stays hidden from the next
+    // menu on, and editing says that there is nothing to open.
+    m_bookmarkSaved = true;
+    m_bookmark = QString();
+    m_bookmarkPath = path;
+    MP_ShareUtility::saveBookmark(path, m_bookmark);
+    if (m_bookmark.isEmpty()) {
         WindowShareTrace(3, "MP_WindowClient::onMenuSaveBookmark, nothing stored\n");
         return;
     }
-    m_bookmarkSaved = true;
-    m_bookmark = identity;
-    m_bookmarkPath = path;
     if (!m_optionsMenu || m_screenIndex < 0 || m_screenIndex >= SCREEN_COUNT)
         return;
     const int editIndex = screenTable[m_screenIndex].checkedItems.editBookmarkIndex;

@@ -355,7 +355,7 @@ TEST_F(MP_WindowClientCommandsTest, HideDownload_ClosesTheScreenOfATransferAndEn
     EXPECT_EQ(channelMessages(kDownloadManager), MessageLines({"ShowUI ", "ShowUI "}));
 }
 
-TEST_F(MP_WindowClientCommandsTest, SaveBookmark_ShowsEditOnlyWhenABookmarkWasStored)
+TEST_F(MP_WindowClientCommandsTest, SaveBookmark_ShowsEditOnlyWhenABookmarkWasStored_AFailedSaveHasNone)
 {
     engine.path = QStringLiteral("rtsp://radio.example/live");
     VmOptionsMenu* menu = &openStreamMenu();
@@ -367,7 +367,7 @@ TEST_F(MP_WindowClientCommandsTest, SaveBookmark_ShowsEditOnlyWhenABookmarkWasSt
     run("onMenuSaveBookmark");
     EXPECT_FALSE(menu->isItemVisible(6002)) << "nothing stored, nothing to edit";
     run("onMenuEditBookmark");
-    EXPECT_TRUE(dialogs().isEmpty()) << "a save that stored nothing is no saved bookmark";
+    EXPECT_EQ(dialogs(), QStringList{"Cannot Open|Because the file does not exist.|1"}) << "saved, with no bookmark";
 
     QFile::remove(dataPath("bookmarks"));
     run("onMenuSaveBookmark");
