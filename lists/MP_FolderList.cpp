@@ -1,5 +1,8 @@
 #include "lists/MP_FolderList.h"
 
+#include <algorithm>
+#include <climits>
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -117,7 +120,9 @@ int MP_FolderList::getCurrentIndex()
 
 void MP_FolderList::skipSteps(int steps)
 {
-    m_currentIndex += steps;
+    // Added in 64 bits: a step of any size ends at an end of the list.
+    const qint64 target = qint64(m_currentIndex) + steps;
+    m_currentIndex = int(std::clamp<qint64>(target, INT_MIN, INT_MAX));
     verifyIndex();
 }
 

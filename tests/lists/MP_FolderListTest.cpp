@@ -5,6 +5,8 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <climits>
+
 #include <gtest/gtest.h>
 
 #include <sys/stat.h>
@@ -95,6 +97,11 @@ TEST_F(MP_FolderListTest, Navigation_ClampsIntoTheList)
     list.skipSteps(-5);
     EXPECT_EQ(list.getCurrentIndex(), 0);
     EXPECT_FALSE(list.hasPrevious());
+    list.moveTo(1);
+    list.skipSteps(INT_MAX);  // added beyond an int, the step still ends at the end
+    EXPECT_EQ(list.getCurrentIndex(), 3);
+    list.skipSteps(INT_MIN);
+    EXPECT_EQ(list.getCurrentIndex(), 0);
     EXPECT_TRUE(list.getItem(4).isNull());
     EXPECT_TRUE(list.getItem(-1).isNull());
 }
