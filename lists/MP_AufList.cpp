@@ -129,7 +129,7 @@ void MP_AufList::handleShuffle()
     case ShuffleOff:
         if (!getItems(0, 0)) {
             AufListTrace(3, "MP_AufList::initialize, get total number failed!!!\n");
-            m_count = 0;
+            m_count = m_resultCount = 0;
             return;
         }
         // A first index outside the list (one saved when the list was longer,
@@ -141,7 +141,7 @@ void MP_AufList::handleShuffle()
     case ShuffleSongs:
         if (!getItems(0, 0)) {
             AufListTrace(3, "MP_AufList::initialize, get total number failed!!!\n");
-            m_count = 0;
+            m_count = m_resultCount = 0;
             return;
         }
         // The song that was current (or the one asked for) plays first.

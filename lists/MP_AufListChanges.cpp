@@ -135,10 +135,17 @@ void MP_AufList::findCurrentSongAgain(int oldCount)
     // checked against the backup, which holds the places from before. The
     // lookup answers the question directly: the song is still there (and
     // where), or it is gone; either way the album order is built anew.
+    const int oldPlaceInAlbum = m_currentIndex;
+    const unsigned int oldAlbumSize = m_resultCount;
     const int position = getPositionOfCurrentSong();
     AufChangeTrace(3, "currentIndex=%d\n", position);
     if (position >= 0) {
-        handleCurrentChanged(position, position, oldCount);
+        // The library's count and the song's place in it say nothing of the
+        // album that plays: a song that moved within its album keeps both.
+        // Nothing changed only when the song keeps its place in an album of
+        // the same size (the count above put the album back as it is now).
+        const bool isSamePlace = getItemIndex(m_currentItem) == oldPlaceInAlbum && m_resultCount == oldAlbumSize;
+        handleCurrentChanged(position, isSamePlace ? position : -1, oldCount);
     } else {
         handleCurrentRemoved(0);
         Q_EMIT signalCurrentChanged();
@@ -210,7 +217,11 @@ void MP_AufList::handleNowPlayingDeleted()
 
 void MP_AufList::setEmptyList()
 {
-    m_count = 0;
+    // Every count and window goes too: the entries looked up last are not
+    // the list's any more, whatever position is asked for.
+    m_count = m_resultCount = 0;
+    m_cacheTopIndex = m_cacheBottomIndex = 0;
+    m_albumOffset = 0;
     m_currentItem = MP_AUF_ITEM();
     m_currentIndex = 0;
 }

@@ -393,6 +393,17 @@ TEST_F(MP_AufListAlbumTest, DatabaseChange_KeepsTheAlbumThatPlays)
     const QStringList forward = walk(list);
     EXPECT_EQ(forward.mid(0, 5), (QStringList{"Delta 1", "Delta 2", "Delta 3", "Delta 4", "Delta 5"}));
     EXPECT_EQ(forward.size(), 16) << "then every other album once, the new one too";
+
+    // The playing song retitled to the end of its album: the library's count
+    // and the song's place in it stay, its place in the album does not.
+    list.moveTo(0);
+    std::optional<MediaRecord> record = database->mediaByPath(list.getCurrent());
+    ASSERT_TRUE(record);
+    record->title = QStringLiteral("Delta 9");
+    updated.clear();
+    ASSERT_TRUE(database->updateMedia(*record));
+    ASSERT_TRUE(waitUntil([&] { return updated.count() > 0; }, 3000)) << "taken for no change";
+    EXPECT_EQ(walk(list, -1), (QStringList{"Delta 1", "Delta 5", "Delta 4", "Delta 3", "Delta 2"}));
 }
 
 TEST_F(MP_AufListAlbumTest, WithRepeat_KeepsPlayingThroughNewAlbumOrders)
@@ -517,6 +528,12 @@ TEST_F(MP_AufListTest, RemoveItem_TakesTheCurrentOutOfItsGroupOrDeletesItsFile)
     EXPECT_EQ(record.value("positions").toArray(), QJsonArray{1});
     EXPECT_TRUE(QFile::exists(dataPath("files/song0.mp3"))) << "the file stays";
     EXPECT_EQ(database->groupMembers(group).size(), 2);
+    // The whole play list deleted: nothing of it is served any more.
+    QSignalSpy emptied(&playList, SIGNAL(signalCurrentChanged()));
+    ASSERT_TRUE(database->removeGroup(group));
+    ASSERT_TRUE(waitUntil([&] { return emptied.count() > 0; }, 3000));
+    EXPECT_EQ(playList.count(), 0u);
+    EXPECT_TRUE(playList.getItem(1).isNull()) << qPrintable(playList.getItem(1));
 
     MP_AufList library;
     library.moveTo(1);
