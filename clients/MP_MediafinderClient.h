@@ -66,7 +66,7 @@ private:
     void sendItemMessage() const;
     void addToHistory();
 
-    std::unique_ptr<QCopChannel> m_channel;  // child of this client, deleted first
+    std::unique_ptr<QCopChannel> m_channel;  // owned; closed first in the destructor
     // Not owned: the main window's current list. Guarded, because the main
     // window deletes a list it releases before it hands over the next one.
     QPointer<MP_AufList> m_aufList;

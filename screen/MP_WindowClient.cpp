@@ -289,7 +289,7 @@ void MP_WindowClient::connectMenuItem(int id, QObject* receiver, const char* slo
     // A record whose command is not a slot of its receiver would leave an
     // item that does nothing when chosen: said as an error.
     if (!m_optionsMenu->connectItem(id, receiver, slot))
-        WindowClientTrace(1, "MP_WindowClient: item %d cannot run %s\n", id, slot + 1);
+        WindowClientTrace(3, "MP_WindowClient: item %d cannot run %s\n", id, slot + 1);
 }
 
 void MP_WindowClient::checkDeleteOrRemoveMenuItem(int deleteIndex, int removeIndex)
