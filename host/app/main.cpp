@@ -71,6 +71,18 @@ void ensureRuntimeDir()
         qputenv("XDG_RUNTIME_DIR", dir);
 }
 
+// A run's journal is its own: lines of an earlier run in the same file would
+// be read as this run's. Checked before anything is played, as the log is.
+bool startJournal(const QString& path)
+{
+    QFile journal(path);
+    if (journal.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        return true;
+    std::fprintf(stderr, "mediaplayer: --journal: cannot write %s: %s\n", qPrintable(path),
+                 qPrintable(journal.errorString()));
+    return false;
+}
+
 QString libraryPath()
 {
     const QString overridden = qEnvironmentVariable("MP_LIBRARY");
@@ -157,6 +169,8 @@ int main(int argc, char** argv)
             return ExitBadUsage;
         }
     }
+    if (!options.journal.isEmpty() && !startJournal(options.journal))
+        return ExitBadUsage;
     exportPaths(options);
     ensureRuntimeDir();
     if (needsOffscreenPlatform())

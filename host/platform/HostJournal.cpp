@@ -32,6 +32,8 @@ struct JournalState {
         }
         if (file && path == wanted)
             return file;
+        if (path == wanted)
+            return nullptr;  // it could not be opened: said once, not at every line
         closeFile();
         path = wanted;
         file = std::fopen(wanted, "a");

@@ -14,6 +14,7 @@
 
 #include "host/platform/media/database/MediaDatabase.h"
 #include "tests/scenarios/ScenarioRun.h"
+#include "tests/support/Journal.h"
 #include "tests/support/SongBuilder.h"
 
 namespace {
@@ -93,6 +94,25 @@ TEST(AppScenarioTest, Output_TheMediaOutputEndsOnAFileItsDecoderRefuses_ABadChoi
     EXPECT_EQ(scenario.runWithoutScript({"--output", "loud"}), 64);
     EXPECT_TRUE(scenario.errorOutput().startsWith("mediaplayer: --output is media or clock, not \"loud\"\n"))
         << qPrintable(scenario.errorOutput());
+}
+
+TEST(AppScenarioTest, Journal_EachRunWritesItsOwn_OneThatCannotBeWrittenIsBadUsage)
+{
+    ScenarioRun scenario;
+    const QString journal = scenario.dataDir() + "/own.jsonl";
+    QFile earlier(journal);
+    ASSERT_TRUE(earlier.open(QIODevice::WriteOnly) && earlier.write("an earlier run's line\n") > 0);
+    earlier.close();
+    EXPECT_EQ(scenario.runWithoutScript({"--journal", journal, "--action", "PlayMediaInMediaPlayer",
+                                         "Launcher=HomeScreen"}), 3);
+    EXPECT_FALSE(Journal::readFile(journal).isEmpty());
+    QFile written(journal);
+    ASSERT_TRUE(written.open(QIODevice::ReadOnly));
+    EXPECT_FALSE(written.readAll().contains("an earlier run's line"));
+
+    const QString nowhere = scenario.dataDir() + "/no-such-folder/journal.jsonl";
+    EXPECT_EQ(scenario.runWithoutScript({"--journal", nowhere}), 64);
+    EXPECT_EQ(scenario.errorOutput(), "mediaplayer: --journal: cannot write " + nowhere + ": No such file or directory\n");
 }
 
 TEST(AppScenarioTest, WithoutADisplay_AHeadsetResumeThatNobodyStartsEnds)

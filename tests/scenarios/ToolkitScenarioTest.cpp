@@ -95,6 +95,7 @@ TEST(ToolkitScenarioTest, BadWords_StopTheScriptNamingWhatIsExpected)
     EXPECT_EQ(runLine("engine medium 4"), "engine: medium 4 is none of 0 to 3");
     EXPECT_EQ(runLine("engine progress 30"), "engine: expects progress A B");
     EXPECT_EQ(runLine("engine complete now"), "engine: takes no arguments");
+    EXPECT_EQ(runLine("menu choose 1018"), "menu: the options menu has no items before it is opened (menu open)");
 }
 
 } // namespace

@@ -46,7 +46,10 @@ bool chooseMenuItem(VmOptionsMenu* menu, const QString& word, QString* error)
 {
     bool ok = false;
     const int id = word.toInt(&ok);
-    if (!ok || !menu->hasItem(id))
+    // The player screen fills its menu when the menu is opened.
+    if (menu->itemIds().isEmpty())
+        *error = QStringLiteral("the options menu has no items before it is opened (menu open)");
+    else if (!ok || !menu->hasItem(id))
         *error = QStringLiteral("no item %1 in the menu").arg(ScriptWords::excerpt(word));
     else if (!menu->isItemVisible(id))
         *error = QStringLiteral("item %1 is hidden").arg(id);

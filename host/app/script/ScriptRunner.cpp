@@ -248,16 +248,19 @@ bool ScriptRunner::commandSetting(const QStringList& arguments, QString* error)
     const QString type = arguments.value(2).left(colon);
     const QString value = arguments.value(2).mid(colon + 1);
     SETUP_SET_Manager settings(AM_Global::MediaPlayer, false);
-    bool ok = false;
-    if (type == QLatin1String("int")) {
-        const int number = value.toInt(&ok);
-        ok = ok && settings.setSettingInfo(arguments.at(0), arguments.at(1), number);
-    } else if (type == QLatin1String("bool") && (value == QLatin1String("true") || value == QLatin1String("false"))) {
-        ok = settings.setSettingInfo(arguments.at(0), arguments.at(1), value == QLatin1String("true"));
-    }
-    if (!ok)
+    bool isNumber = false;
+    const int number = value.toInt(&isNumber);
+    const bool isInt = type == QLatin1String("int") && isNumber;
+    const bool isBool = type == QLatin1String("bool") && (value == QLatin1String("true") || value == QLatin1String("false"));
+    if (!isInt && !isBool) {
         *error = QStringLiteral("expects GROUP KEY int:N or GROUP KEY bool:true|false");
-    return ok;
+        return false;
+    }
+    const bool stored = isInt ? settings.setSettingInfo(arguments.at(0), arguments.at(1), number)
+                              : settings.setSettingInfo(arguments.at(0), arguments.at(1), value == QLatin1String("true"));
+    if (!stored)
+        *error = QStringLiteral("the settings store did not take it (a read-only data folder?)");
+    return stored;
 }
 
 bool ScriptRunner::commandNext(const QStringList& arguments, QString* error)
