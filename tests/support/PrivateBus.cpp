@@ -9,7 +9,12 @@ PrivateBus::PrivateBus()
         m_error = QStringLiteral("dbus-daemon is not installed (scripts/install-deps.sh installs it)");
         return;
     }
-    m_daemon.start(daemon, {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address=1")});
+    if (!m_socketFolder.isValid()) {
+        m_error = QStringLiteral("no temporary folder for the bus's socket: ") + m_socketFolder.errorString();
+        return;
+    }
+    m_daemon.start(daemon, {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address=1"),
+                            QStringLiteral("--address=unix:dir=") + m_socketFolder.path()});
     // The daemon prints its address once it accepts connections.
     while (m_daemon.waitForReadyRead(10000)) {
         if (m_daemon.canReadLine()) {

@@ -1,10 +1,13 @@
 #pragma once
 // A D-Bus session bus of a test's own: a dbus-daemon that lives as long as
-// the object, so that processes the test starts talk only to each other.
+// the object, so that processes the test starts talk only to each other. Its
+// socket lies in a temporary folder of its own, which goes with the object:
+// killed daemons leave no sockets behind in the system's temporary folder.
 
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QString>
+#include <QTemporaryDir>
 
 class PrivateBus {
 public:
@@ -22,6 +25,7 @@ public:
     QProcessEnvironment environment() const;
 
 private:
+    QTemporaryDir m_socketFolder;
     QProcess m_daemon;
     QString m_address;
     QString m_error;
