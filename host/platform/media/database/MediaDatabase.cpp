@@ -159,6 +159,11 @@ std::unique_ptr<SqliteTransaction> MediaDatabase::beginTransactionWithoutWaiting
     return transaction;
 }
 
+bool MediaDatabase::isReadOnly() const
+{
+    return sqlite3_db_readonly(m_db, "main") == 1;
+}
+
 bool MediaDatabase::isInTransaction() const
 {
     return sqlite3_get_autocommit(m_db) == 0;

@@ -54,6 +54,8 @@ public:
     std::unique_ptr<SqliteTransaction> beginTransactionWithoutWaiting();
     /** Whether this connection holds a transaction (its changes are not committed yet). */
     bool isInTransaction() const;
+    /** Whether this connection was opened read-only (its data folder is): every write fails. */
+    bool isReadOnly() const;
 
     // Snapshots
     /** Keeps every later read of this connection on the database as it is now (a read

@@ -61,7 +61,10 @@ SqliteStatement::Step SqliteStatement::step()
         return Step::Row;
     if (result == SQLITE_DONE)
         return Step::Done;
-    qCWarning(lcMetadata) << "statement failed:" << sqlite3_sql(m_statement) << ":" << sqlite3_errmsg(m_db);
+    // A write on a connection opened read-only (the data folder is) fails as
+    // it must; that nothing will be saved was said once, when it was opened.
+    if (result != SQLITE_READONLY || sqlite3_db_readonly(m_db, "main") != 1)
+        qCWarning(lcMetadata) << "statement failed:" << sqlite3_sql(m_statement) << ":" << sqlite3_errmsg(m_db);
     return Step::Error;
 }
 

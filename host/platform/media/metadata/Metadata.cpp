@@ -19,6 +19,13 @@
 
 namespace {
 
+// A read-only data folder was said once when its database was opened; a
+// write that fails there is expected, not news at every song.
+bool isKnownReadOnly(const MediaDatabase* database)
+{
+    return database && database->isReadOnly();
+}
+
 enum MetadataResult {
     kSuccess = 0,
     kUnknownHandle = 1,
@@ -324,7 +331,7 @@ int saveLastPlayedList(LastPlayedListRecord* record)
         MetadataClients::instance().noteUnreadRecordWritten();
     // Not retried: the next launch saves its own list, and a later retry
     // would overwrite it with this older one.
-    if (!isWritten)
+    if (!isWritten && !isKnownReadOnly(database))
         qCWarning(lcMetadata) << "saveLastPlayedList: the database did not take the last-played list; it is not saved";
     return isWritten ? 1 : 0;
 }
@@ -354,7 +361,7 @@ int saveLastPlayedSong(const char* path, int index)
     if (isWritten)
         MetadataClients::instance().noteUnreadRecordWritten();
     // Not retried, as the last-played list: the next song saves itself.
-    if (!isWritten)
+    if (!isWritten && !isKnownReadOnly(database))
         qCWarning(lcMetadata) << "saveLastPlayedSong: the database did not take the last played song; it is not saved";
     return isWritten ? 1 : 0;
 }
