@@ -41,23 +41,23 @@ TEST(HostPicturePathTest, NoXDisplayOrAUserValue_LeavesQtAloneWithoutProbing)
                                        Variables{{"DISPLAY", ":0"}, {"QT_QPA_PLATFORM", "wayland;xcb"}}}) {
         const Decision decision = decideWith(variables, "no-opengl\n");
         EXPECT_FALSE(decision.choice.withoutOpenGL);
-        EXPECT_EQ(decision.choice.reason, QString());
+        EXPECT_EQ(decision.choice.reason.toStdString(), "");
         EXPECT_EQ(decision.probes, 0);
     }
     const Decision user = decideWith({{"DISPLAY", ":0"}, {"QT_XCB_GL_INTEGRATION", "xcb_egl"}}, "no-opengl\n");
     EXPECT_FALSE(user.choice.withoutOpenGL);
-    EXPECT_EQ(user.choice.reason, "left to QT_XCB_GL_INTEGRATION=xcb_egl, as the environment sets it");
+    EXPECT_EQ(user.choice.reason.toStdString(), "left to QT_XCB_GL_INTEGRATION=xcb_egl, as the environment sets it");
     EXPECT_EQ(user.probes, 0);
 }
 
 TEST(HostPicturePathTest, TheProbesAnswer_ChoosesOpenGLOnlyForAHardwareRendererWithTheRightColour)
 {
-    const QString noAnswer = "plain images: the OpenGL probe gave no answer (it could not start, crashed or hung)";
+    const std::string noAnswer = "plain images: the OpenGL probe gave no answer (it could not start, crashed or hung)";
     const struct {
         Variables variables;
         QByteArray answer;
         bool withoutOpenGL;
-        QString reason;
+        std::string reason;
     } cases[] = {
         {kXDisplay, kGoodAnswer, false, "OpenGL (AMD Radeon RX 6600 (radeonsi)): it gives the test colour back"},
         {{{"QT_QPA_PLATFORM", "xcb:nomitshm"}}, kGoodAnswer, false,
@@ -75,7 +75,7 @@ TEST(HostPicturePathTest, TheProbesAnswer_ChoosesOpenGLOnlyForAHardwareRendererW
     for (const auto& c : cases) {
         const Decision decision = decideWith(c.variables, c.answer);
         EXPECT_EQ(decision.choice.withoutOpenGL, c.withoutOpenGL) << c.answer.constData();
-        EXPECT_EQ(decision.choice.reason, c.reason);
+        EXPECT_EQ(decision.choice.reason.toStdString(), c.reason);
         EXPECT_EQ(decision.probes, 1);
     }
 }
