@@ -4,19 +4,19 @@
 // processor. Chosen before the application object exists, because Qt reads
 // QT_XCB_GL_INTEGRATION once, when that object opens the display.
 //
-// Why: Qt Multimedia turns every decoded frame into an image through OpenGL
-// whenever the display offers a context. At a virtual display, in a virtual
-// machine or a remote X session that context is a software rasteriser, which
-// does the processor's work at greater cost; a broken driver fails (Qt then
-// falls back itself, with the driver's errors on the terminal); and Qt 6.4's
-// OpenGL conversion weighs full-range frames (every Motion-JPEG movie's) with
-// the red and blue factors swapped, at any display: the sample trailer's blue
-// #2040d0 shows as #144bb4 (as plain images: #1239d9).
-// The player screen paints images with QPainter anyway, so nothing is lost
-// without OpenGL. So a child process tries the OpenGL path on a test frame
-// (HostOpenGLProbe), and unless a hardware renderer gives the frame's colour
-// back, Qt opens the display without OpenGL (QT_XCB_GL_INTEGRATION=none).
-// A QT_XCB_GL_INTEGRATION that the user set is never replaced.
+// Plain images, always, unless the user set QT_XCB_GL_INTEGRATION. Qt
+// Multimedia turns every decoded frame into an image through OpenGL whenever
+// the display offers a context, and Qt 6.4's OpenGL conversion weighs
+// full-range frames (every Motion-JPEG movie's) with the red and blue factors
+// swapped, at any display: the sample trailer's blue #2040d0 shows as
+// #144bb4 (as plain images: #1239d9). At a virtual display, in a virtual
+// machine or a remote X session the context is a software rasteriser anyway,
+// doing the processor's work at greater cost, and a broken driver fills the
+// terminal with its errors before Qt falls back by itself. The player screen
+// paints images with QPainter, so nothing is lost without OpenGL. (A Qt whose
+// conversion is right could take OpenGL again at a hardware renderer; that
+// would need a probe of the display, not worth a child process at every
+// start while the conversion is wrong.)
 
 #include <QByteArray>
 #include <QString>
@@ -33,15 +33,13 @@ public:
     };
     /** The value of an environment variable (empty when unset). */
     using Environment = std::function<QByteArray(const char* name)>;
-    /** The probe's answer line (HostOpenGLProbe::run), empty when it gave none. */
-    using Probe = std::function<QByteArray()>;
 
-    /** The choice for this environment; @p probe runs only when the choice needs it. */
-    static Choice decide(const Environment& environment, const Probe& probe);
+    /** The choice for this environment. */
+    static Choice decide(const Environment& environment);
 
-    /** Decides for this process, from its environment and a real probe, and
-     *  sets QT_XCB_GL_INTEGRATION=none when that is the choice. Call it first
-     *  in main, before the application object and any thread exist. */
+    /** Decides for this process, from its environment, and sets
+     *  QT_XCB_GL_INTEGRATION=none when that is the choice. Call it in main,
+     *  before the application object exists. */
     static void choose();
     /** Why choose() chose as it did; empty before it ran or without an X display. */
     static QString reason();
