@@ -23,6 +23,7 @@
 #include "host/app/script/ScriptRunner.h"
 #include "host/app/TerminationSignals.h"
 #include "host/engine/HostEngine.h"
+#include "host/engine/HostPicturePath.h"
 #include "host/platform/phone/HostPhone.h"
 #include "host/platform/toolkit/HostDialogs.h"
 #include "host/platform/toolkit/HostTranslations.h"
@@ -175,6 +176,7 @@ int main(int argc, char** argv)
     ensureRuntimeDir();
     if (needsOffscreenPlatform())
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    HostPicturePath::choose();
 
     QApplication app(argc, argv);
     const bool headless = isHeadless();

@@ -14,6 +14,7 @@
 
 #include "host/engine/HostAudioSinkSetup.h"
 #include "host/engine/HostEngineOutputListener.h"
+#include "host/engine/HostPicturePath.h"
 #include "host/engine/HostVideoView.h"
 #include "platform/MP_Utility.h"
 #include "platform/TraceLog.h"
@@ -29,8 +30,11 @@ QtMessageHandler previousMessageHandler = nullptr;
 // person's, so their words go to the trace instead. Everything else passes on.
 void routeMultimediaMessage(QtMsgType type, const QMessageLogContext& context, const QString& message)
 {
+    // Qt Multimedia's frame conversion says without a category that it works
+    // without OpenGL, which is the picture path chosen (HostPicturePath).
     const bool multimedia = (context.category && qstrncmp(context.category, "qt.multimedia", 13) == 0)
-        || message.startsWith(QLatin1String("PulseAudioService:"));
+        || message.startsWith(QLatin1String("PulseAudioService:"))
+        || message.contains(QLatin1String("No RHI backend. Using CPU conversion."));
     if (multimedia && type != QtFatalMsg) {
         trace(5, "HostMediaOutput: Qt Multimedia says: %s\n", qPrintable(message));
         return;
@@ -69,6 +73,7 @@ HostMediaOutput::HostMediaOutput(HostEngineOutputListener& listener, QWidget& vi
     , m_audioSinksSetUp(HostAudioSinkSetup::install())
 {
     reportMissingAudioDevice();
+    reportPicturePath();
     m_player.setAudioOutput(&m_audio);
     connect(&m_player, &QMediaPlayer::positionChanged, this, &HostMediaOutput::positionChanged);
     connect(&m_player, &QMediaPlayer::durationChanged, this, [this](qint64 duration) {
@@ -311,4 +316,13 @@ void HostMediaOutput::reportMissingAudioDevice()
         return;
     reported = true;
     trace(1, "HostMediaOutput: no audio device: playing into nothing at real speed\n");
+}
+
+void HostMediaOutput::reportPicturePath()
+{
+    static bool reported = false;
+    if (reported || HostPicturePath::reason().isEmpty())
+        return;
+    reported = true;
+    trace(3, "HostMediaOutput: picture path: %s\n", qPrintable(HostPicturePath::reason()));
 }

@@ -72,6 +72,8 @@ private:
     void placePicture();
     static bool hasScreen();
     static void reportMissingAudioDevice();
+    /** Says once in the trace how pictures reach the screen, and why (HostPicturePath). */
+    static void reportPicturePath();
 
     HostEngineOutputListener& m_listener;
     QWidget& m_videoArea; // not owned: the player screen's content area

@@ -18,6 +18,7 @@
 
 #include "host/engine/HostEngine.h"
 #include "host/engine/HostOutputChoice.h"
+#include "host/engine/HostPicturePath.h"
 #include "host/engine/HostVideoView.h"
 #include "host/tools/samplegen/SampleCatalogue.h"
 #include "host/tools/samplegen/SampleLibraryWriter.h"
@@ -56,10 +57,10 @@ int main(int argc, char** argv)
         return kSkipped;
     }
     qputenv("QT_QPA_PLATFORM", "xcb");
-    // The virtual display offers no OpenGL that the decoder's picture path
-    // can share: frames then come as plain images, which is what the player
-    // screen paints anyway.
-    qputenv("QT_XCB_GL_INTEGRATION", "none");
+    // As the application does: the picture path is chosen before the
+    // application object opens the display.
+    HostPicturePath::choose();
+    std::printf("mp_video_shot: picture path: %s\n", qPrintable(HostPicturePath::reason()));
     QTemporaryDir data;
     qputenv("MP_DATA_DIR", data.path().toLocal8Bit());
     QApplication app(argc, argv);
