@@ -1,3 +1,4 @@
+#include "host/platform/media/database/MediaDatabase.h"
 #include "host/app/HeadlessWatch.h"
 
 #include "host/app/AppOptions.h"
@@ -42,7 +43,7 @@ void HeadlessWatch::check()
     switch (control->getState()) {
     case MP_STATE_FINISHED:
         if (list && list->count() == 0)
-            end(ExitNothingToPlay, QStringLiteral("nothing to play: the list is empty"));
+            end(ExitNothingToPlay, emptyListReason());
         else
             end(ExitPlayed, QString());
         return;
@@ -73,6 +74,15 @@ QString HeadlessWatch::nothingStartedReason() const
     if (!m_actionName.isNull())
         return QStringLiteral("nothing to play: the launch action %1 started nothing").arg(ScriptWords::excerpt(m_actionName));
     return QStringLiteral("nothing to play");
+}
+
+QString HeadlessWatch::emptyListReason()
+{
+    // A refused database lists nothing, whatever it holds.
+    const QString refusal = MediaDatabase::lastRefusal();
+    if (!refusal.isNull())
+        return QStringLiteral("nothing to play: the media database cannot be used (%1)").arg(refusal);
+    return QStringLiteral("nothing to play: the list is empty");
 }
 
 void HeadlessWatch::end(int status, const QString& reason)

@@ -39,6 +39,8 @@ private:
     /** Ends the run with @p status and @p reason; later checks do nothing. */
     void end(int status, const QString& reason);
     QString nothingStartedReason() const;
+    /** Why a finished list held nothing: the refused database, when one was refused. */
+    static QString emptyListReason();
 
     PlayerSession& m_session;
     const QString m_actionName;

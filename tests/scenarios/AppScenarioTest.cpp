@@ -46,6 +46,17 @@ TEST(AppScenarioTest, WithoutADisplay_EndsWhenNothingWillPlayAndSaysWhy)
     const QString missing = QDir(ScenarioRun::sampleLibrary()).filePath("Music/none.wav");
     EXPECT_EQ(scenario.runWithoutScript({missing}), 3);
     EXPECT_EQ(scenario.errorOutput(), "mediaplayer: cannot play \"" + missing + "\": none cannot be played.\n");
+
+    // A database that is none: refused once, and named as the reason.
+    const QString database = scenario.dataDir() + "/data/metadata.db";
+    QFile::remove(database);
+    QFile garbage(database);
+    ASSERT_TRUE(garbage.open(QIODevice::WriteOnly) && garbage.write(QByteArray(4096, 'x')) == 4096);
+    garbage.close();
+    EXPECT_EQ(scenario.runWithoutScript({}), 3);
+    EXPECT_EQ(scenario.errorOutput(), "mp.host.metadata: cannot use " + database + " : file is not a database\n"
+                                      "mediaplayer: nothing to play: the media database cannot be used (" + database
+                                          + ": file is not a database)\n");
 }
 
 // The engine steps past files that are gone a part of the run at a time: its

@@ -9,6 +9,8 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QMutex>
+#include <QSet>
 #include <QUrl>
 
 #include "host/platform/HostDataDir.h"
@@ -127,11 +129,45 @@ std::unique_ptr<MediaDatabase> MediaDatabase::open(const QString& file)
                           && (isReadOnly ? MediaDatabaseSchema::isCurrent(db, &problem)
                                          : MediaDatabaseSchema::upgrade(db, &problem));
     if (!isUsable) {
-        qCWarning(lcMetadata).noquote() << "cannot use" << file << ":" << problem;
+        refuse(file, problem);
         sqlite3_close(db);
         return nullptr;
     }
+    noteUsable();
     return std::unique_ptr<MediaDatabase>(new MediaDatabase(db, file, *journalMode == "wal"));
+}
+
+namespace {
+
+QMutex refusalMutex;
+QString lastRefusalText;
+QSet<QString> refusalsSaid;
+
+} // namespace
+
+void MediaDatabase::refuse(const QString& file, const QString& problem)
+{
+    const QString text = file + QStringLiteral(": ") + problem;
+    QMutexLocker lock(&refusalMutex);
+    lastRefusalText = text;
+    // Every service opens the database on its own; the same refusal said
+    // once is enough, another one (the file was replaced) is news.
+    if (!refusalsSaid.contains(text)) {
+        refusalsSaid.insert(text);
+        qCWarning(lcMetadata).noquote() << "cannot use" << file << ":" << problem;
+    }
+}
+
+void MediaDatabase::noteUsable()
+{
+    QMutexLocker lock(&refusalMutex);
+    lastRefusalText = QString();
+}
+
+QString MediaDatabase::lastRefusal()
+{
+    QMutexLocker lock(&refusalMutex);
+    return lastRefusalText;
 }
 
 MediaDatabase::MediaDatabase(sqlite3* db, const QString& fileName, bool isWriteAheadLog)

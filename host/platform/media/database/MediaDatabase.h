@@ -42,6 +42,9 @@ public:
     /** Opens @p file, creating it and its tables when absent and upgrading an older
      *  schema; null when that fails (the reason goes to the trace). */
     static std::unique_ptr<MediaDatabase> open(const QString& file);
+    /** "FILE: why" of the last open() that refused its file; null when the last open
+     *  succeeded or none was made. A refusal goes to the trace once per file and reason. */
+    static QString lastRefusal();
     ~MediaDatabase();
     MediaDatabase(const MediaDatabase&) = delete;
     MediaDatabase& operator=(const MediaDatabase&) = delete;
@@ -147,6 +150,9 @@ public:
     bool setLastPlayedSong(const MediaLastPlayedSong& song);
 
 private:
+    /** Remembers why @p file could not be used, and says it the first time. */
+    static void refuse(const QString& file, const QString& problem);
+    static void noteUsable();
     MediaDatabase(sqlite3* db, const QString& fileName, bool isWriteAheadLog);
     /** Copies the write-ahead log into the database file when it has grown past its limit. */
     void checkpointLargeLog();

@@ -32,7 +32,7 @@ int metadataCheckFile(unsigned int handle, const char* utf8Path)
         return METADATA_FILE_UNKNOWN;
     MediaDatabase* database = MetadataClients::instance().database(handle);
     if (!database) {
-        qCWarning(lcMetadata).nospace() << "metadataCheckFile: no open connection for handle " << handle;
+        MetadataClients::warnNoConnection("metadataCheckFile", handle);
         return METADATA_FILE_UNKNOWN;
     }
     const std::optional<MediaRecord> stored = database->mediaByPath(QDir::cleanPath(QString::fromUtf8(utf8Path)));

@@ -19,11 +19,12 @@
 
 namespace {
 
-// A read-only data folder was said once when its database was opened; a
-// write that fails there is expected, not news at every song.
+// A read-only data folder, or a database refused, was said once when the
+// database was opened; a write that fails there is expected, not news at
+// every song.
 bool isKnownReadOnly(const MediaDatabase* database)
 {
-    return database && database->isReadOnly();
+    return !database || database->isReadOnly();
 }
 
 enum MetadataResult {
@@ -39,7 +40,7 @@ MetadataConnection* connectionOf(unsigned int handle, const char* function)
 {
     MetadataConnection* connection = MetadataClients::instance().connection(handle);
     if (!connection)
-        qCWarning(lcMetadata).nospace() << function << ": no open connection for handle " << handle;
+        MetadataClients::warnNoConnection(function, handle);
     return connection;
 }
 
@@ -47,7 +48,7 @@ MediaDatabase* databaseOf(unsigned int handle, const char* function)
 {
     MediaDatabase* database = MetadataClients::instance().database(handle);
     if (!database)
-        qCWarning(lcMetadata).nospace() << function << ": no open connection for handle " << handle;
+        MetadataClients::warnNoConnection(function, handle);
     return database;
 }
 
@@ -55,7 +56,7 @@ MediaDatabase* writerOf(unsigned int handle, const char* function)
 {
     MediaDatabase* database = MetadataClients::instance().writer(handle);
     if (!database)
-        qCWarning(lcMetadata).nospace() << function << ": no open connection for handle " << handle;
+        MetadataClients::warnNoConnection(function, handle);
     return database;
 }
 

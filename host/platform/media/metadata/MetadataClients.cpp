@@ -4,6 +4,7 @@
 
 #include "host/platform/media/database/MediaDatabase.h"
 #include "host/platform/media/metadata/MetadataConnection.h"
+#include "host/platform/media/database/MetadataLog.h"
 
 MetadataClients& MetadataClients::instance()
 {
@@ -85,6 +86,12 @@ MediaDatabase* MetadataClients::ownDatabase()
     if (!m_ownDatabase || m_ownDatabase->fileName() != file)
         m_ownDatabase = MediaDatabase::open(file);
     return m_ownDatabase.get();
+}
+
+void MetadataClients::warnNoConnection(const char* function, unsigned int handle)
+{
+    if (handle != 0)
+        qCWarning(lcMetadata).nospace() << function << ": no open connection for handle " << handle;
 }
 
 void MetadataClients::noteUnreadRecordWritten()

@@ -41,6 +41,9 @@ public:
      *  snapshot moves past it when nothing else it must handle was committed meanwhile
      *  (MetadataConnection.h). */
     void noteUnreadRecordWritten();
+    /** Warns that @p function was called with @p handle, which names no connection;
+     *  silent for handle 0, a client's whose database was refused (said then). */
+    static void warnNoConnection(const char* function, unsigned int handle);
     /** The plans of the last search requests of every connection. */
     MediaSearchPlanCache& searchPlans() { return m_searchPlans; }
 

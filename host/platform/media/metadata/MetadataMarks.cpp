@@ -54,7 +54,7 @@ int metadataSetBuyFlagByUri(unsigned int handle, const char* uri, int flag, int 
     const QString path = QString::fromUtf8(uri);
     MediaDatabase* database = MetadataClients::instance().writer(handle);
     if (!database) {
-        qCWarning(lcMetadata).nospace() << "metadataSetBuyFlagByUri: no open connection for handle " << handle;
+        MetadataClients::warnNoConnection("metadataSetBuyFlagByUri", handle);
         MetadataJournal::setBuyFlagByUri(path, flag, option, false);
         return kUnknownHandle;
     }

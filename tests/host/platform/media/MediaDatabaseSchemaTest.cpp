@@ -84,6 +84,10 @@ TEST_F(MediaDatabaseSchemaTest, ATableWithoutAColumnThisProgramUsesIsRefusedByNa
               QStringList{prefix + "schema version 3 with a damaged table \"groups\" (no such column: name): "
                                    "not a media database"});
     EXPECT_FALSE(isOpened);
+    EXPECT_EQ(openWarnings(&isOpened), QStringList()) << "the same refusal is said once";
+    EXPECT_EQ(MediaDatabase::lastRefusal(), MediaDatabase::defaultFile()
+                                                + ": schema version 3 with a damaged table \"groups\" (no such column: "
+                                                  "name): not a media database");
     EXPECT_EQ(metadataCreateClient(nullptr), 0u) << "no client on such a database";
 }
 
