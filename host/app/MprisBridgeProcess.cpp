@@ -1,6 +1,7 @@
 #include "host/app/MprisBridgeProcess.h"
 
 #include <QCoreApplication>
+#include <QDBusConnection>
 #include <QFileInfo>
 #include <QProcess>
 
@@ -55,6 +56,11 @@ bool MprisBridgeProcess::start(const QString& dataDir)
     QStringList arguments;
     if (!dataDir.isEmpty())
         arguments << QStringLiteral("--data-dir") << QFileInfo(dataDir).absoluteFilePath();
+    // This player's own bridge: with another player on the desktop, each is
+    // offered by its own bridge. The channels leave through this connection.
+    const QString ownBusName = QDBusConnection::sessionBus().baseService();
+    if (!ownBusName.isEmpty())
+        arguments << QStringLiteral("--follow") << ownBusName;
     QStringList command = bridgeCommand(arguments);
     const QString program = command.takeFirst();
     m_process = std::make_unique<QProcess>();

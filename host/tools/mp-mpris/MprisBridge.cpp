@@ -66,6 +66,11 @@ MprisBridge::~MprisBridge()
     qDeleteAll(adaptors);
 }
 
+void MprisBridge::followOnly(const QString& name)
+{
+    m_senders->followOnly(name);
+}
+
 bool MprisBridge::start(QString* error)
 {
     QDBusConnection bus = QDBusConnection::sessionBus();

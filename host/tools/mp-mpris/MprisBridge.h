@@ -42,6 +42,9 @@ public:
     /** Offers the object, listens, takes a bus name and asks running players
      *  to tell what they play; false with a reason when the bus refuses. */
     bool start(QString* error);
+    /** Follows the player of bus name @p name alone (PlayerSenderTracker::followOnly);
+     *  call it before start(). */
+    void followOnly(const QString& name);
     /** The bus name taken by start(). */
     QString serviceName() const { return m_serviceName; }
 

@@ -63,7 +63,7 @@ void PlayerSenderTracker::nameLeft(const QString& name)
 
 void PlayerSenderTracker::add(const QString& name)
 {
-    if (m_players.contains(name) || m_departed.contains(name))
+    if (m_players.contains(name) || m_departed.contains(name) || (!m_only.isEmpty() && name != m_only))
         return;
     // Kept in connection order; a name of another form goes first (oldest).
     m_players.insert(std::upper_bound(m_players.begin(), m_players.end(), name, connectedBefore), name);

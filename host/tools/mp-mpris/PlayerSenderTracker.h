@@ -9,6 +9,10 @@
 // followed player goes, the newest of the others is followed. It holds no bus
 // itself: the bridge feeds it, in the order the bus delivered them, the
 // messages and the departures it hears.
+//
+// A bridge that a player started for itself (mediaplayer --mpris) follows
+// that player alone (followOnly()): with two such players on one desktop,
+// each is offered by its own bridge, not both by the newest.
 
 #include <QObject>
 #include <QSet>
@@ -24,6 +28,9 @@ public:
 
     /** Takes one channel message and the unique bus name of its sender. */
     void heard(const QString& sender, const QCString& channel, const QCString& message);
+    /** From now on only the player of bus name @p name is followed; the others
+     *  are not learnt. Call it before the first message. */
+    void followOnly(const QString& name) { m_only = name; }
     /** The bus name @p name has left the bus. */
     void nameLeft(const QString& name);
     /** The followed player's bus name; empty while none is known. */
@@ -46,4 +53,5 @@ private:
     QStringList m_players;  ///< oldest connection first
     QSet<QString> m_departed;  ///< players that left the bus: one name a player the bridge heard
     QString m_player;
+    QString m_only;  ///< the one player to follow; empty: any
 };

@@ -17,11 +17,13 @@ namespace {
 enum ExitStatus { ExitEnded = 0, ExitNoBus = 1, ExitBadUsage = 2, ExitBusLost = 3 };
 
 const char* const kUsage =
-    "usage: mp-mpris [--data-dir DIR]\n"
+    "usage: mp-mpris [--data-dir DIR] [--follow NAME]\n"
     "Offers the media player on the session bus as org.mpris.MediaPlayer2.mediaplayer (or, when\n"
     "that name is taken, org.mpris.MediaPlayer2.mediaplayer.instance<pid>) until interrupted or\n"
     "the bus goes away. DIR is the player's data folder (default: MP_DATA_DIR, else the\n"
-    "player's own), where the titles of what plays are looked up.\n"
+    "player's own), where the titles of what plays are looked up. Without --follow the newest\n"
+    "player on the bus is offered; with it, only the player whose unique bus name is NAME\n"
+    "(mediaplayer --mpris starts its bridge so).\n"
     "Exit status: 0 ended, 1 no D-Bus session bus or no name to take, 2 bad usage,\n"
     "3 the session bus went away.\n";
 
@@ -42,10 +44,15 @@ int main(int argc, char** argv)
         std::fputs(kUsage, stdout);
         return ExitEnded;
     }
-    if (!arguments.isEmpty()) {
-        if (arguments.size() != 2 || arguments.at(0) != QLatin1String("--data-dir"))
-            return badUsage("expected nothing or --data-dir DIR");
-        qputenv("MP_DATA_DIR", QFileInfo(arguments.at(1)).absoluteFilePath().toLocal8Bit());
+    QString followed;
+    for (int i = 0; i < arguments.size(); i += 2) {
+        const QString& option = arguments.at(i);
+        if (i + 1 >= arguments.size() || (option != QLatin1String("--data-dir") && option != QLatin1String("--follow")))
+            return badUsage("expected --data-dir DIR and --follow NAME, each with its value");
+        if (option == QLatin1String("--follow"))
+            followed = arguments.at(i + 1);
+        else
+            qputenv("MP_DATA_DIR", QFileInfo(arguments.at(i + 1)).absoluteFilePath().toLocal8Bit());
     }
     if (!QDBusConnection::sessionBus().isConnected()) {
         std::fprintf(stderr, "mp-mpris: no D-Bus session bus (DBUS_SESSION_BUS_ADDRESS): the player cannot be offered\n");
@@ -54,6 +61,8 @@ int main(int argc, char** argv)
     DatabaseTrackLookup tracks;
     StoredPlaySettings settings;
     MprisBridge bridge(tracks, settings);
+    if (!followed.isEmpty())
+        bridge.followOnly(followed);
     QString error;
     if (!bridge.start(&error)) {
         std::fprintf(stderr, "mp-mpris: %s\n", qPrintable(error));

@@ -10,6 +10,7 @@
 #include <QDeadlineTimer>
 #include <QFile>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QCoreApplication>
 
 #include <functional>
@@ -425,10 +426,11 @@ TEST_F(PlayerProcessTest, ABridgeThatCannotStart_IsSaidWithItsCommand_AndThePlay
     ASSERT_TRUE(started) << m_playerSaid.toStdString();
     const QStringList said = m_playerSaid.split('\n').filter("mediaplayer: --mpris:");
     ASSERT_EQ(said.size(), 1) << m_playerSaid.toStdString();
+    // The bridge follows this player alone: its unique bus name, ":1.N".
     const QString command = "/nonexistent/emulator an option " + ProjectProgram::path("mp-mpris") + " --data-dir "
-                            + m_run.dataDir() + "/data";
-    EXPECT_TRUE(said[0].startsWith("mediaplayer: --mpris: cannot start " + command + ": ")) << said[0].toStdString();
-    EXPECT_GT(said[0].size(), ("mediaplayer: --mpris: cannot start " + command + ": ").size()) << "and why";
+                            + m_run.dataDir() + "/data --follow :1.";
+    EXPECT_TRUE(said[0].startsWith("mediaplayer: --mpris: cannot start " + command)) << said[0].toStdString();
+    EXPECT_TRUE(said[0].contains(QRegularExpression("--follow :1\\.\\d+: \\S"))) << "and why: " << said[0].toStdString();
     EXPECT_EQ(endPlayer(), 0);
 }
 
