@@ -2,13 +2,18 @@
 // it shows: the journaled service calls, action records and dialogs, and the
 // files and database rows the host services leave behind.
 
+#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QLineEdit>
+#include <QTimer>
 
 #include "host/platform/HostJournal.h"
+#include "host/platform/services/HostBookmarkEditor.h"
+#include "host/platform/toolkit/HostDialogs.h"
 #include "host/platform/media/database/MediaDatabase.h"
 #include "host/platform/toolkit/HostTranslations.h"
 #include "host/platform/services/HostBookmarkStore.h"
@@ -236,6 +241,31 @@ TEST_F(MP_ShareUtilityTest, Bookmarks_ASavedBookmarkIsAFileThatEditOpens)
                            QStringLiteral(R"({"args":["%1"],"bookmark":{"title":"rtsp://s.example/live","url":"rtsp://s.example/live"},)"
                                           R"("call":"editBookmark","kind":"service"})").arg(identity),
                            kCannotOpen}));
+}
+
+TEST_F(MP_ShareUtilityTest, Bookmarks_AtADisplayTheEditorSavesOrCancelsAndTheJournalSaysWhich)
+{
+    QString identity;
+    MP_ShareUtility::saveBookmark("rtsp://s.example/live", identity);
+    HostDialogs::setInteractive(true);
+    // The person: renames the bookmark in the editor that opens, then saves or cancels.
+    const auto editAndClose = [](bool save) {
+        QTimer::singleShot(0, [save] {
+            auto* editor = qobject_cast<HostBookmarkEditor*>(QApplication::activeModalWidget());
+            ASSERT_TRUE(editor) << "no editor opened";
+            editor->titleField().setText("Live");
+            save ? editor->accept() : editor->reject();
+        });
+    };
+    editAndClose(false);
+    MP_ShareUtility::editBookmark(identity);
+    editAndClose(true);
+    MP_ShareUtility::editBookmark(identity);
+    EXPECT_EQ(lines().mid(1), QStringList({QStringLiteral(R"({"answer":0,"args":["%1"],"bookmark":{"title":"rtsp://s.example/live",)"
+                                                          R"("url":"rtsp://s.example/live"},"call":"editBookmark","kind":"service"})").arg(identity),
+                                           QStringLiteral(R"({"answer":1,"args":["%1"],"bookmark":{"title":"rtsp://s.example/live",)"
+                                                          R"("url":"rtsp://s.example/live"},"call":"editBookmark","kind":"service"})").arg(identity)}));
+    EXPECT_EQ(readFile(identity), QByteArray("TITLE=Live\nURL=rtsp://s.example/live\n"));
 }
 
 TEST_F(MP_ShareUtilityTest, BuyMore_SetsTheStoredFlagAndFailsForAFileNotStored)
