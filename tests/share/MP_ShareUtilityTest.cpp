@@ -12,10 +12,10 @@
 #include <QTimer>
 
 #include "host/platform/HostJournal.h"
-#include "host/platform/services/HostBookmarkEditor.h"
-#include "host/platform/toolkit/HostDialogs.h"
 #include "host/platform/media/database/MediaDatabase.h"
+#include "host/platform/toolkit/HostDialogs.h"
 #include "host/platform/toolkit/HostTranslations.h"
+#include "host/platform/services/HostBookmarkEditor.h"
 #include "host/platform/services/HostBookmarkStore.h"
 #include "lists/MP_AufContext.h"
 #include "platform/MYSTUFF_DETAIL_WidgetUI.h"
@@ -261,10 +261,9 @@ TEST_F(MP_ShareUtilityTest, Bookmarks_AtADisplayTheEditorSavesOrCancelsAndTheJou
     MP_ShareUtility::editBookmark(identity);
     editAndClose(true);
     MP_ShareUtility::editBookmark(identity);
-    EXPECT_EQ(lines().mid(1), QStringList({QStringLiteral(R"({"answer":0,"args":["%1"],"bookmark":{"title":"rtsp://s.example/live",)"
-                                                          R"("url":"rtsp://s.example/live"},"call":"editBookmark","kind":"service"})").arg(identity),
-                                           QStringLiteral(R"({"answer":1,"args":["%1"],"bookmark":{"title":"rtsp://s.example/live",)"
-                                                          R"("url":"rtsp://s.example/live"},"call":"editBookmark","kind":"service"})").arg(identity)}));
+    const QString line = QStringLiteral(R"({"answer":%1,"args":["%2"],"bookmark":{"title":"rtsp://s.example/live",)"
+                                        R"("url":"rtsp://s.example/live"},"call":"editBookmark","kind":"service"})");
+    EXPECT_EQ(lines().mid(1), QStringList({line.arg(0).arg(identity), line.arg(1).arg(identity)}));
     EXPECT_EQ(readFile(identity), QByteArray("TITLE=Live\nURL=rtsp://s.example/live\n"));
 }
 
