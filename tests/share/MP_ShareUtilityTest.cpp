@@ -248,19 +248,16 @@ TEST_F(MP_ShareUtilityTest, Bookmarks_AtADisplayTheEditorSavesOrCancelsAndTheJou
     QString identity;
     MP_ShareUtility::saveBookmark("rtsp://s.example/live", identity);
     HostDialogs::setInteractive(true);
-    // The person: renames the bookmark in the editor that opens, then saves or cancels.
-    const auto editAndClose = [](bool save) {
+    for (const bool save : {false, true}) {
+        // The person renames the bookmark in the editor that opens, then cancels or saves.
         QTimer::singleShot(0, [save] {
             auto* editor = qobject_cast<HostBookmarkEditor*>(QApplication::activeModalWidget());
             ASSERT_TRUE(editor) << "no editor opened";
             editor->titleField().setText("Live");
             save ? editor->accept() : editor->reject();
         });
-    };
-    editAndClose(false);
-    MP_ShareUtility::editBookmark(identity);
-    editAndClose(true);
-    MP_ShareUtility::editBookmark(identity);
+        MP_ShareUtility::editBookmark(identity);
+    }
     const QString line = QStringLiteral(R"({"answer":%1,"args":["%2"],"bookmark":{"title":"rtsp://s.example/live",)"
                                         R"("url":"rtsp://s.example/live"},"call":"editBookmark","kind":"service"})");
     EXPECT_EQ(lines().mid(1), QStringList({line.arg(0).arg(identity), line.arg(1).arg(identity)}));

@@ -1,13 +1,11 @@
-// Shows the host's dialogs under a real display as a person meets them: the
-// bookmark editor, the music setup screen and a song's details. One picture a
-// dialog (saved in OUTPUT_FOLDER) shows the dialog standing out from the
-// background and its main field holding text; then the test types and presses
-// buttons as a person would and checks what is stored.
+// Shows the host's dialogs under a real display: the bookmark editor, the
+// music setup screen and a song's details. One picture a dialog (saved in
+// OUTPUT_FOLDER) must show it standing out from the background with text in
+// its main field; then keys and buttons are pressed as a person would, and
+// what is stored is checked. Exit 0, 1 when a check fails, 77 (skipped)
+// without an X display.
 //
 //   mp_dialog_shots OUTPUT_FOLDER
-//
-// Exit 0 when every dialog holds what it must, 1 when not, 77 (skipped)
-// without an X display.
 
 #include <QApplication>
 #include <QCheckBox>
