@@ -2,15 +2,20 @@
 // it shows: the journaled service calls, action records and dialogs, and the
 // files and database rows the host services leave behind.
 
+#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QLineEdit>
+#include <QTimer>
 
 #include "host/platform/HostJournal.h"
 #include "host/platform/media/database/MediaDatabase.h"
+#include "host/platform/toolkit/HostDialogs.h"
 #include "host/platform/toolkit/HostTranslations.h"
+#include "host/platform/services/HostBookmarkEditor.h"
 #include "host/platform/services/HostBookmarkStore.h"
 #include "lists/MP_AufContext.h"
 #include "platform/MYSTUFF_DETAIL_WidgetUI.h"
@@ -236,6 +241,27 @@ TEST_F(MP_ShareUtilityTest, Bookmarks_ASavedBookmarkIsAFileThatEditOpens)
                            QStringLiteral(R"({"args":["%1"],"bookmark":{"title":"rtsp://s.example/live","url":"rtsp://s.example/live"},)"
                                           R"("call":"editBookmark","kind":"service"})").arg(identity),
                            kCannotOpen}));
+}
+
+TEST_F(MP_ShareUtilityTest, Bookmarks_AtADisplayTheEditorSavesOrCancelsAndTheJournalSaysWhich)
+{
+    QString identity;
+    MP_ShareUtility::saveBookmark("rtsp://s.example/live", identity);
+    HostDialogs::setInteractive(true);
+    for (const bool save : {false, true}) {
+        // The person renames the bookmark in the editor that opens, then cancels or saves.
+        QTimer::singleShot(0, [save] {
+            auto* editor = qobject_cast<HostBookmarkEditor*>(QApplication::activeModalWidget());
+            ASSERT_TRUE(editor) << "no editor opened";
+            editor->titleField().setText("Live");
+            save ? editor->accept() : editor->reject();
+        });
+        MP_ShareUtility::editBookmark(identity);
+    }
+    const QString line = QStringLiteral(R"({"answer":%1,"args":["%2"],"bookmark":{"title":"rtsp://s.example/live",)"
+                                        R"("url":"rtsp://s.example/live"},"call":"editBookmark","kind":"service"})");
+    EXPECT_EQ(lines().mid(1), QStringList({line.arg(0).arg(identity), line.arg(1).arg(identity)}));
+    EXPECT_EQ(readFile(identity), QByteArray("TITLE=Live\nURL=rtsp://s.example/live\n"));
 }
 
 TEST_F(MP_ShareUtilityTest, BuyMore_SetsTheStoredFlagAndFailsForAFileNotStored)

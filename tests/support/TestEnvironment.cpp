@@ -22,6 +22,7 @@ void TestEnvironment::SetUp()
     HostPhone::reset();
     HostLaunchAction::clear();
     HostDialogs::clearAnswers();
+    HostDialogs::setInteractive(false);
     HostEngineClock::setManual(true);
     HostJournal::startCapture();
 }

@@ -2,6 +2,8 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
 #include <QSet>
 
 #include <algorithm>
@@ -95,6 +97,41 @@ std::optional<HostBookmark> HostBookmarkStore::read(const QString& identity)
     if (bookmark)
         bookmark->identity = identity;
     return bookmark;
+}
+
+bool HostBookmarkStore::isStoredHere(const QString& identity)
+{
+    // An identity is handed in from outside: only this store's own files are
+    // ever rewritten, never a file elsewhere that happens to parse, and never
+    // through a link to one.
+    const QFileInfo file(identity);
+    return file.isFile() && !file.isSymLink() && numberOf(file.fileName()) > 0
+        && file.canonicalPath() == QFileInfo(folder()).canonicalFilePath();
+}
+
+HostBookmarkStore::UpdateResult HostBookmarkStore::update(const QString& identity, const QString& title,
+                                                          const QString& url)
+{
+    if (!isStoredHere(identity) || !read(identity))
+        return UpdateResult::NotABookmark;
+    // A blank address would be stored but never open anything.
+    if (url.trimmed().isEmpty())
+        return UpdateResult::NoAddress;
+    const QByteArray bytes = format(title, url);
+    if (bytes.size() > kMaxFileBytes)
+        return UpdateResult::TooLong;
+    const QString dir = QFileInfo(identity).path();
+    if (!HostDataDir::isWritable(dir)) {
+        HostDataDir::reportReadOnly(dir);
+        return UpdateResult::NotWritten;
+    }
+    // QSaveFile writes a new file beside the old one, flushes it to the disk
+    // and renames it over the old one; until commit() succeeds the old file is
+    // untouched, and a failed write removes the new one.
+    QSaveFile file(identity);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+        return UpdateResult::NotWritten;
+    return UpdateResult::Stored;
 }
 
 QList<HostBookmark> HostBookmarkStore::all()

@@ -4,6 +4,8 @@
 // "TITLE=..." and "URL=..."; a new file never replaces one that is there.
 // A bookmark's identity is its file's full path,
 // so that it can be checked for with a plain file test and outlives the process.
+// An edited bookmark replaces its file whole: the new bytes go to a new file
+// that takes the old one's name in one step.
 
 #include <QByteArray>
 #include <QList>
@@ -30,6 +32,20 @@ public:
     /** Every stored bookmark, in the order they were added. */
     static QList<HostBookmark> all();
 
+    /** What update() did. */
+    enum class UpdateResult {
+        Stored,        ///< the bookmark now holds the new title and address
+        NotABookmark,  ///< the identity names no bookmark file of this store (gone, a link, elsewhere)
+        NoAddress,     ///< the address is empty or only blanks
+        TooLong,       ///< the file would be longer than kMaxFileBytes
+        NotWritten,    ///< the folder is read-only or the disk refused the bytes
+    };
+    /** Stores @p title and @p url in the bookmark at @p identity, in place of what
+     *  it held; the bytes are format()'s. The old file stays whole until the new
+     *  one has been written completely (a crash or a full disk leaves it as it
+     *  was). Anything but Stored writes nothing. */
+    static UpdateResult update(const QString& identity, const QString& title, const QString& url);
+
     /** Reads a bookmark file's bytes: the last TITLE and URL lines count, other
      *  lines and every carriage return are ignored; nothing without a non-empty
      *  URL or when longer than kMaxFileBytes. */
@@ -40,6 +56,8 @@ public:
 
 private:
     static QString folder();
+    /** Whether @p identity names a plain bookmark file in folder(), not a link. */
+    static bool isStoredHere(const QString& identity);
     /** N of a file named "bookmark-N.url"; 0 for any other name. */
     static int numberOf(const QString& fileName);
     /** The number of the next bookmark in @p dir: one above the highest, or the

@@ -4,16 +4,23 @@
 #include <QJsonObject>
 
 #include "host/platform/HostJournal.h"
+#include "host/platform/services/HostBookmarkEditor.h"
 #include "host/platform/services/HostBookmarkStore.h"
+#include "host/platform/toolkit/HostDialogs.h"
 
 bool WA_UTIL_VBookmark::editBookmark(const QString& bookmark)
 {
-    // The host has no browser to edit in: the journal shows which bookmark
-    // it would open and what it holds (null when it is not a bookmark).
+    // The journal shows which bookmark was opened and what it held (null
+    // when it is not a bookmark); at a display a person edits it, and the
+    // line, written when the editor closes, adds whether it was saved.
     const std::optional<HostBookmark> stored = HostBookmarkStore::read(bookmark);
     QJsonObject line{{"kind", "service"}, {"call", "editBookmark"}, {"args", QJsonArray{bookmark}}};
     line.insert(QStringLiteral("bookmark"),
                 stored ? QJsonValue(QJsonObject{{"title", stored->title}, {"url", stored->url}}) : QJsonValue());
+    if (stored && HostDialogs::isInteractive()) {
+        HostBookmarkEditor editor(*stored);
+        line.insert(QStringLiteral("answer"), editor.exec() == QDialog::Accepted ? 1 : 0);
+    }
     HostJournal::write(line);
     return stored.has_value();
 }

@@ -51,32 +51,44 @@ bool HostSetupDialog::storedRepeat() const
     return value;
 }
 
-void HostSetupDialog::exec()
+HostSetupDialog::~HostSetupDialog() = default;
+
+QDialog& HostSetupDialog::window()
 {
+    if (m_window)
+        return *m_window;
     // No Q_OBJECT here: the library is unloaded after every use, and nothing
     // of it may stay registered with Qt once the dialog is gone.
-    QDialog dialog;
+    m_window = std::make_unique<QDialog>();
+    QDialog& dialog = *m_window;
     dialog.setWindowTitle(m_video ? QStringLiteral("Video Setup") : QStringLiteral("Music Setup"));
-    auto* shuffle = new QComboBox(&dialog);
-    shuffle->addItem(QStringLiteral("Off"));
-    shuffle->addItem(m_video ? QStringLiteral("On") : QStringLiteral("Songs"));
+    m_shuffle = new QComboBox(&dialog);
+    m_shuffle->addItem(QStringLiteral("Off"));
+    m_shuffle->addItem(m_video ? QStringLiteral("On") : QStringLiteral("Songs"));
     if (!m_video)
-        shuffle->addItem(QStringLiteral("Albums"));
+        m_shuffle->addItem(QStringLiteral("Albums"));
     const int stored = storedShuffle();
-    shuffle->setCurrentIndex(stored >= 0 && stored < shuffle->count() ? stored : 0);
-    auto* repeat = new QCheckBox(&dialog);
-    repeat->setChecked(storedRepeat());
+    m_shuffle->setCurrentIndex(stored >= 0 && stored < m_shuffle->count() ? stored : 0);
+    m_repeat = new QCheckBox(&dialog);
+    m_repeat->setChecked(storedRepeat());
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, &dialog);
     QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
     QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+    // The window lives in this object and dies with it, so it may call back.
+    QObject::connect(&dialog, &QDialog::accepted, &dialog,
+                     [this] { apply(m_shuffle->currentIndex(), m_repeat->isChecked()); });
     auto* form = new QFormLayout;
-    form->addRow(QStringLiteral("Shuffle"), shuffle);
-    form->addRow(QStringLiteral("Repeat"), repeat);
+    form->addRow(QStringLiteral("Shuffle"), m_shuffle);
+    form->addRow(QStringLiteral("Repeat"), m_repeat);
     auto* layout = new QVBoxLayout(&dialog);
     layout->addLayout(form);
     layout->addWidget(buttons);
-    if (dialog.exec() == QDialog::Accepted)
-        apply(shuffle->currentIndex(), repeat->isChecked());
+    return dialog;
+}
+
+void HostSetupDialog::exec()
+{
+    window().exec();
 }
 
 void HostSetupDialog::apply(int shuffle, bool repeat)

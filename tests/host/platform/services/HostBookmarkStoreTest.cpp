@@ -19,6 +19,11 @@ protected:
             result << bookmark.title + QLatin1Char(' ') + bookmark.url;
         return result;
     }
+    static QByteArray bytesOf(const QString& path)
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(unreadable)");
+    }
 };
 
 TEST_F(HostBookmarkStoreTest, AStoredBookmarkIsReadBackAfterARestartAndNumbersGoOn)
@@ -52,6 +57,34 @@ TEST_F(HostBookmarkStoreTest, NothingIsStoredWithoutAnAddressOrTooLongToReadBack
     EXPECT_TRUE(HostBookmarkStore::add("No address", QString()).isNull());
     EXPECT_TRUE(HostBookmarkStore::add(QString(int(HostBookmarkStore::kMaxFileBytes), QLatin1Char('t')), "http://a").isNull());
     EXPECT_TRUE(titles().isEmpty());
+}
+
+TEST_F(HostBookmarkStoreTest, Update_ReplacesTheFileWholeOrWritesNothing)
+{
+    using Result = HostBookmarkStore::UpdateResult;
+    const QString identity = HostBookmarkStore::add("One", "http://a/1");
+    const QByteArray one = "TITLE=One\nURL=http://a/1\n";
+    // Files that parse as bookmarks but are not this store's to rewrite.
+    const QStringList strangers = {writeDataFile("bookmarks/notes.txt", one), writeDataFile("elsewhere/bookmark-1.url", one),
+                                   dataPath("bookmarks/bookmark-2.url"), dataPath("bookmarks/bookmark-3.url")};
+    ASSERT_TRUE(QFile::link(identity, strangers.at(2)));
+    for (const QString& stranger : strangers)
+        EXPECT_EQ(HostBookmarkStore::update(stranger, "X", "http://x"), Result::NotABookmark) << qPrintable(stranger);
+    EXPECT_FALSE(QFile::exists(strangers.at(3))) << "a missing bookmark is not made";
+    EXPECT_EQ(HostBookmarkStore::update(identity, "Blank", " \n"), Result::NoAddress);
+    EXPECT_EQ(HostBookmarkStore::update(identity, QString(int(HostBookmarkStore::kMaxFileBytes), QLatin1Char('t')), "http://a"),
+              Result::TooLong);
+    qputenv("MP_DATA_READ_ONLY", "1");
+    EXPECT_EQ(HostBookmarkStore::update(identity, "Read-only", "http://a/r"), Result::NotWritten);
+    qunsetenv("MP_DATA_READ_ONLY");
+    for (const QString& path : {identity, strangers.at(0), strangers.at(1)})
+        EXPECT_EQ(bytesOf(path), one) << qPrintable(path);
+
+    EXPECT_EQ(HostBookmarkStore::update(identity, "Two\nlines", "http://a/2\r"), Result::Stored);
+    EXPECT_EQ(bytesOf(identity), QByteArray("TITLE=Two lines\nURL=http://a/2 \n"));
+    EXPECT_EQ(QDir(dataPath("bookmarks")).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+              QStringList({"bookmark-1.url", "bookmark-2.url", "notes.txt"}))
+        << "the new file took the old one's name and left nothing beside it";
 }
 
 TEST_F(HostBookmarkStoreTest, Parse_TakesTheLastTitleAndAddressAndIgnoresTheRest)

@@ -1,0 +1,23 @@
+#include "host/platform/toolkit/HostDetailsDialog.h"
+
+#include <QDateTime>
+#include <QFileInfo>
+#include <QLocale>
+
+HostDetailsDialog::HostDetailsDialog(const QString& path, const MediaMetaInfo* info, QWidget* parent)
+    : QMessageBox(QMessageBox::Information, QStringLiteral("Details"), describe(path, info), QMessageBox::Ok,
+                  parent)
+{
+}
+
+QString HostDetailsDialog::describe(const QString& path, const MediaMetaInfo* info)
+{
+    const QFileInfo file(path);
+    QString text = QStringLiteral("%1\n%2 bytes\n%3")
+                       .arg(file.fileName())
+                       .arg(file.size())
+                       .arg(QLocale().toString(file.lastModified(), QLocale::ShortFormat));
+    if (info)
+        text += QStringLiteral("\n%1\n%2\n%3").arg(info->title, info->artist, info->album);
+    return text;
+}
