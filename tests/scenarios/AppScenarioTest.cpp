@@ -19,6 +19,12 @@
 
 namespace {
 
+bool writeFile(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly | QIODevice::Truncate) && file.write(bytes) == bytes.size();
+}
+
 QList<int> states(const ScenarioRun& scenario)
 {
     QList<int> result;
@@ -49,10 +55,7 @@ TEST(AppScenarioTest, WithoutADisplay_EndsWhenNothingWillPlayAndSaysWhy)
 
     // A database that is none: refused once, and named as the reason.
     const QString database = scenario.dataDir() + "/data/metadata.db";
-    QFile::remove(database);
-    QFile garbage(database);
-    ASSERT_TRUE(garbage.open(QIODevice::WriteOnly) && garbage.write(QByteArray(4096, 'x')) == 4096);
-    garbage.close();
+    ASSERT_TRUE(writeFile(database, QByteArray(4096, 'x')));
     EXPECT_EQ(scenario.runWithoutScript({}), 3);
     EXPECT_EQ(scenario.errorOutput(), "mp.host.metadata: cannot use " + database + " : file is not a database\n"
                                       "mediaplayer: nothing to play: the media database cannot be used (" + database
@@ -94,9 +97,7 @@ TEST(AppScenarioTest, Output_TheMediaOutputEndsOnAFileItsDecoderRefuses_ABadChoi
 {
     ScenarioRun scenario;
     const QString broken = scenario.dataDir() + "/broken.mp4";
-    QFile file(broken);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("not really a video") > 0);
-    file.close();
+    ASSERT_TRUE(writeFile(broken, "not really a video"));
 
     // The clock would play it for TagLib's stand-in time; the decoder refuses it at once.
     EXPECT_EQ(scenario.runWithoutScript({"--output", "media", broken}), 3);
@@ -111,9 +112,7 @@ TEST(AppScenarioTest, Journal_EachRunWritesItsOwn_OneThatCannotBeWrittenIsBadUsa
 {
     ScenarioRun scenario;
     const QString journal = scenario.dataDir() + "/own.jsonl";
-    QFile earlier(journal);
-    ASSERT_TRUE(earlier.open(QIODevice::WriteOnly) && earlier.write("an earlier run's line\n") > 0);
-    earlier.close();
+    ASSERT_TRUE(writeFile(journal, "an earlier run's line\n"));
     EXPECT_EQ(scenario.runWithoutScript({"--journal", journal, "--action", "PlayMediaInMediaPlayer",
                                          "Launcher=HomeScreen"}), 3);
     EXPECT_FALSE(Journal::readFile(journal).isEmpty());
