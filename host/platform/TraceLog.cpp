@@ -22,6 +22,12 @@ void LOG_VTrace(const char* module, int level, const char* format, va_list args)
     // One line of one thread at a time: the stream's lock is held across the
     // module's tag and the text, so another thread's line cannot come between.
     flockfile(out);
+    // A text that begins with line breaks gets them before its tag, so that
+    // the tag stands on the line of the words it names.
+    while (*format == '\n') {
+        std::fputc('\n', out);
+        ++format;
+    }
     std::fprintf(out, "[%s] ", module);
     std::vfprintf(out, format, args);
     std::fflush(out);

@@ -15,6 +15,7 @@
 #include "lists/MP_AufList.h"
 #include "lists/MP_RecentList.h"
 #include "platform/QCopChannel.h"
+#include "tests/lists/TraceCapture.h"
 #include "tests/support/EngineRelease.h"
 #include "tests/support/SongBuilder.h"
 #include "tests/support/TestEnvironment.h"
@@ -173,6 +174,12 @@ TEST_F(MP_MediafinderClientTest, ListDescriptionThatDoesNotHoldItsKind_SendsAndS
     client->sendNowPlayingItem();
     client->updateListInfo(nullptr);
     EXPECT_EQ(sent(), QStringList{"MediaplayerStarted() "});
+
+    // A trace text that begins with a line break has its tag after it, beside its words.
+    TraceCapture trace;
+    client->updateTime(0, 0);
+    EXPECT_TRUE(trace.text().startsWith("\n[MP_MediafinderClient] Enter MP_MediafinderClient::updateTime\n"))
+        << trace.text().constData();
 }
 
 TEST_F(MP_MediafinderClientTest, Requests_StatusBeforeAndAfterAnItem_UnhideAndEverythingElseIgnored)
