@@ -287,7 +287,8 @@ void MP_WindowClient::setMenuTextAndSlot(const MENUITEM_PROPERTY* table, int cou
 void MP_WindowClient::connectMenuItem(int id, QObject* receiver, const char* slot)
 {
     // A record whose command is not a slot of its receiver would leave an
-    // item that does nothing when chosen: said as an error.
+    // item that does nothing when chosen: said in the trace, where the
+    // menu tests look for it.
     if (!m_optionsMenu->connectItem(id, receiver, slot))
         WindowClientTrace(3, "MP_WindowClient: item %d cannot run %s\n", id, slot + 1);
 }

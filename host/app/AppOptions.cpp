@@ -96,7 +96,7 @@ QString AppOptions::usage()
         "  FILE                      the file passed to the player at creation\n"
         "  --action NAME key=value.. the launch action (e.g. PlayMediaInMediaPlayer Launcher=HomeScreen)\n"
         "  --data-dir DIR            the host platform's data folder (settings, media database)\n"
-        "  --journal FILE            write the journal of every effect to FILE\n"
+        "  --journal FILE            write the journal of every effect to FILE (emptied first)\n"
         "  --log FILE                write the library's trace lines to FILE instead of standard output\n"
         "  --folder PATH             play the media files of a folder in name order (PATH a folder:\n"
         "                            from its first audio or video file; PATH a file: from that file)\n"

@@ -1,9 +1,9 @@
-#include "host/platform/media/database/MediaDatabase.h"
 #include "host/app/HeadlessWatch.h"
 
 #include "host/app/AppOptions.h"
 #include "host/app/PlayerSession.h"
 #include "host/engine/HostEngine.h"
+#include "host/platform/media/database/MediaDatabase.h"
 #include "host/platform/toolkit/HostDialogs.h"
 #include "host/words/ScriptWords.h"
 #include "lists/MP_ListInterface.h"

@@ -72,16 +72,26 @@ void ensureRuntimeDir()
         qputenv("XDG_RUNTIME_DIR", dir);
 }
 
-// A run's journal is its own: lines of an earlier run in the same file would
-// be read as this run's. Checked before anything is played, as the log is.
-bool startJournal(const QString& path)
+// Whether the journal FILE can be written; said when not. Checked before
+// anything is played, as the log is; nothing in it is touched yet, so a
+// refused command line leaves an earlier run's journal as it was.
+bool canWriteJournal(const QString& path)
 {
     QFile journal(path);
-    if (journal.open(QIODevice::WriteOnly | QIODevice::Truncate))
+    if (journal.open(QIODevice::Append))
         return true;
     std::fprintf(stderr, "mediaplayer: --journal: cannot write %s: %s\n", qPrintable(path),
                  qPrintable(journal.errorString()));
     return false;
+}
+
+// A run's journal is its own: lines of an earlier run in the same file would
+// be read as this run's. Emptied once the command line has been taken, before
+// the first line is written.
+void startJournal(const QString& path)
+{
+    if (!path.isEmpty())
+        QFile::resize(path, 0);
 }
 
 QString libraryPath()
@@ -170,7 +180,7 @@ int main(int argc, char** argv)
             return ExitBadUsage;
         }
     }
-    if (!options.journal.isEmpty() && !startJournal(options.journal))
+    if (!options.journal.isEmpty() && !canWriteJournal(options.journal))
         return ExitBadUsage;
     exportPaths(options);
     ensureRuntimeDir();
@@ -192,6 +202,7 @@ int main(int argc, char** argv)
 
     if (!chooseLanguage(options))
         return ExitBadUsage;
+    startJournal(options.journal);
     HostPhone::prepareDataFolder();
 
     MainWindowLibrary library;

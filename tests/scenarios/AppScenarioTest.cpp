@@ -5,6 +5,7 @@
 #include "tests/support/ProjectProgram.h"
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QProcess>
 #include <QSet>
@@ -60,6 +61,12 @@ TEST(AppScenarioTest, WithoutADisplay_EndsWhenNothingWillPlayAndSaysWhy)
     EXPECT_EQ(scenario.errorOutput(), "mp.host.metadata: cannot use " + database + " : file is not a database\n"
                                       "mediaplayer: nothing to play: the media database cannot be used (" + database
                                           + ": file is not a database)\n");
+    // One that cannot even be opened (a folder stands in its place), the same.
+    ASSERT_TRUE(QFile::remove(database) && QDir().mkpath(database));
+    EXPECT_EQ(scenario.runWithoutScript({}), 3);
+    EXPECT_EQ(scenario.errorOutput(), "mp.host.metadata: cannot use " + database + " : unable to open database file\n"
+                                      "mediaplayer: nothing to play: the media database cannot be used (" + database
+                                          + ": unable to open database file)\n");
 }
 
 // The engine steps past files that are gone a part of the run at a time: its
@@ -113,6 +120,8 @@ TEST(AppScenarioTest, Journal_EachRunWritesItsOwn_OneThatCannotBeWrittenIsBadUsa
     ScenarioRun scenario;
     const QString journal = scenario.dataDir() + "/own.jsonl";
     ASSERT_TRUE(writeFile(journal, "an earlier run's line\n"));
+    EXPECT_EQ(scenario.runWithoutScript({"--journal", journal, "--lang", "xx"}), 64);
+    EXPECT_EQ(QFileInfo(journal).size(), 22) << "a refused command line leaves it as it was";
     EXPECT_EQ(scenario.runWithoutScript({"--journal", journal, "--action", "PlayMediaInMediaPlayer",
                                          "Launcher=HomeScreen"}), 3);
     EXPECT_FALSE(Journal::readFile(journal).isEmpty());

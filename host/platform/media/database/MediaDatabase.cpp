@@ -69,20 +69,21 @@ std::optional<QByteArray> prepareConnection(sqlite3* db, bool isReadOnly, QStrin
     return mode;
 }
 
-sqlite3* openWith(const QByteArray& name, int flags)
+// Null with the reason in @p problem when the file cannot be opened.
+sqlite3* openWith(const QByteArray& name, int flags, QString* problem)
 {
     sqlite3* db = nullptr;
     if (sqlite3_open_v2(name.constData(), &db, flags | SQLITE_OPEN_NOMUTEX, nullptr) != SQLITE_OK) {
-        qCWarning(lcMetadata) << "cannot open" << name << ":" << sqlite3_errmsg(db);
+        *problem = QString::fromUtf8(sqlite3_errmsg(db));
         sqlite3_close(db);
         return nullptr;
     }
     return db;
 }
 
-sqlite3* openReadWrite(const QString& file)
+sqlite3* openReadWrite(const QString& file, QString* problem)
 {
-    return openWith(QFile::encodeName(file), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+    return openWith(QFile::encodeName(file), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, problem);
 }
 
 // A file in write-ahead-log mode is read through a shared-memory index
@@ -90,16 +91,16 @@ sqlite3* openReadWrite(const QString& file)
 // one, reading through it sees that writer's commits. Otherwise the file is
 // read as one that nobody changes: trying the index would make it, and its
 // log, in a folder that is not to be written, or fail where it cannot be.
-sqlite3* openReadOnly(const QString& file)
+sqlite3* openReadOnly(const QString& file, QString* problem)
 {
     const QByteArray uri = QUrl::fromLocalFile(file).toEncoded();
     if (QFileInfo::exists(file + QStringLiteral("-shm"))) {
-        sqlite3* db = openWith(uri + "?mode=ro", SQLITE_OPEN_READONLY | SQLITE_OPEN_URI);
+        sqlite3* db = openWith(uri + "?mode=ro", SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, problem);
         if (db && sqlite3_exec(db, "SELECT count(*) FROM sqlite_schema", nullptr, nullptr, nullptr) == SQLITE_OK)
             return db;
         sqlite3_close(db);
     }
-    return openWith(uri + "?immutable=1", SQLITE_OPEN_READONLY | SQLITE_OPEN_URI);
+    return openWith(uri + "?immutable=1", SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, problem);
 }
 
 } // namespace
@@ -119,11 +120,13 @@ std::unique_ptr<MediaDatabase> MediaDatabase::open(const QString& file)
         QFileInfo::exists(file) && !(HostDataDir::isWritable(folder) && HostDataDir::isWritable(file));
     if (isReadOnly)
         HostDataDir::reportReadOnly(folder);
-    sqlite3* db = isReadOnly ? openReadOnly(file) : openReadWrite(file);
-    if (!db)
-        return nullptr;
-    sqlite3_busy_timeout(db, kBusyTimeoutMs);
     QString problem;
+    sqlite3* db = isReadOnly ? openReadOnly(file, &problem) : openReadWrite(file, &problem);
+    if (!db) {
+        refuse(file, problem);
+        return nullptr;
+    }
+    sqlite3_busy_timeout(db, kBusyTimeoutMs);
     const std::optional<QByteArray> journalMode = prepareConnection(db, isReadOnly, &problem);
     const bool isUsable = journalMode
                           && (isReadOnly ? MediaDatabaseSchema::isCurrent(db, &problem)
@@ -190,7 +193,7 @@ std::unique_ptr<SqliteTransaction> MediaDatabase::beginTransaction()
 std::unique_ptr<SqliteTransaction> MediaDatabase::beginTransactionWithoutWaiting()
 {
     sqlite3_busy_timeout(m_db, 0);
-    std::unique_ptr<SqliteTransaction> transaction = beginTransaction();
+    auto transaction = std::make_unique<SqliteTransaction>(m_db, SqliteTransaction::Kind::WriteIfFree);
     sqlite3_busy_timeout(m_db, kBusyTimeoutMs);
     return transaction;
 }

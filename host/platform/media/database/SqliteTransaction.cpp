@@ -6,9 +6,10 @@
 #include "host/platform/media/database/SqliteStatement.h"
 
 SqliteTransaction::SqliteTransaction(sqlite3* db, Kind kind, StatementSource statements)
-    : m_db(db), m_statements(std::move(statements)), m_isOutermost(sqlite3_get_autocommit(db) != 0), m_isActive(false)
+    : m_db(db), m_kind(kind), m_statements(std::move(statements)), m_isOutermost(sqlite3_get_autocommit(db) != 0),
+      m_isActive(false)
 {
-    const char* begin = kind == Kind::Write ? "BEGIN IMMEDIATE" : "BEGIN DEFERRED";
+    const char* begin = kind == Kind::Read ? "BEGIN DEFERRED" : "BEGIN IMMEDIATE";
     m_isActive = execute(m_isOutermost ? begin : "SAVEPOINT nested");
 }
 
@@ -47,7 +48,9 @@ bool SqliteTransaction::executeParsed(const char* sql)
     char* message = nullptr;
     if (sqlite3_exec(m_db, sql, nullptr, nullptr, &message) == SQLITE_OK)
         return true;
-    qCWarning(lcMetadata) << sql << "failed:" << (message ? message : sqlite3_errmsg(m_db));
+    const bool isExpected = m_kind == Kind::WriteIfFree && sqlite3_errcode(m_db) == SQLITE_BUSY;
+    if (!isExpected)
+        qCWarning(lcMetadata) << sql << "failed:" << (message ? message : sqlite3_errmsg(m_db));
     sqlite3_free(message);
     return false;
 }

@@ -13,7 +13,10 @@ struct sqlite3;
 
 class SqliteTransaction {
 public:
-    enum class Kind { Write, Read };
+    /** WriteIfFree is a write transaction for work that can as well be done later:
+     *  when another connection holds the write lock it stays inactive without a warning
+     *  (the connection's busy wait decides how long it tries). */
+    enum class Kind { Write, Read, WriteIfFree };
 
     /** Gives a statement prepared from the SQL, kept by the database connection. */
     using StatementSource = std::function<SqliteStatement&(const QByteArray& sql)>;
@@ -39,6 +42,7 @@ private:
     bool executeParsed(const char* sql);
 
     sqlite3* m_db;
+    Kind m_kind;
     StatementSource m_statements;
     bool m_isOutermost;
     bool m_isActive;

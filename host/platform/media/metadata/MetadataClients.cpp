@@ -3,8 +3,8 @@
 #include <cstdlib>
 
 #include "host/platform/media/database/MediaDatabase.h"
-#include "host/platform/media/metadata/MetadataConnection.h"
 #include "host/platform/media/database/MetadataLog.h"
+#include "host/platform/media/metadata/MetadataConnection.h"
 
 MetadataClients& MetadataClients::instance()
 {

@@ -139,10 +139,10 @@ private:
         Held,               ///< not moved: a change concerns the client, or nothing could be decided
         HeldForMediaChange, ///< not moved: a media change alters what the client's group searches return
     };
-    /** Moves the snapshot to the newest state when everything committed since it was
-     *  taken leaves what the client reads as it was. */
     /** Whether a move waits for another program's write lock (up to the busy limit). */
     enum class LockWait { Wait, DoNotWait };
+    /** Moves the snapshot to the newest state when everything committed since it was
+     *  taken leaves what the client reads as it was. */
     SnapshotMove moveSnapshotPastUnreadChanges(LockWait wait = LockWait::Wait);
 
     unsigned int m_handle;
