@@ -444,6 +444,17 @@ TEST_F(PlayerProcessTest, TheBridgeEndsWithAKilledPlayerThatStartedIt_AndWithIts
     ASSERT_TRUE(waitFor([&] { return busNameOwned("org.mpris.MediaPlayer2.mediaplayer", &bridgePid); }))
         << "the player's bridge never came on the bus; the player said:\n" << m_playerSaid.toStdString();
     ASSERT_NE(bridgePid, 0u);
+
+    // A second player with a bridge of its own: the first bridge goes on
+    // showing its own player, not the newer one.
+    ASSERT_TRUE(connectTest());
+    ASSERT_TRUE(waitFor([] { return title() == "First Light"; })) << title().toStdString();
+    ASSERT_TRUE(startPlayerOn(m_second, "second", albumScript(2), "await: listening on TEST/Control for done",
+                              {"--mpris"}));
+    for (int read = 0; read < 20; ++read)
+        ASSERT_EQ(title().toStdString(), "First Light") << "read " << read;
+    m_second.kill();
+    ASSERT_TRUE(m_second.waitForFinished(kWaitMs));
     m_player.kill();
     ASSERT_TRUE(m_player.waitForFinished(kWaitMs));
     EXPECT_TRUE(waitFor([&] {
