@@ -60,8 +60,14 @@ void PlayerSession::finish()
 QString PlayerSession::folderStartFile(const QString& path, QString* error)
 {
     const QFileInfo info(path);
-    if (info.isFile())
-        return info.absoluteFilePath();
+    if (info.isFile()) {
+        // The folder list lists the files of the start file's media class:
+        // another kind of file (a play list, a picture) would list nothing.
+        if (UTIL_MimeType::isAudio(info.absoluteFilePath()) || UTIL_MimeType::isVideo(info.absoluteFilePath()))
+            return info.absoluteFilePath();
+        *error = QStringLiteral("%1 is not an audio or video file").arg(ScriptWords::excerpt(path));
+        return QString();
+    }
     if (!info.isDir()) {
         *error = QStringLiteral("no folder or file %1").arg(ScriptWords::excerpt(path));
         return QString();

@@ -191,6 +191,12 @@ TEST(AppScenarioTest, Folder_PlaysItsFilesInNameOrder)
     EXPECT_EQ(scenario.titlesPlayed().join(" | "), "Paper Boats | Paper Boats | Rain on Glass | Lanterns");
     EXPECT_FALSE(states(scenario).contains(7)) << "no entry failed to play";
     EXPECT_EQ(states(scenario).last(), 8);
+
+    // A start file of no media class would list nothing: refused at once.
+    ASSERT_TRUE(writeFile(folder.filePath("list.m3u"), "01 Paper Boats.wav\n"));
+    EXPECT_EQ(scenario.runWithoutScript({"--folder", folder.filePath("list.m3u")}), 64);
+    EXPECT_EQ(scenario.errorOutput(), "mediaplayer: --folder: \"" + folder.filePath("list.m3u")
+                                          + "\" is not an audio or video file\n");
 }
 
 TEST(AppScenarioTest, Library_ExportsTheEntryPointsAndTheFolderListOnly)
