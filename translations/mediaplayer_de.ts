@@ -183,5 +183,73 @@
         <source>%1 files</source>
         <translation>%1 Dateien</translation>
     </message>
+    <message id="HOST_BUTTON_OK">
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message id="HOST_BOOKMARK_TITLE">
+        <source>Title</source>
+        <translation>Titel</translation>
+    </message>
+    <message id="HOST_BOOKMARK_ADDRESS">
+        <source>Address</source>
+        <translation>Adresse</translation>
+    </message>
+    <message id="HOST_BOOKMARK_NO_ADDRESS">
+        <source>Enter an address: a bookmark without one opens nothing.</source>
+        <translation>Geben Sie eine Adresse ein: Ein Lesezeichen ohne Adresse öffnet nichts.</translation>
+    </message>
+    <message id="HOST_BOOKMARK_TOO_LONG">
+        <source>The title and address are too long to store.</source>
+        <translation>Titel und Adresse sind zu lang zum Speichern.</translation>
+    </message>
+    <message id="HOST_BOOKMARK_GONE">
+        <source>This bookmark is no longer stored.</source>
+        <translation>Dieses Lesezeichen ist nicht mehr gespeichert.</translation>
+    </message>
+    <message id="HOST_BOOKMARK_NOT_SAVED">
+        <source>The bookmark could not be saved: the disk is full or read-only.</source>
+        <translation>Das Lesezeichen konnte nicht gespeichert werden: Der Datenträger ist voll oder schreibgeschützt.</translation>
+    </message>
+    <message id="HOST_SETUP_MUSIC">
+        <source>Music Setup</source>
+        <translation>Musik-Einstellungen</translation>
+    </message>
+    <message id="HOST_SETUP_VIDEO">
+        <source>Video Setup</source>
+        <translation>Video-Einstellungen</translation>
+    </message>
+    <message id="HOST_SETUP_SHUFFLE">
+        <source>Shuffle</source>
+        <translation>Zufallswiedergabe</translation>
+    </message>
+    <message id="HOST_SETUP_REPEAT">
+        <source>Repeat</source>
+        <translation>Wiederholen</translation>
+    </message>
+    <message id="HOST_SETUP_OFF">
+        <source>Off</source>
+        <translation>Aus</translation>
+    </message>
+    <message id="HOST_SETUP_ON">
+        <source>On</source>
+        <translation>Ein</translation>
+    </message>
+    <message id="HOST_SETUP_SONGS">
+        <source>Songs</source>
+        <translation>Titel</translation>
+    </message>
+    <message id="HOST_SETUP_ALBUMS">
+        <source>Albums</source>
+        <translation>Alben</translation>
+    </message>
+    <message id="HOST_DETAILS">
+        <source>Details</source>
+        <translation>Details</translation>
+    </message>
+    <message id="HOST_DETAILS_BYTES">
+        <source>%2 bytes</source>
+        <translation>%2 Bytes</translation>
+    </message>
 </context>
 </TS>

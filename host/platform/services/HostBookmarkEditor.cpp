@@ -6,6 +6,9 @@
 #include <QLabel>
 #include <QLineEdit>
 
+#include "host/platform/toolkit/HostDialogButtons.h"
+#include "platform/TextResources.h"
+
 HostBookmarkEditor::HostBookmarkEditor(const HostBookmark& bookmark, QWidget* parent)
     : QDialog(parent),
       m_identity(bookmark.identity),
@@ -14,7 +17,7 @@ HostBookmarkEditor::HostBookmarkEditor(const HostBookmark& bookmark, QWidget* pa
       m_message(new QLabel(this)),
       m_buttons(new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this))
 {
-    setWindowTitle(QStringLiteral("Edit Bookmark"));
+    setWindowTitle(MP_tr("TXT_RID_OPTION_EDIT_BOOKMARK", "Edit Bookmark"));
     m_title->setObjectName(QStringLiteral("title"));
     m_address->setObjectName(QStringLiteral("address"));
     m_message->setObjectName(QStringLiteral("message"));
@@ -22,12 +25,13 @@ HostBookmarkEditor::HostBookmarkEditor(const HostBookmark& bookmark, QWidget* pa
     m_message->hide();
     // A long address should be seen whole enough to be checked.
     m_address->setMinimumWidth(fontMetrics().averageCharWidth() * 32);
+    HostDialogButtons::translate(*m_buttons);
     connect(m_buttons, &QDialogButtonBox::accepted, this, &HostBookmarkEditor::accept);
     connect(m_buttons, &QDialogButtonBox::rejected, this, &HostBookmarkEditor::reject);
 
     auto* form = new QFormLayout;
-    form->addRow(QStringLiteral("Title"), m_title);
-    form->addRow(QStringLiteral("Address"), m_address);
+    form->addRow(MP_tr("HOST_BOOKMARK_TITLE", "Title"), m_title);
+    form->addRow(MP_tr("HOST_BOOKMARK_ADDRESS", "Address"), m_address);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(form);
     layout->addWidget(m_message);
@@ -55,13 +59,13 @@ QString HostBookmarkEditor::refusal(HostBookmarkStore::UpdateResult result)
 {
     switch (result) {
     case HostBookmarkStore::UpdateResult::NoAddress:
-        return QStringLiteral("Enter an address: a bookmark without one opens nothing.");
+        return MP_tr("HOST_BOOKMARK_NO_ADDRESS", "Enter an address: a bookmark without one opens nothing.");
     case HostBookmarkStore::UpdateResult::TooLong:
-        return QStringLiteral("The title and address are too long to store.");
+        return MP_tr("HOST_BOOKMARK_TOO_LONG", "The title and address are too long to store.");
     case HostBookmarkStore::UpdateResult::NotABookmark:
-        return QStringLiteral("This bookmark is no longer stored.");
+        return MP_tr("HOST_BOOKMARK_GONE", "This bookmark is no longer stored.");
     case HostBookmarkStore::UpdateResult::NotWritten:
-        return QStringLiteral("The bookmark could not be saved: the disk is full or read-only.");
+        return MP_tr("HOST_BOOKMARK_NOT_SAVED", "The bookmark could not be saved: the disk is full or read-only.");
     case HostBookmarkStore::UpdateResult::Stored:
         break;
     }

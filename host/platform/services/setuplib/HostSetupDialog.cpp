@@ -10,9 +10,11 @@
 #include <QFormLayout>
 
 #include "host/contracts/SetupChangeChannel.h"
+#include "host/platform/toolkit/HostDialogButtons.h"
 #include "platform/QCopChannel.h"
 #include "platform/SETUP_SET_Manager.h"
 #include "platform/StreamEncoding.h"
+#include "platform/TextResources.h"
 
 namespace {
 
@@ -61,25 +63,26 @@ QDialog& HostSetupDialog::window()
     // of it may stay registered with Qt once the dialog is gone.
     m_window = std::make_unique<QDialog>();
     QDialog& dialog = *m_window;
-    dialog.setWindowTitle(m_video ? QStringLiteral("Video Setup") : QStringLiteral("Music Setup"));
+    dialog.setWindowTitle(m_video ? MP_tr("HOST_SETUP_VIDEO", "Video Setup") : MP_tr("HOST_SETUP_MUSIC", "Music Setup"));
     m_shuffle = new QComboBox(&dialog);
-    m_shuffle->addItem(QStringLiteral("Off"));
-    m_shuffle->addItem(m_video ? QStringLiteral("On") : QStringLiteral("Songs"));
+    m_shuffle->addItem(MP_tr("HOST_SETUP_OFF", "Off"));
+    m_shuffle->addItem(m_video ? MP_tr("HOST_SETUP_ON", "On") : MP_tr("HOST_SETUP_SONGS", "Songs"));
     if (!m_video)
-        m_shuffle->addItem(QStringLiteral("Albums"));
+        m_shuffle->addItem(MP_tr("HOST_SETUP_ALBUMS", "Albums"));
     const int stored = storedShuffle();
     m_shuffle->setCurrentIndex(stored >= 0 && stored < m_shuffle->count() ? stored : 0);
     m_repeat = new QCheckBox(&dialog);
     m_repeat->setChecked(storedRepeat());
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, &dialog);
+    HostDialogButtons::translate(*buttons);
     QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
     QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
     // The window lives in this object and dies with it, so it may call back.
     QObject::connect(&dialog, &QDialog::accepted, &dialog,
                      [this] { apply(m_shuffle->currentIndex(), m_repeat->isChecked()); });
     auto* form = new QFormLayout;
-    form->addRow(QStringLiteral("Shuffle"), m_shuffle);
-    form->addRow(QStringLiteral("Repeat"), m_repeat);
+    form->addRow(MP_tr("HOST_SETUP_SHUFFLE", "Shuffle"), m_shuffle);
+    form->addRow(MP_tr("HOST_SETUP_REPEAT", "Repeat"), m_repeat);
     auto* layout = new QVBoxLayout(&dialog);
     layout->addLayout(form);
     layout->addWidget(buttons);

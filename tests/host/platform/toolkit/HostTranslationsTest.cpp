@@ -1,5 +1,13 @@
 #include <gtest/gtest.h>
 
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "host/platform/services/HostBookmarkEditor.h"
+#include "host/platform/toolkit/HostDetailsDialog.h"
 #include "host/platform/toolkit/HostTranslations.h"
 #include "platform/TextResources.h"
 
@@ -38,6 +46,19 @@ TEST_F(HostTranslationsTest, AnUnknownLanguageKeepsEnglishAndEnglishRemovesATran
     ASSERT_TRUE(HostTranslations::use(QStringLiteral("de")));
     EXPECT_TRUE(HostTranslations::use(QStringLiteral("en")));
     EXPECT_EQ(MP_tr("TXT_RID_SOFTKEY_OPTIONS", "Options"), QStringLiteral("Options"));
+}
+
+TEST_F(HostTranslationsTest, TheHostsOwnWindowsSpeakThePlayersLanguage)
+{
+    ASSERT_TRUE(HostTranslations::use(QStringLiteral("de")));
+    HostBookmarkEditor editor(HostBookmark{QString(), QStringLiteral("Radio"), QStringLiteral("http://r.example")});
+    EXPECT_EQ(editor.windowTitle(), QStringLiteral("Lesezeichen bearbeiten"));
+    const auto* label = qobject_cast<QLabel*>(editor.findChild<QFormLayout*>()->labelForField(&editor.addressField()));
+    ASSERT_TRUE(label);
+    EXPECT_EQ(label->text(), QStringLiteral("Adresse"));
+    EXPECT_EQ(editor.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Cancel)->text(), QStringLiteral("Abbrechen"));
+    const HostDetailsDialog details(QStringLiteral("/nonexistent/song.mp3"), nullptr);
+    EXPECT_TRUE(details.text().startsWith(QStringLiteral("song.mp3\n0 Bytes\n"))) << details.text().toStdString();
 }
 
 } // namespace
