@@ -78,8 +78,13 @@ void ensureRuntimeDir()
 bool canWriteJournal(const QString& path)
 {
     QFile journal(path);
-    if (journal.open(QIODevice::Append))
+    const bool existed = journal.exists();
+    if (journal.open(QIODevice::Append)) {
+        // Made when the first line is written; a refused command line leaves no file behind.
+        if (!existed)
+            journal.remove();
         return true;
+    }
     std::fprintf(stderr, "mediaplayer: --journal: cannot write %s: %s\n", qPrintable(path),
                  qPrintable(journal.errorString()));
     return false;

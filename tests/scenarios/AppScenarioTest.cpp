@@ -122,6 +122,8 @@ TEST(AppScenarioTest, Journal_EachRunWritesItsOwn_OneThatCannotBeWrittenIsBadUsa
     ASSERT_TRUE(writeFile(journal, "an earlier run's line\n"));
     EXPECT_EQ(scenario.runWithoutScript({"--journal", journal, "--lang", "xx"}), 64);
     EXPECT_EQ(QFileInfo(journal).size(), 22) << "a refused command line leaves it as it was";
+    EXPECT_EQ(scenario.runWithoutScript({"--journal", journal + ".new", "--lang", "xx"}), 64);
+    EXPECT_FALSE(QFile::exists(journal + ".new")) << "and makes none";
     EXPECT_EQ(scenario.runWithoutScript({"--journal", journal, "--action", "PlayMediaInMediaPlayer",
                                          "Launcher=HomeScreen"}), 3);
     EXPECT_FALSE(Journal::readFile(journal).isEmpty());
@@ -176,10 +178,7 @@ TEST(AppScenarioTest, Folder_PlaysItsFilesInNameOrder)
     for (const QString& name : songs.entryList(QDir::Files))
         ASSERT_TRUE(QFile::copy(songs.filePath(name), folder.filePath(name)));
     // What a memory card brings from another computer, and what is no song.
-    QFile fork(folder.filePath("._02 Rain on Glass.wav"));
-    ASSERT_TRUE(fork.open(QIODevice::WriteOnly));
-    fork.write(QByteArray(4096, '\0'));
-    fork.close();
+    ASSERT_TRUE(writeFile(folder.filePath("._02 Rain on Glass.wav"), QByteArray(4096, '\0')));
     ASSERT_TRUE(QDir(folder.path()).mkdir("zz.wav"));
 
     ScenarioRun scenario;
