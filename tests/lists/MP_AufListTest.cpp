@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "host/platform/media/database/MediaDatabase.h"
+#include "host/tools/samplegen/WavSynth.h"
 #include "lists/MP_AufContext.h"
 #include "platform/QCopChannel.h"
 #include "tests/lists/TraceCapture.h"
@@ -552,7 +553,7 @@ TEST_F(MP_AufListTest, RemoveItem_TakesTheCurrentOutOfItsGroupOrDeletesItsFile)
 TEST_F(MP_AufListTest, AnotherProcessRemovingThePlayingSong_MovesTheListOn)
 {
     for (const char* name : {"a", "b", "c"})
-        writeDataFile(QStringLiteral("scan/%1.wav").arg(name), QByteArray());
+        writeDataFile(QStringLiteral("scan/%1.wav").arg(name), WavSynth(8000).wavFile(QByteArray(64, '\0')));
     auto scan = [&] {
         QProcess process;
         return ProjectProgram::start(process, QStringLiteral("mp-scan"), {dataPath("scan")})

@@ -186,10 +186,9 @@ int MediaScanner::skipUnnamedEntries(const QString& folder)
     return int(skipped.size());
 }
 
-MediaRecord MediaScanner::recordOf(const QString& path, MediaKind kind) const
+MediaRecord MediaScanner::recordOf(const QString& path, MediaKind kind, const MediaTags& tags) const
 {
     const QFileInfo info(path);
-    const MediaTags tags = MediaTagReader::read(path);
     MediaRecord record;
     record.path = path;
     record.kind = kind;
@@ -229,7 +228,13 @@ MediaScanner::FileOutcome MediaScanner::scanFile(const QString& path, const std:
     if (stored && stored->fileSize == info.size() && stored->fileModified == modificationTimeOf(info))
         return FileOutcome::Unchanged;
 
-    MediaRecord record = recordOf(path, *kind);
+    const std::optional<MediaTags> tags = MediaTagReader::read(path, *kind);
+    if (!tags) {
+        report(QStringLiteral("cannot read %1: its content is not that of a .%2 file; skipped")
+                   .arg(path, QFileInfo(path).suffix().toLower()));
+        return FileOutcome::Skipped;
+    }
+    MediaRecord record = recordOf(path, *kind, *tags);
     if (stored) {
         record.id = stored->id;
         // The buy flag is the user's, not the file's.

@@ -1,8 +1,8 @@
 #pragma once
 // Brings the media database in line with the files on disk: adds, updates and
 // removes the objects of media files (audio and video, told apart by their
-// extension; tags read with TagLib) and imports .m3u/.m3u8 play lists as user
-// groups. Used by mp-scan for whole folders and by the application's script
+// extension; tags read with TagLib; a file whose content is not of the kind its
+// name says is skipped) and imports .m3u/.m3u8 play lists as user groups. Used by mp-scan for whole folders and by the application's script
 // commands for single files.
 
 #include <QHash>
@@ -17,6 +17,7 @@
 
 class MediaDatabase;
 struct MediaFileStamp;
+struct MediaTags;
 class SqliteTransaction;
 
 struct MediaScanSummary {
@@ -86,7 +87,7 @@ private:
     /** Reports the media files, play lists and folders under @p folder whose names are
      *  not UTF-8; returns their number. */
     int skipUnnamedEntries(const QString& folder);
-    MediaRecord recordOf(const QString& path, MediaKind kind) const;
+    MediaRecord recordOf(const QString& path, MediaKind kind, const MediaTags& tags) const;
     std::optional<quint32> playListEntryId(const QString& entry, const QString& playList);
     void report(const QString& message) const;
 

@@ -1,8 +1,10 @@
 #include "host/platform/media/scanner/MediaTagReader.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QRegularExpression>
 
+#include <taglib/audioproperties.h>
 #include <taglib/fileref.h>
 #include <taglib/tag.h>
 #include <taglib/tpropertymap.h>
@@ -24,11 +26,23 @@ QString firstValue(const TagLib::PropertyMap& properties, const char* key)
 
 } // namespace
 
-MediaTags MediaTagReader::read(const QString& path)
+std::optional<MediaTags> MediaTagReader::read(const QString& path, MediaKind kind)
 {
     MediaTags tags;
-    const TagLib::FileRef file(QFile::encodeName(path).constData(), false);
-    if (file.isNull() || !file.tag())
+    const TagLib::FileRef file(QFile::encodeName(path).constData(), true, TagLib::AudioProperties::Fast);
+    if (file.isNull()) {
+        // TagLib chooses its parser by the name's extension: a parser it has, refusing the
+        // content, means a file that only carries a media name (an empty file being written).
+        const TagLib::String extension(QFileInfo(path).suffix().toLower().toStdString());
+        if (TagLib::FileRef::defaultFileExtensions().contains(extension))
+            return std::nullopt;
+        return tags;
+    }
+    // Some parsers (MP3's) take any bytes and find no sound in them: a text file called .mp3.
+    // A video may hold no sound at all, so only songs are judged by it.
+    if (kind == MediaKind::Audio && (!file.audioProperties() || file.audioProperties()->sampleRate() <= 0))
+        return std::nullopt;
+    if (!file.tag())
         return tags;
     const TagLib::Tag* tag = file.tag();
     tags.title = toQString(tag->title());

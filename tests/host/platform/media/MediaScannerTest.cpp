@@ -77,10 +77,11 @@ protected:
                                                 {"COMPOSER", QString::fromUtf8("Sigrún")}, {"TRACKNUMBER", "2"},
                                                 {"DATE", "2003-03-14"}});
         writeFile(path("Music/voice memo.wav"), tinyWav());
-        writeFile(path("Camera/Captured/clip.mp4"), "not really a video");
-        writeFile(path("Downloads/song.mp3"), "not really a song");
+        // TagLib has no reader for 3GP: a video it cannot read is taken by its name.
+        writeFile(path("Camera/Captured/clip.3gp"), "not really a video");
+        writeFile(path("Downloads/song.wav"), tinyWav());
         writeFile(path("notes.txt"), "not media");
-        writeFile(path("Lists/evening.m3u"), "#EXTM3U\n../Music/rain.wav\n# a comment\n\n" + path("Downloads/song.mp3").toUtf8()
+        writeFile(path("Lists/evening.m3u"), "#EXTM3U\n../Music/rain.wav\n# a comment\n\n" + path("Downloads/song.wav").toUtf8()
                                                  + "\nmissing.wav\n../Music/voice memo.wav\n");
         ASSERT_TRUE(QFile::link(path("Music/nowhere.wav"), path("Music/gone.wav")));
     }
@@ -112,8 +113,14 @@ protected:
 
 TEST_F(MediaScannerTest, ReadsTagsFlagsAndPlayLists)
 {
+    // Files with a media name and no such content: never added, so never played and failed.
+    writeFile(path("Music/notes.mp3"), "not really a song");
+    writeFile(path("Camera/clip.mp4"), "");
     const MediaScanSummary summary = m_scanner->scanFolders({m_root});
-    EXPECT_EQ(summary.text(), "4 added, 0 updated, 0 removed, 0 unchanged, 1 skipped; play lists: 1 imported, 0 removed");
+    EXPECT_EQ(summary.text(), "4 added, 0 updated, 0 removed, 0 unchanged, 3 skipped; play lists: 1 imported, 0 removed");
+    EXPECT_EQ(m_messages.filter("content").join('\n').toStdString(),
+              ("cannot read " + m_root + "/Camera/clip.mp4: its content is not that of a .mp4 file; skipped\n"
+               "cannot read " + m_root + "/Music/notes.mp3: its content is not that of a .mp3 file; skipped").toStdString());
 
     const MediaRecord rain = stored("Music/rain.wav");
     EXPECT_EQ(rain.kind, MediaKind::Audio);
@@ -125,13 +132,13 @@ TEST_F(MediaScannerTest, ReadsTagsFlagsAndPlayLists)
     // Untagged files are named after themselves; the folders say who made them.
     const MediaRecord memo = stored("Music/voice memo.wav");
     EXPECT_EQ(std::tuple(memo.title, memo.artist), std::tuple(QString("voice memo"), QString()));
-    const MediaRecord clip = stored("Camera/Captured/clip.mp4");
+    const MediaRecord clip = stored("Camera/Captured/clip.3gp");
     EXPECT_EQ(std::tuple(clip.kind, clip.createdBy), std::tuple(MediaKind::Video, 0));
-    const MediaRecord download = stored("Downloads/song.mp3");
+    const MediaRecord download = stored("Downloads/song.wav");
     EXPECT_EQ(std::tuple(download.title, download.createdBy), std::tuple(QString("song"), 1));
 
     EXPECT_EQ(playList(), QStringList({"Rain", "song", "voice memo"}));
-    EXPECT_EQ(m_messages.size(), 2);
+    EXPECT_EQ(m_messages.size(), 4);
     EXPECT_TRUE(m_messages.filter(path("Music/gone.wav")).size() == 1) << qPrintable(m_messages.join('\n'));
     EXPECT_TRUE(m_messages.filter("missing.wav").size() == 1) << qPrintable(m_messages.join('\n'));
 }
@@ -157,13 +164,13 @@ TEST_F(MediaScannerTest, ChangedFilesAreReadAgainAndRemovedOnesLeave)
     const quint32 rainId = stored("Music/rain.wav").id;
     writeTaggedWav(path("Music/rain.wav"), {{"TITLE", "Rain, remastered"}});
     touchLater(path("Music/rain.wav"));
-    ASSERT_TRUE(QFile::remove(path("Downloads/song.mp3")));
+    ASSERT_TRUE(QFile::remove(path("Downloads/song.wav")));
 
     const MediaScanSummary summary = m_scanner->scanFolders({m_root});
     EXPECT_EQ(summary.text(), "0 added, 1 updated, 1 removed, 2 unchanged, 1 skipped; play lists: 0 imported, 0 removed");
     EXPECT_EQ(stored("Music/rain.wav").id, rainId);
     EXPECT_EQ(stored("Music/rain.wav").title, "Rain, remastered");
-    EXPECT_FALSE(m_database->mediaByPath(path("Downloads/song.mp3")));
+    EXPECT_FALSE(m_database->mediaByPath(path("Downloads/song.wav")));
     EXPECT_EQ(playList(), QStringList({"Rain, remastered", "voice memo"}));
 
     ASSERT_TRUE(QFile::remove(path("Lists/evening.m3u")));
