@@ -56,18 +56,13 @@ TEST_F(MetadataIndicationTest, OwnWriteIsAnnouncedOnlyFromTheEventLoopAfterItsCo
 
 TEST_F(MetadataIndicationTest, AnotherProgramsWrite_ArrivesAndIsSeenOnceTheClientHandlesIt)
 {
-    MusicByTitle music;
-    const MetadataSearchMediaRequest request = music.words();
-    ASSERT_EQ(metadataBackupSearchedMedias(m_handle, &request), 0);
-    const auto firstCount = [&] {
-        // A window of entries to play: it never moves the snapshot.
-        const MetadataSearchCandidateType toPlay[] = {METADATA_CANDIDATE_OBJECT_ID, METADATA_CANDIDATE_FULL_PATH};
-        MetadataSearchMediaRequest fetch = request;
-        fetch.candidateCount = 2;
-        fetch.candidates = toPlay;
-        fetch.resultCount = 5;
-        return search(fetch).count;
-    };
+    SearchRequest music(METADATA_LIST_MUSIC);
+    const MetadataSearchMediaRequest backup = music.words();
+    ASSERT_EQ(metadataBackupSearchedMedias(m_handle, &backup), 0);
+    // A window of entries to play: it never moves the snapshot.
+    music.candidates = {METADATA_CANDIDATE_OBJECT_ID, METADATA_CANDIDATE_FULL_PATH};
+    music.count = 5;
+    const auto firstCount = [&] { return search(music).count; };
     // As the sqlite3 shell would: a plain connection without this program's code.
     ASSERT_TRUE(runAsOtherProgram("INSERT INTO media (path, kind, title) VALUES ('/m/new.mp3', 1, 'New')"));
     EXPECT_EQ(firstCount(), 1u) << "before the indication the client reads its snapshot";
@@ -160,27 +155,6 @@ TEST_F(MetadataIndicationTest, HandlerMayCloseItsOwnConnection)
     EXPECT_EQ(closer.calls, 1);
 }
 
-namespace {
-
-// A play list in its order, on the phone memory, as a list reads it to play.
-struct PlayListInOrder {
-    MetadataListType listType = METADATA_LIST_USER_GROUP;
-    MetadataSearchFilter group{METADATA_FILTER_GROUP_ID, METADATA_OPERATOR_EQUAL, sizeof groupId, &groupId};
-    MetadataSortEntry sort{METADATA_SORT_GROUP_POSITION, METADATA_SORT_ASCENDING};
-    MetadataSearchCandidateType candidates[2] = {METADATA_CANDIDATE_OBJECT_ID, METADATA_CANDIDATE_FULL_PATH};
-    uint32_t groupId = 0;
-
-    explicit PlayListInOrder(uint32_t id) : groupId(id) {}
-    PlayListInOrder(const PlayListInOrder&) = delete;
-
-    MetadataSearchMediaRequest words(int resultCount) const
-    {
-        return {1, &listType, 1, &group, 1, &sort, 0, 0, 0, 2, candidates, resultCount, 0, 1};
-    }
-};
-
-} // namespace
-
 // A client that reads only a play list does not hold the write-ahead log
 // for another program's song changes that leave the list's searches as they
 // were; a change that alters what they return still waits for the client,
@@ -194,11 +168,15 @@ TEST_F(MetadataIndicationTest, PlayListClient_WaitsOnlyForSongChangesThatReachIt
     ASSERT_TRUE(waitUntil(
         [&] { return m_recorder.heard.contains(IndicationRecorder::group(m_playList, METADATA_GROUP_MEMBERS_CHANGED)); },
         3000));
-    const PlayListInOrder playList(m_playList);
-    const MetadataSearchMediaRequest backup = playList.words(0);
+    // The play list in its order, on the phone memory, as a list reads it to play.
+    SearchRequest playList = groupList(METADATA_LIST_USER_GROUP, m_playList);
+    playList.candidates = {METADATA_CANDIDATE_OBJECT_ID, METADATA_CANDIDATE_FULL_PATH};
+    playList.storage = 0;
+    const MetadataSearchMediaRequest backup = playList.words();
     ASSERT_EQ(metadataBackupSearchedMedias(m_handle, &backup), 0);
     // Entries to play: reading them never moves the snapshot.
-    const auto entries = [&] { return search(playList.words(10)).ids; };
+    playList.count = 10;
+    const auto entries = [&] { return search(playList).ids; };
     // A look-up by path, as the history's writes make: it tells which state the snapshot holds.
     const auto isSeen = [&](const QByteArray& path) {
         const MetadataSearchFilter filter{METADATA_FILTER_FILE_PATH, METADATA_OPERATOR_EQUAL,

@@ -3,8 +3,10 @@
 // a recorder of the client's indications: what the tests of the metadata
 // searches, writes, backups and indications start from.
 
+#include <QByteArray>
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 #include <tuple>
@@ -13,6 +15,82 @@
 #include "host/platform/media/database/MediaDatabase.h"
 #include "platform/Metadata.h"
 #include "tests/support/TestEnvironment.h"
+
+/** A search request and the arrays it points to; as made, the music
+ *  library by title, its first hundred object ids. Filter values live in
+ *  implicitly shared byte arrays: a copy's filters point at the same bytes,
+ *  which stay while either holds them. */
+struct SearchRequest {
+    std::vector<MetadataListType> listTypes;
+    std::vector<MetadataSearchFilter> filters;
+    std::vector<MetadataSortEntry> sort{{METADATA_SORT_TITLE, METADATA_SORT_ASCENDING}};
+    std::vector<MetadataSearchCandidateType> candidates{METADATA_CANDIDATE_OBJECT_ID};
+    std::vector<QByteArray> values;
+    int storage = 2;
+    uint32_t grouping = 0;
+    int count = 100;
+    int start = 0;
+
+    explicit SearchRequest(MetadataListType listType) : listTypes{listType} {}
+    SearchRequest& text(MetadataSearchFilterType type, const QString& value)
+    {
+        values.push_back(value.toUtf8());
+        filters.push_back({type, METADATA_OPERATOR_EQUAL, uint32_t(values.back().size() + 1), values.back().constData()});
+        return *this;
+    }
+    SearchRequest& number(MetadataSearchFilterType type, uint32_t value)
+    {
+        values.emplace_back(reinterpret_cast<const char*>(&value), int(sizeof value));
+        filters.push_back({type, METADATA_OPERATOR_EQUAL, 4, values.back().constData()});
+        return *this;
+    }
+    SearchRequest& any(MetadataSearchFilterType type)
+    {
+        filters.push_back({type, METADATA_OPERATOR_ANY, 0, nullptr});
+        return *this;
+    }
+    MetadataSearchMediaRequest words() const
+    {
+        return {uint32_t(listTypes.size()), listTypes.data(), uint32_t(filters.size()), filters.data(),
+                uint32_t(sort.size()), sort.data(), storage, 0, grouping, uint32_t(candidates.size()),
+                candidates.data(), count, start, 1};
+    }
+};
+
+/** What a search answered: the callback's calls, the count, and the fields of its entries. */
+struct SearchAnswer {
+    int result = -1;
+    int calls = 0;
+    uint32_t count = 0;
+    QList<quint32> ids;
+    QStringList texts;     // every text value, in order
+
+    static void collect(void* userData, MetadataSearchMediaResponse* response)
+    {
+        SearchAnswer& answer = *static_cast<SearchAnswer*>(userData);
+        ++answer.calls;
+        answer.count = response->count;
+        for (uint32_t i = 0; i < response->actualNum; ++i) {
+            const MetadataMediaInfo& info = response->mediaInfo[i];
+            for (int32_t f = 0; f < info.fieldCount; ++f) {
+                const MetadataMediaField& field = info.fields[f];
+                if (field.type == METADATA_CANDIDATE_OBJECT_ID)
+                    answer.ids.append(field.value.number);
+                else
+                    answer.texts.append(QString::fromUtf8(field.value.text, int(field.valueLength) - 1));
+            }
+        }
+    }
+};
+
+/** A group's members in their order, as a list of @p type reads them. */
+inline SearchRequest groupList(MetadataListType type, uint32_t groupId)
+{
+    SearchRequest request(type);
+    request.number(METADATA_FILTER_GROUP_ID, groupId);
+    request.sort = {{METADATA_SORT_GROUP_POSITION, METADATA_SORT_ASCENDING}};
+    return request;
+}
 
 /** The indications one handler received, in order. */
 struct IndicationRecorder {
@@ -83,26 +161,20 @@ protected:
         ASSERT_EQ(metadataRegisterIndication(handle, ids, 2), 0);
     }
 
-    /** What a search by this client answers: the count, and the first field of each entry
-     *  (the object id when asked first). */
-    struct Searched {
-        uint32_t count = 0;
-        QList<quint32> ids;
-    };
-    Searched search(const MetadataSearchMediaRequest& request) const
+    SearchAnswer search(const SearchRequest& request) const
     {
-        Searched searched;
-        EXPECT_EQ(metadataSearchMedia(
-                      m_handle, &request,
-                      [](void* userData, MetadataSearchMediaResponse* response) {
-                          auto& answer = *static_cast<Searched*>(userData);
-                          answer.count = response->count;
-                          for (uint32_t i = 0; i < response->actualNum; ++i)
-                              answer.ids.append(response->mediaInfo[i].fields[0].value.number);
-                      },
-                      &searched),
-                  0);
-        return searched;
+        SearchAnswer answer;
+        const MetadataSearchMediaRequest words = request.words();
+        answer.result = metadataSearchMedia(m_handle, &words, SearchAnswer::collect, &answer);
+        return answer;
+    }
+    /** The object ids a search answers in one call. */
+    QList<quint32> ids(const SearchRequest& request) const
+    {
+        const SearchAnswer answer = search(request);
+        EXPECT_EQ(answer.result, 0);
+        EXPECT_EQ(answer.calls, 1);
+        return answer.ids;
     }
 
     /** The result, isExisted, newIndex and count of a check of the backup's entry at @p position. */
@@ -118,17 +190,4 @@ protected:
 
     std::unique_ptr<MediaDatabase> m_database;   // a second connection, as another writer
     unsigned int m_handle = 0;
-};
-
-/** The whole music library sorted by title, as a list would back it up. */
-struct MusicByTitle {
-    MetadataListType listType = METADATA_LIST_MUSIC;
-    MetadataSortEntry sort{METADATA_SORT_TITLE, METADATA_SORT_ASCENDING};
-    MetadataSearchCandidateType candidate = METADATA_CANDIDATE_OBJECT_ID;
-    int storage = 2;
-
-    MetadataSearchMediaRequest words() const
-    {
-        return {1, &listType, 0, nullptr, 1, &sort, storage, 0, 0, 1, &candidate, 0, 0, 1};
-    }
 };
