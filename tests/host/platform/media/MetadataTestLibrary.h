@@ -83,6 +83,22 @@ struct SearchAnswer {
     }
 };
 
+/** What a look-up of single files answered: the callback's calls, the count and the entries. */
+struct FileSearchAnswer {
+    int result = -1;
+    int calls = 0;
+    uint32_t count = 0;
+    std::vector<MetadataMediaSummary> entries;
+
+    static void collect(void* userData, MetadataSearchMusicFileResponse* response)
+    {
+        auto& answer = *static_cast<FileSearchAnswer*>(userData);
+        ++answer.calls;
+        answer.count = response->count;
+        answer.entries.assign(response->entries, response->entries + response->actualNum);
+    }
+};
+
 /** A group's members in their order, as a list of @p type reads them. */
 inline SearchRequest groupList(MetadataListType type, uint32_t groupId)
 {
@@ -175,6 +191,18 @@ protected:
         EXPECT_EQ(answer.result, 0);
         EXPECT_EQ(answer.calls, 1);
         return answer.ids;
+    }
+
+    /** A look-up of the one file at @p path on @p storage, as the play history's writes make. */
+    FileSearchAnswer searchFile(const QByteArray& path, int storage = 2) const
+    {
+        const MetadataSearchFilter filter{METADATA_FILTER_FILE_PATH, METADATA_OPERATOR_EQUAL,
+                                          uint32_t(path.size() + 1), path.constData()};
+        const MetadataSearchCandidateType candidate = METADATA_CANDIDATE_OBJECT_ID;
+        const MetadataSearchMusicFileRequest request{1, &filter, storage, 1, &candidate, 1, 0};
+        FileSearchAnswer answer;
+        answer.result = metadataSearchMusicFile(m_handle, &request, 1, FileSearchAnswer::collect, &answer);
+        return answer;
     }
 
     /** The result, isExisted, newIndex and count of a check of the backup's entry at @p position. */
