@@ -5,8 +5,6 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
-#include <QTemporaryDir>
-
 
 #include <taglib/id3v2tag.h>
 #include <taglib/tpropertymap.h>
@@ -32,26 +30,6 @@ QByteArray tinyWav()
     return WavSynth(8000).wavFile(QByteArray(64, '\0'));
 }
 
-void writeFile(const QString& path, const QByteArray& bytes)
-{
-    QDir().mkpath(QFileInfo(path).absolutePath());
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
-
-void writeTaggedWav(const QString& path, const QMap<QString, QString>& tags)
-{
-    writeFile(path, tinyWav());
-    TagLib::RIFF::WAV::File file(QFile::encodeName(path).constData());
-    ASSERT_TRUE(file.isValid());
-    TagLib::PropertyMap properties;
-    for (auto tag = tags.cbegin(); tag != tags.cend(); ++tag)
-        properties.insert(tag.key().toStdString(), TagLib::String(tag.value().toUtf8().constData(), TagLib::String::UTF8));
-    file.ID3v2Tag()->setProperties(properties);
-    ASSERT_TRUE(file.save(TagLib::RIFF::WAV::File::ID3v2, TagLib::File::StripOthers));
-}
-
 // Moves a file's modification time, as an edit made a minute later would.
 void touchLater(const QString& path)
 {
@@ -65,27 +43,39 @@ protected:
     void SetUp() override
     {
         TestEnvironment::SetUp();
-        ASSERT_TRUE(m_files.isValid());
-        m_root = QFileInfo(m_files.path()).canonicalFilePath();
+        ASSERT_TRUE(QDir().mkpath(dataPath("library")));
+        m_root = QFileInfo(dataPath("library")).canonicalFilePath();
         m_database = MediaDatabase::open(MediaDatabase::defaultFile());
         ASSERT_TRUE(m_database);
         m_scanner = std::make_unique<MediaScanner>(*m_database);
         m_scanner->setMessageHandler([this](const QString& message) { m_messages.append(message); });
 
-        writeTaggedWav(path("Music/rain.wav"), {{"TITLE", "Rain"}, {"ARTIST", QString::fromUtf8("Ансамбль")},
+        writeTaggedWav("Music/rain.wav", {{"TITLE", "Rain"}, {"ARTIST", QString::fromUtf8("Ансамбль")},
                                                 {"ALBUM", QString::fromUtf8("Kvöldljóð")}, {"GENRE", "Folk"},
                                                 {"COMPOSER", QString::fromUtf8("Sigrún")}, {"TRACKNUMBER", "2"},
                                                 {"DATE", "2003-03-14"}});
-        writeFile(path("Music/voice memo.wav"), tinyWav());
-        writeFile(path("Camera/Captured/clip.mp4"), "not really a video");
-        writeFile(path("Downloads/song.mp3"), "not really a song");
-        writeFile(path("notes.txt"), "not media");
-        writeFile(path("Lists/evening.m3u"), "#EXTM3U\n../Music/rain.wav\n# a comment\n\n" + path("Downloads/song.mp3").toUtf8()
+        write("Music/voice memo.wav", tinyWav());
+        write("Camera/Captured/clip.mp4", "not really a video");
+        write("Downloads/song.mp3", "not really a song");
+        write("notes.txt", "not media");
+        write("Lists/evening.m3u", "#EXTM3U\n../Music/rain.wav\n# a comment\n\n" + path("Downloads/song.mp3").toUtf8()
                                                  + "\nmissing.wav\n../Music/voice memo.wav\n");
         ASSERT_TRUE(QFile::link(path("Music/nowhere.wav"), path("Music/gone.wav")));
     }
 
     QString path(const QString& relative) const { return m_root + '/' + relative; }
+    void write(const QString& relative, const QByteArray& bytes) const { writeDataFile("library/" + relative, bytes); }
+    void writeTaggedWav(const QString& relative, const QMap<QString, QString>& tags) const
+    {
+        write(relative, tinyWav());
+        TagLib::RIFF::WAV::File file(QFile::encodeName(path(relative)).constData());
+        ASSERT_TRUE(file.isValid());
+        TagLib::PropertyMap properties;
+        for (auto tag = tags.cbegin(); tag != tags.cend(); ++tag)
+            properties.insert(tag.key().toStdString(), TagLib::String(tag.value().toUtf8().constData(), TagLib::String::UTF8));
+        file.ID3v2Tag()->setProperties(properties);
+        ASSERT_TRUE(file.save(TagLib::RIFF::WAV::File::ID3v2, TagLib::File::StripOthers));
+    }
     MediaRecord stored(const QString& relative) const
     {
         const std::optional<MediaRecord> record = m_database->mediaByPath(path(relative));
@@ -101,7 +91,6 @@ protected:
         return titles;
     }
 
-    QTemporaryDir m_files;
     QString m_root;
     std::unique_ptr<MediaDatabase> m_database;
     std::unique_ptr<MediaScanner> m_scanner;
@@ -147,7 +136,7 @@ TEST_F(MediaScannerTest, RescansChangeOnlyWhatChanged_ChangedFilesAreReadAgainAn
     EXPECT_EQ(m_database->groupBySource(path("Lists/evening.m3u"))->id, group);
 
     const quint32 rainId = before.id;
-    writeTaggedWav(path("Music/rain.wav"), {{"TITLE", "Rain, remastered"}});
+    writeTaggedWav("Music/rain.wav", {{"TITLE", "Rain, remastered"}});
     touchLater(path("Music/rain.wav"));
     ASSERT_TRUE(QFile::remove(path("Downloads/song.mp3")));
 
@@ -164,8 +153,8 @@ TEST_F(MediaScannerTest, RescansChangeOnlyWhatChanged_ChangedFilesAreReadAgainAn
 
 TEST_F(MediaScannerTest, SingleFilesAndTheMemoryCard)
 {
-    const QString onCard = HostStorage::memoryCardPath() + "/Music/card.wav";
-    writeFile(onCard, tinyWav());
+    const QString onCard = writeDataFile("mmca1/Music/card.wav", tinyWav());
+    ASSERT_EQ(onCard, HostStorage::memoryCardPath() + "/Music/card.wav");
     EXPECT_EQ(m_scanner->scanFile(onCard), MediaScanner::FileOutcome::Added);
     EXPECT_EQ(m_scanner->scanFile(onCard), MediaScanner::FileOutcome::Unchanged);
     EXPECT_EQ(m_database->mediaByPath(onCard)->storage, HostStorage::kMemoryCard);
