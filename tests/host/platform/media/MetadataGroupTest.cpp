@@ -120,12 +120,7 @@ TEST_F(MetadataGroupTest, RemovesByPlaceWithinTheStorageSelectionAndKeepsTheFile
 
 TEST_F(MetadataGroupTest, SingleFileSearchAnswersTheSummaryOfThePath)
 {
-    MediaRecord video;
-    video.path = "/v/Captured/clip.mp4";
-    video.kind = MediaKind::Video;
-    video.storage = 1;
-    video.createdBy = METADATA_CREATED_CAPTURED;
-    video.track = 4;
+    MediaRecord video = song("/v/Captured/clip.mp4").video().storage(1).createdBy(METADATA_CREATED_CAPTURED).track(4);
     video.buy = true;
     const quint32 clip = m_database->addMedia(video);
 

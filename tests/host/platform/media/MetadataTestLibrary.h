@@ -14,6 +14,7 @@
 
 #include "host/platform/media/database/MediaDatabase.h"
 #include "platform/Metadata.h"
+#include "tests/support/SongBuilder.h"
 #include "tests/support/TestEnvironment.h"
 
 /** A search request and the arrays it points to; as made, the music
@@ -159,12 +160,7 @@ protected:
     /** Stores an object; returns its id. */
     quint32 add(const QString& path, const QString& title, int storage = 0, MediaKind kind = MediaKind::Audio)
     {
-        MediaRecord record;
-        record.path = path;
-        record.title = title;
-        record.storage = storage;
-        record.kind = kind;
-        const quint32 id = m_database->addMedia(record);
+        const quint32 id = m_database->addMedia(song(path).title(title).storage(storage).kind(kind));
         EXPECT_NE(id, 0u) << qPrintable(path);
         return id;
     }
