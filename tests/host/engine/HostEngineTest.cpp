@@ -127,7 +127,7 @@ protected:
     HostEnginePtr engine;
 };
 
-TEST_F(HostEngineTest, SetFile_TaggedWav_ReportsTagsDurationAndStopsUntilPlayed)
+TEST_F(HostEngineTest, SetFile_TaggedWav_ReportsTagsAndDuration_ShowsOnTheMainWidget_EndsInState8)
 {
     QList<MP_CONTENT_TYPE> contentTypes;
     QObject::connect(engine.get(), &MP_CommonPlayer::signalContentTypeChanged,
@@ -143,11 +143,38 @@ TEST_F(HostEngineTest, SetFile_TaggedWav_ReportsTagsDurationAndStopsUntilPlayed)
     EXPECT_EQ(engine->getMediumType(), MP_MEDIUM_LOCAL);
     EXPECT_EQ(engine->getPlayerControl()->getContentName(), "Night Drive");
 
-    // A single file ends in state 8.
+    // What plays is reported again to the asking listener only.
+    RecordingListener other(log, "B");
+    engine->addPlayerListener(&other);
     engine->autoPlay(false);
+    HostEngineClock::advance(1000);
+    EXPECT_EQ(takeLog(), Events({"updateState(1)", "B:updateState(1)", "updateTime(1000,2500)",
+                                 "B:updateTime(1000,2500)"}));
+    engine->getPlayerControl()->requestUpdate(&other);
+    EXPECT_EQ(takeLog(), Events({"B:updateMetaInfo(Night Drive,Aurora Lane,Coastlines,0,1)",
+                                 "B:updateTime(1000,2500)", "B:updateState(1)"}));
+    engine->removePlayerListener(&other);
+
+    VmKbMainWidget* screen = engine->getMainWidget();
+    ASSERT_NE(screen, nullptr);
+    const auto text = [screen](const char* name) { return screen->findChild<QLabel*>(name)->text(); };
+    EXPECT_EQ(text("title"), "Night Drive");
+    EXPECT_EQ(text("artist"), "Aurora Lane");
+    EXPECT_EQ(text("album"), "Coastlines");
+    EXPECT_EQ(text("time"), "0:01 / 0:02");
+    EXPECT_EQ(text("state"), "playing");
+
+    // Given something to play, the screen came up by itself.
+    EXPECT_TRUE(engine->isPlayerShown());
+    engine->closePlayerWindow();
+    EXPECT_FALSE(engine->isPlayerShown());
+    engine->showPlayer();
+    EXPECT_TRUE(engine->isPlayerShown());
+    EXPECT_EQ(engine->flipClosed(), 0);
+
+    // A single file ends in state 8.
     HostEngineClock::advance(5000);
-    EXPECT_EQ(takeLog(), Events({"updateState(1)", "updateTime(1000,2500)", "updateTime(2000,2500)",
-                                 "updateState(8)"}));
+    EXPECT_EQ(takeLog(), Events({"updateTime(2000,2500)", "updateState(8)"}));
 }
 
 TEST_F(HostEngineTest, FilesWithoutTags_PlayUnderTheirNames_UnreadableOnesForTenSeconds_MissingOnesFail)
@@ -249,7 +276,7 @@ TEST_F(HostEngineTest, LongRunOfMissingFiles_SteppedPastAGoAtATime_AStopEndsIt)
     EXPECT_EQ(engine->control().getState(), MP_STATE_FINISHED);
 }
 
-TEST_F(HostEngineTest, Control_NextPreviousSeekStopAndPause)
+TEST_F(HostEngineTest, Control_NextPreviousSeekStopAndPause_ThenTheListMovesByItself)
 {
     PathList list({writeFakeVideo("a.mp4"), writeFakeVideo("b.mp4"), writeFakeVideo("c.mp4")});
     MP_PlayerControl* control = engine->getPlayerControl();
@@ -278,6 +305,12 @@ TEST_F(HostEngineTest, Control_NextPreviousSeekStopAndPause)
                                  "updateState(5)", "updateTime(0,10000)"}));
     control->playPause();
     EXPECT_EQ(takeLog(), Events({"updateState(1)"}));
+
+    // The list moved by itself: the new current item is loaded, playing on.
+    list.moveTo(2);
+    engine->notifyCurrentChanged();
+    EXPECT_EQ(takeLog(), Events({"updateListInfo(2)", "updateMetaInfo(c,,,0,1)", "updateTime(0,10000)"}));
+    EXPECT_EQ(control->getState(), MP_STATE_PLAYING);
 }
 
 TEST_F(HostEngineTest, EmptyAndClearedLists)
@@ -295,19 +328,6 @@ TEST_F(HostEngineTest, EmptyAndClearedLists)
     EXPECT_EQ(engine->getCurrentList(), nullptr);
     EXPECT_TRUE(engine->getCurrentPath().isNull());
     EXPECT_EQ(takeLog(), Events({"updateListInfo(-1)", "updateState(5)"}));
-}
-
-TEST_F(HostEngineTest, NotifyCurrentChanged_LoadsTheNewCurrentItem_KeepingOnPlaying)
-{
-    PathList list({writeFakeVideo("a.mp4"), writeWav("b.wav", 4000)});
-    engine->setPlayList(&list);
-    engine->autoPlay(false);
-    takeLog();
-
-    list.moveTo(1);
-    engine->notifyCurrentChanged();
-    EXPECT_EQ(takeLog(), Events({"updateListInfo(1)", "updateMetaInfo(b,,,0,1)", "updateTime(0,4000)"}));
-    EXPECT_EQ(engine->getPlayerControl()->getState(), MP_STATE_PLAYING);
 }
 
 TEST_F(HostEngineTest, Streams_PlayWithoutEnd_AndMediumTypesFollowThePathOrTheHostSetting)
@@ -333,36 +353,6 @@ TEST_F(HostEngineTest, Streams_PlayWithoutEnd_AndMediumTypesFollowThePathOrTheHo
     engine->setFile(writeFakeVideo("next.mp4"));
     EXPECT_EQ(engine->getMediumType(), MP_MEDIUM_TRANSFER_SESSION);
     EXPECT_EQ(takeLog().front(), "updateMetaInfo(next,,,0,0)");
-}
-
-TEST_F(HostEngineTest, WhatPlays_ShowsOnTheMainWidget_AndIsReportedAgainToTheAskingListenerOnly)
-{
-    RecordingListener other(log, "B");
-    engine->addPlayerListener(&other);
-    engine->setFile(writeWav("song.wav", 3000, "Song", "Band", "Record"));
-    engine->autoPlay(false);
-    HostEngineClock::advance(1000);
-    takeLog();
-    engine->getPlayerControl()->requestUpdate(&other);
-    EXPECT_EQ(takeLog(), Events({"B:updateMetaInfo(Song,Band,Record,0,1)", "B:updateTime(1000,3000)",
-                                 "B:updateState(1)"}));
-
-    VmKbMainWidget* screen = engine->getMainWidget();
-    ASSERT_NE(screen, nullptr);
-    const auto text = [screen](const char* name) { return screen->findChild<QLabel*>(name)->text(); };
-    EXPECT_EQ(text("title"), "Song");
-    EXPECT_EQ(text("artist"), "Band");
-    EXPECT_EQ(text("album"), "Record");
-    EXPECT_EQ(text("time"), "0:01 / 0:03");
-    EXPECT_EQ(text("state"), "playing");
-
-    // Given something to play, the screen came up by itself.
-    EXPECT_TRUE(engine->isPlayerShown());
-    engine->closePlayerWindow();
-    EXPECT_FALSE(engine->isPlayerShown());
-    engine->showPlayer();
-    EXPECT_TRUE(engine->isPlayerShown());
-    EXPECT_EQ(engine->flipClosed(), 0);
 }
 
 TEST_F(HostEngineTest, LiveEngine_IsTheNewestStillAlive)
