@@ -2,10 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <QDir>
 #include <QJsonArray>
 #include <QFile>
-#include <QTemporaryDir>
 
 #include <map>
 
@@ -94,16 +92,10 @@ TEST_F(MetadataBackupTest, RefreshTakesThePresentResultAndReleaseEndsTheBackup)
 
 TEST_F(MetadataBackupTest, FileDeletedUnderAWatchedFolderLeavesTheDatabaseAndIsAnnounced)
 {
-    QTemporaryDir folder;
-    ASSERT_TRUE(folder.isValid());
-    const QString root = QDir(folder.path()).canonicalPath();
-    const QString kept = root + "/kept.mp3";
-    const QString doomed = root + "/doomed.mp3";
-    for (const QString& path : {kept, doomed}) {
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    const QString kept = QFileInfo(writeDataFile("watched/kept.mp3")).canonicalFilePath();
+    const QString doomed = QFileInfo(writeDataFile("watched/doomed.mp3")).canonicalFilePath();
+    for (const QString& path : {kept, doomed})
         add(path, QFileInfo(path).baseName());
-    }
     IndicationRecorder recorder;
     subscribe(m_handle, recorder);
     const MetadataSearchMediaRequest request = m_music.words();
