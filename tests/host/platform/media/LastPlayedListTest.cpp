@@ -29,7 +29,7 @@ LastPlayedListRecord cleared()
 
 } // namespace
 
-TEST_F(LastPlayedListTest, SaveGetFreeRoundTripWithNullAndUtf8Strings)
+TEST_F(LastPlayedListTest, SaveGetFree_RoundTripsNullAndUtf8Strings_ANewSaveReplacesTheOld)
 {
     LastPlayedListRecord read = cleared();
     read.firstIndex = 7;
@@ -64,16 +64,8 @@ TEST_F(LastPlayedListTest, SaveGetFreeRoundTripWithNullAndUtf8Strings)
     EXPECT_EQ(read.artist, nullptr);
     EXPECT_EQ(read.genre, nullptr);
     freeLastPlayedList(&read);             // twice is harmless
-}
 
-TEST_F(LastPlayedListTest, ANewSaveReplacesTheOldAndOutlivesTheProcessConnection)
-{
-    char artist[] = "A";
-    LastPlayedListRecord first = cleared();
-    first.listType = 6;
-    first.artist = artist;
-    first.artistLength = 1;
-    ASSERT_NE(saveLastPlayedList(&first), 0);
+    // A new save replaces the old one whole.
     LastPlayedListRecord user = cleared();
     user.listType = 0;
     user.groupObjectId = 12;
@@ -112,4 +104,25 @@ TEST_F(LastPlayedListTest, DatabaseLockedByAnotherProgram_SaveFailsAndTheJournal
     ASSERT_EQ(getLastPlayedList(&read), 1);
     EXPECT_EQ(read.firstIndex, -1) << "the earlier list is still the stored one";
     freeLastPlayedList(&read);
+}
+
+// The last played song: kept for a later reader, journaled like every
+// metadata write (ReadOnlyDataFolderTest: refused where nothing may be written).
+TEST_F(LastPlayedListTest, LastPlayedSong_ANewSaveReplacesTheEarlierAndIsJournaled)
+{
+    const auto stored = [] { return MediaDatabase::open(MediaDatabase::defaultFile())->lastPlayedSong(); };
+    EXPECT_FALSE(stored()) << "none before the first save";
+    EXPECT_EQ(saveLastPlayedSong("/m/first.mp3", 4), 1);
+    // UTF-8, as every path the database holds: a name outside Latin-1 stays whole.
+    EXPECT_EQ(saveLastPlayedSong("/m/02 \xce\xa9 caf\xc3\xa9.wav", 0), 1);
+    EXPECT_EQ(saveLastPlayedSong(nullptr, 2), 0);
+
+    const std::optional<MediaLastPlayedSong> song = stored();
+    ASSERT_TRUE(song);
+    EXPECT_EQ(song->path.toStdString(), "/m/02 \u03a9 caf\u00e9.wav");
+    EXPECT_EQ(song->position, 0);
+    const QList<QJsonObject> lines = journalLines("metadata", "saveLastPlayedSong");
+    ASSERT_EQ(lines.size(), 2) << "a call without a path writes nothing";
+    EXPECT_EQ(lines.at(0).value("args").toArray(), (QJsonArray{"/m/first.mp3", 4}));
+    EXPECT_EQ(lines.at(1).value("written"), true);
 }

@@ -11,28 +11,27 @@
 #include "host/platform/media/database/MediaDatabase.h"
 #include "platform/Metadata.h"
 #include "tests/host/platform/media/OtherProgramSql.h"
+#include "tests/support/QtMessages.h"
 #include "tests/support/SongBuilder.h"
 #include "tests/support/TestEnvironment.h"
 
 namespace {
-
-QStringList g_warnings;
-
-void keepWarning(QtMsgType, const QMessageLogContext&, const QString& message)
-{
-    g_warnings.append(message);
-}
 
 class MediaDatabaseSchemaTest : public TestEnvironment {
 protected:
     // Opens the database file, returning the warnings the attempt gave.
     static QStringList openWarnings(bool* isOpened)
     {
-        g_warnings.clear();
-        const QtMessageHandler previous = qInstallMessageHandler(keepWarning);
+        const QtMessages warnings;
         *isOpened = MediaDatabase::open(MediaDatabase::defaultFile()) != nullptr;
-        qInstallMessageHandler(previous);
-        return g_warnings;
+        return warnings.list();
+    }
+    // Expects the file to be refused with the one warning that gives @p reason.
+    static void expectRefused(const QString& reason)
+    {
+        bool isOpened = true;
+        EXPECT_EQ(openWarnings(&isOpened), QStringList{"cannot use " + MediaDatabase::defaultFile() + " : " + reason});
+        EXPECT_FALSE(isOpened);
     }
     static int userVersion()
     {
@@ -48,42 +47,29 @@ protected:
 
 TEST_F(MediaDatabaseSchemaTest, AnotherProgramsDatabaseIsRefusedAndLeftAsItIs)
 {
-    const QString prefix = "cannot use " + MediaDatabase::defaultFile() + " : ";
     runAsOtherProgram("CREATE TABLE notes (id INTEGER PRIMARY KEY, text TEXT)");
-    bool isOpened = true;
-    EXPECT_EQ(openWarnings(&isOpened),
-              QStringList{prefix + "the file holds another program's tables (schema version 0), not a media database"});
-    EXPECT_FALSE(isOpened);
+    expectRefused("the file holds another program's tables (schema version 0), not a media database");
     EXPECT_EQ(userVersion(), 0) << "no step was run on it";
 
     // A file that claims a version of ours without that version's tables.
     runAsOtherProgram("CREATE TABLE media (id INTEGER PRIMARY KEY); PRAGMA user_version = 2");
-    EXPECT_EQ(openWarnings(&isOpened),
-              QStringList{prefix + "schema version 2 without its table \"groups\": not a media database"});
-    EXPECT_FALSE(isOpened);
+    expectRefused("schema version 2 without its table \"groups\": not a media database");
 
     runAsOtherProgram("PRAGMA user_version = 9");
-    EXPECT_EQ(openWarnings(&isOpened), QStringList{prefix + "schema version 9 is newer than this program's 3"});
-    EXPECT_FALSE(isOpened);
+    expectRefused("schema version 9 is newer than this program's 3");
 }
 
 TEST_F(MediaDatabaseSchemaTest, ATableWithoutAColumnThisProgramUsesIsRefusedByName)
 {
-    const QString prefix = "cannot use " + MediaDatabase::defaultFile() + " : ";
     ASSERT_TRUE(MediaDatabase::open(MediaDatabase::defaultFile()));
     runAsOtherProgram("ALTER TABLE media DROP COLUMN file_modified");
-    bool isOpened = true;
-    EXPECT_EQ(openWarnings(&isOpened),
-              QStringList{prefix + "schema version 3 with a damaged table \"media\" (no such column: file_modified): "
-                                   "not a media database"});
-    EXPECT_FALSE(isOpened);
+    expectRefused("schema version 3 with a damaged table \"media\" (no such column: file_modified): "
+                  "not a media database");
 
     runAsOtherProgram("ALTER TABLE media ADD COLUMN file_modified INTEGER NOT NULL DEFAULT 0;"
-              "ALTER TABLE groups RENAME COLUMN name TO title");
-    EXPECT_EQ(openWarnings(&isOpened),
-              QStringList{prefix + "schema version 3 with a damaged table \"groups\" (no such column: name): "
-                                   "not a media database"});
-    EXPECT_FALSE(isOpened);
+                      "ALTER TABLE groups RENAME COLUMN name TO title");
+    expectRefused("schema version 3 with a damaged table \"groups\" (no such column: name): not a media database");
+    bool isOpened = true;
     EXPECT_EQ(openWarnings(&isOpened), QStringList()) << "the same refusal is said once";
     EXPECT_EQ(MediaDatabase::lastRefusal(), MediaDatabase::defaultFile()
                                                 + ": schema version 3 with a damaged table \"groups\" (no such column: "

@@ -11,82 +11,11 @@
 #include "host/platform/phone/HostPhone.h"
 #include "host/platform/media/database/SqliteTransaction.h"
 #include "platform/Metadata.h"
+#include "tests/support/QtMessages.h"
 #include "tests/support/SongBuilder.h"
 #include "tests/host/platform/media/MetadataTestLibrary.h"
 
 namespace {
-
-// A request and the arrays it points to. Filter values live in implicitly
-// shared byte arrays: a copy's filters point at the same bytes, which stay
-// while either holds them.
-struct Request {
-    std::vector<MetadataListType> listTypes;
-    std::vector<MetadataSearchFilter> filters;
-    std::vector<MetadataSortEntry> sort{{METADATA_SORT_TITLE, METADATA_SORT_ASCENDING}};
-    std::vector<MetadataSearchCandidateType> candidates{METADATA_CANDIDATE_OBJECT_ID};
-    std::vector<QByteArray> values;
-    int storage = 2;
-    uint32_t grouping = 0;
-    int count = 100;
-    int start = 0;
-
-    explicit Request(MetadataListType listType) : listTypes{listType} {}
-    Request& text(MetadataSearchFilterType type, const QString& value)
-    {
-        values.push_back(value.toUtf8());
-        filters.push_back({type, METADATA_OPERATOR_EQUAL, uint32_t(values.back().size() + 1), values.back().constData()});
-        return *this;
-    }
-    Request& number(MetadataSearchFilterType type, uint32_t value)
-    {
-        values.emplace_back(reinterpret_cast<const char*>(&value), int(sizeof value));
-        filters.push_back({type, METADATA_OPERATOR_EQUAL, 4, values.back().constData()});
-        return *this;
-    }
-    Request& any(MetadataSearchFilterType type)
-    {
-        filters.push_back({type, METADATA_OPERATOR_ANY, 0, nullptr});
-        return *this;
-    }
-    MetadataSearchMediaRequest words() const
-    {
-        return {uint32_t(listTypes.size()), listTypes.data(), uint32_t(filters.size()), filters.data(),
-                uint32_t(sort.size()), sort.data(), storage, 0, grouping, uint32_t(candidates.size()),
-                candidates.data(), count, start, 1};
-    }
-};
-
-struct Answer {
-    int result = -1;
-    int calls = 0;
-    uint32_t count = 0;
-    std::vector<quint32> ids;
-    QStringList texts;     // every text value, in order
-};
-
-void collect(void* userData, MetadataSearchMediaResponse* response)
-{
-    Answer& answer = *static_cast<Answer*>(userData);
-    ++answer.calls;
-    answer.count = response->count;
-    for (uint32_t i = 0; i < response->actualNum; ++i) {
-        const MetadataMediaInfo& info = response->mediaInfo[i];
-        for (int32_t f = 0; f < info.fieldCount; ++f) {
-            const MetadataMediaField& field = info.fields[f];
-            if (field.type == METADATA_CANDIDATE_OBJECT_ID)
-                answer.ids.push_back(field.value.number);
-            else
-                answer.texts.append(QString::fromUtf8(field.value.text, int(field.valueLength) - 1));
-        }
-    }
-}
-
-QStringList g_messages;
-
-void keepMessage(QtMsgType, const QMessageLogContext&, const QString& message)
-{
-    g_messages.append(message);
-}
 
 class MediaDatabaseTest : public MetadataTestLibrary {
 protected:
@@ -121,45 +50,23 @@ protected:
             << qPrintable(path);
     }
 
-    Answer search(const Request& request) const
-    {
-        Answer answer;
-        const MetadataSearchMediaRequest words = request.words();
-        answer.result = metadataSearchMedia(m_handle, &words, collect, &answer);
-        return answer;
-    }
-    std::vector<quint32> ids(const Request& request) const
-    {
-        const Answer answer = search(request);
-        EXPECT_EQ(answer.result, 0);
-        EXPECT_EQ(answer.calls, 1);
-        return answer.ids;
-    }
-
     quint32 m_playList = 0;
 };
 
-using Ids = std::vector<quint32>;
+using Request = SearchRequest;
+using Answer = SearchAnswer;
+using Ids = QList<quint32>;
 
 Request music()
 {
     return Request(METADATA_LIST_MUSIC);
 }
 
-Request groupList(MetadataListType type, uint32_t groupId)
-{
-    Request request(type);
-    request.number(METADATA_FILTER_GROUP_ID, groupId);
-    request.sort = {{METADATA_SORT_GROUP_POSITION, METADATA_SORT_ASCENDING}};
-    return request;
-}
-
 } // namespace
 
+// That groups 2 and 3 are the histories: EachListType.
 TEST_F(MediaDatabaseTest, NewDatabaseHasTheHistoryGroupsAndGivesUserGroupsOtherIds)
 {
-    EXPECT_EQ(m_database->groupById(2)->type, METADATA_GROUP_PLAY_HISTORY);
-    EXPECT_EQ(m_database->groupById(3)->type, METADATA_GROUP_PLAY_HISTORY);
     EXPECT_EQ(m_playList, 4u);
     EXPECT_FALSE(m_database->removeGroup(2));
     EXPECT_TRUE(m_database->removeGroup(m_playList));
@@ -325,13 +232,11 @@ TEST_F(MediaDatabaseTest, UnreadableRequestsDeliverNothing)
     for (const auto& [name, spoil] : bad) {
         Request request = music();
         spoil(request);
-        g_messages.clear();
-        const QtMessageHandler previous = qInstallMessageHandler(keepMessage);
+        const QtMessages messages;
         const Answer answer = search(request);
-        qInstallMessageHandler(previous);
         EXPECT_NE(answer.result, 0) << name;
         EXPECT_EQ(answer.calls, 0) << name;
-        EXPECT_EQ(g_messages.filter("cannot read the request").size(), 1) << name;
+        EXPECT_EQ(messages.list().filter("cannot read the request").size(), 1) << name;
     }
 
     // Null arrays where counts say there are entries, and no request, callback or client.
@@ -343,12 +248,12 @@ TEST_F(MediaDatabaseTest, UnreadableRequestsDeliverNothing)
     for (const auto& breakWords : nullArrays) {
         MetadataSearchMediaRequest words = valid.words();
         breakWords(words);
-        EXPECT_NE(metadataSearchMedia(m_handle, &words, collect, &answer), 0);
+        EXPECT_NE(metadataSearchMedia(m_handle, &words, SearchAnswer::collect, &answer), 0);
     }
     const MetadataSearchMediaRequest words = valid.words();
-    EXPECT_NE(metadataSearchMedia(m_handle, nullptr, collect, &answer), 0);
+    EXPECT_NE(metadataSearchMedia(m_handle, nullptr, SearchAnswer::collect, &answer), 0);
     EXPECT_NE(metadataSearchMedia(m_handle, &words, nullptr, &answer), 0);
-    EXPECT_NE(metadataSearchMedia(m_handle + 100, &words, collect, &answer), 0);
+    EXPECT_NE(metadataSearchMedia(m_handle + 100, &words, SearchAnswer::collect, &answer), 0);
     EXPECT_EQ(answer.calls, 0);
 }
 

@@ -2,10 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <QDir>
 #include <QJsonArray>
 #include <QFile>
-#include <QTemporaryDir>
 
 #include <map>
 
@@ -27,7 +25,7 @@ protected:
         ASSERT_EQ(metadataBackupSearchedMedias(m_handle, &request), 0);
     }
 
-    MusicByTitle m_music;
+    const SearchRequest m_music{METADATA_LIST_MUSIC};
     std::map<QString, quint32> m_ids;
 };
 
@@ -37,9 +35,8 @@ using Ids = std::vector<quint32>;
 
 TEST(MediaBackupLocate, FindsTheEntryOrTheFirstLaterSurvivor)
 {
+    // An entry still there is checked through the client, below.
     const Ids backup{10, 11, 12, 13, 14};
-    EXPECT_EQ(MediaBackup::locate(backup, 2, {12, 10, 11}).newIndex, 1);       // still there: from 1
-    EXPECT_TRUE(MediaBackup::locate(backup, 2, {12, 10, 11}).isExisted);
     const MediaBackupCheck gone = MediaBackup::locate(backup, 1, {10, 14, 12});
     EXPECT_FALSE(gone.isExisted);
     EXPECT_EQ(gone.newIndex, 2);                                              // 12, the first later survivor
@@ -95,16 +92,10 @@ TEST_F(MetadataBackupTest, RefreshTakesThePresentResultAndReleaseEndsTheBackup)
 
 TEST_F(MetadataBackupTest, FileDeletedUnderAWatchedFolderLeavesTheDatabaseAndIsAnnounced)
 {
-    QTemporaryDir folder;
-    ASSERT_TRUE(folder.isValid());
-    const QString root = QDir(folder.path()).canonicalPath();
-    const QString kept = root + "/kept.mp3";
-    const QString doomed = root + "/doomed.mp3";
-    for (const QString& path : {kept, doomed}) {
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    const QString kept = QFileInfo(writeDataFile("watched/kept.mp3")).canonicalFilePath();
+    const QString doomed = QFileInfo(writeDataFile("watched/doomed.mp3")).canonicalFilePath();
+    for (const QString& path : {kept, doomed})
         add(path, QFileInfo(path).baseName());
-    }
     IndicationRecorder recorder;
     subscribe(m_handle, recorder);
     const MetadataSearchMediaRequest request = m_music.words();

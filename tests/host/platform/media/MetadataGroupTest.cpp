@@ -4,6 +4,7 @@
 #include <QJsonDocument>
 
 #include <cstring>
+#include <tuple>
 
 #include "host/platform/phone/HostPhone.h"
 #include "tests/host/platform/media/MetadataTestLibrary.h"
@@ -48,20 +49,6 @@ protected:
 
     QList<quint32> m_songs;   // storage 0, 1, 0, 1, 0, 1
 };
-
-struct Found {
-    int calls = 0;
-    uint32_t count = 0;
-    std::vector<MetadataMediaSummary> entries;
-};
-
-void keepFound(void* userData, MetadataSearchMusicFileResponse* response)
-{
-    auto& found = *static_cast<Found*>(userData);
-    ++found.calls;
-    found.count = response->count;
-    found.entries.assign(response->entries, response->entries + response->actualNum);
-}
 
 } // namespace
 
@@ -133,22 +120,13 @@ TEST_F(MetadataGroupTest, RemovesByPlaceWithinTheStorageSelectionAndKeepsTheFile
 
 TEST_F(MetadataGroupTest, SingleFileSearchAnswersTheSummaryOfThePath)
 {
-    MediaRecord video;
-    video.path = "/v/Captured/clip.mp4";
-    video.kind = MediaKind::Video;
-    video.storage = 1;
-    video.createdBy = METADATA_CREATED_CAPTURED;
-    video.track = 4;
+    MediaRecord video = song("/v/Captured/clip.mp4").video().storage(1).createdBy(METADATA_CREATED_CAPTURED).track(4);
     video.buy = true;
     const quint32 clip = m_database->addMedia(video);
 
     const QByteArray path = video.path.toUtf8();
-    const MetadataSearchFilter filter{METADATA_FILTER_FILE_PATH, METADATA_OPERATOR_EQUAL,
-                                      uint32_t(path.size() + 1), path.constData()};
-    const MetadataSearchCandidateType candidate = METADATA_CANDIDATE_OBJECT_ID;
-    MetadataSearchMusicFileRequest request{1, &filter, 2, 1, &candidate, 1, 0};
-    Found found;
-    ASSERT_EQ(metadataSearchMusicFile(m_handle, &request, 1, keepFound, &found), 0);
+    FileSearchAnswer found = searchFile(path);
+    ASSERT_EQ(found.result, 0);
     ASSERT_EQ(found.calls, 1);
     ASSERT_EQ(found.count, 1u);
     ASSERT_EQ(found.entries.size(), 1u);
@@ -158,23 +136,24 @@ TEST_F(MetadataGroupTest, SingleFileSearchAnswersTheSummaryOfThePath)
     EXPECT_EQ(std::vector<uint32_t>(words, words + 8), (std::vector<uint32_t>{clip, 2, 8, 1, 0, 1, 4, 0}));
 
     // Phone memory only: not found, but answered.
-    request.storageLocation = 0;
-    found = Found();
-    ASSERT_EQ(metadataSearchMusicFile(m_handle, &request, 1, keepFound, &found), 0);
-    EXPECT_EQ(found.calls, 1);
-    EXPECT_EQ(found.count, 0u);
+    found = searchFile(path, 0);
+    EXPECT_EQ(std::tuple(found.result, found.calls, found.count), std::tuple(0, 1, 0u));
 
     // Unreadable requests call nothing: no filters, another filter type, a path without its NUL, no request.
+    const MetadataSearchFilter filter{METADATA_FILTER_FILE_PATH, METADATA_OPERATOR_EQUAL,
+                                      uint32_t(path.size() + 1), path.constData()};
+    const MetadataSearchCandidateType candidate = METADATA_CANDIDATE_OBJECT_ID;
+    const MetadataSearchMusicFileRequest request{1, &filter, 2, 1, &candidate, 1, 0};
     const MetadataSearchFilter artist{METADATA_FILTER_ARTIST, METADATA_OPERATOR_EQUAL, filter.valueLength, filter.value};
     const MetadataSearchFilter unterminated{filter.type, filter.op, uint32_t(path.size()), filter.value};
-    found = Found();
+    found = FileSearchAnswer();
     const std::vector<const MetadataSearchFilter*> unreadableFilters{nullptr, &artist, &unterminated};
     for (const MetadataSearchFilter* bad : unreadableFilters) {
         MetadataSearchMusicFileRequest unreadable = request;
         unreadable.filters = bad;
-        EXPECT_NE(metadataSearchMusicFile(m_handle, &unreadable, 1, keepFound, &found), 0);
+        EXPECT_NE(metadataSearchMusicFile(m_handle, &unreadable, 1, FileSearchAnswer::collect, &found), 0);
     }
-    EXPECT_NE(metadataSearchMusicFile(m_handle, &request, 0, keepFound, &found), 0);
-    EXPECT_NE(metadataSearchMusicFile(m_handle, nullptr, 1, keepFound, &found), 0);
+    EXPECT_NE(metadataSearchMusicFile(m_handle, &request, 0, FileSearchAnswer::collect, &found), 0);
+    EXPECT_NE(metadataSearchMusicFile(m_handle, nullptr, 1, FileSearchAnswer::collect, &found), 0);
     EXPECT_EQ(found.calls, 0);
 }

@@ -19,10 +19,13 @@ protected:
         subscribe(m_handle, m_recorder);
     }
 
-    bool hears(const IndicationRecorder& recorder, const QList<Heard>& expected) const
+    // Whether this client hears just @p expected; what it heard is then forgotten.
+    bool hears(const QList<Heard>& expected)
     {
-        return waitUntil([&] { return recorder.heard.size() >= expected.size(); }, 3000)
-               && recorder.heard == expected;
+        const bool isHeard = waitUntil([&] { return m_recorder.heard.size() >= expected.size(); }, 3000)
+                             && m_recorder.heard == expected;
+        m_recorder.heard.clear();
+        return isHeard;
     }
 
     quint32 m_song = 0;
@@ -39,10 +42,9 @@ TEST_F(MetadataIndicationTest, OwnWriteIsAnnouncedOnlyFromTheEventLoopAfterItsCo
     int status = -1;
     ASSERT_EQ(metadataAddItemsIntoGroup(m_handle, &record, &status), 0);
     EXPECT_TRUE(m_recorder.heard.isEmpty());
-    EXPECT_TRUE(hears(m_recorder, {IndicationRecorder::group(m_playList, METADATA_GROUP_MEMBERS_CHANGED)}));
+    EXPECT_TRUE(hears({IndicationRecorder::group(m_playList, METADATA_GROUP_MEMBERS_CHANGED)}));
 
     // Uncommitted changes are not announced; committed as one batch, they are one 3006.
-    m_recorder.heard.clear();
     {
         const std::unique_ptr<SqliteTransaction> transaction = m_database->beginTransaction();
         add("/m/a.mp3", "A");
@@ -51,27 +53,22 @@ TEST_F(MetadataIndicationTest, OwnWriteIsAnnouncedOnlyFromTheEventLoopAfterItsCo
         EXPECT_FALSE(waitUntil([&] { return !m_recorder.heard.isEmpty(); }, 450));
         ASSERT_TRUE(transaction->commit());
     }
-    EXPECT_TRUE(hears(m_recorder, {IndicationRecorder::content()}));
+    EXPECT_TRUE(hears({IndicationRecorder::content()}));
 }
 
 TEST_F(MetadataIndicationTest, AnotherProgramsWrite_ArrivesAndIsSeenOnceTheClientHandlesIt)
 {
-    MusicByTitle music;
-    const MetadataSearchMediaRequest request = music.words();
-    ASSERT_EQ(metadataBackupSearchedMedias(m_handle, &request), 0);
-    const auto firstCount = [&] {
-        // A window of entries to play: it never moves the snapshot.
-        const MetadataSearchCandidateType toPlay[] = {METADATA_CANDIDATE_OBJECT_ID, METADATA_CANDIDATE_FULL_PATH};
-        MetadataSearchMediaRequest fetch = request;
-        fetch.candidateCount = 2;
-        fetch.candidates = toPlay;
-        fetch.resultCount = 5;
-        return search(fetch).count;
-    };
+    SearchRequest music(METADATA_LIST_MUSIC);
+    const MetadataSearchMediaRequest backup = music.words();
+    ASSERT_EQ(metadataBackupSearchedMedias(m_handle, &backup), 0);
+    // A window of entries to play: it never moves the snapshot.
+    music.candidates = {METADATA_CANDIDATE_OBJECT_ID, METADATA_CANDIDATE_FULL_PATH};
+    music.count = 5;
+    const auto firstCount = [&] { return search(music).count; };
     // As the sqlite3 shell would: a plain connection without this program's code.
     ASSERT_TRUE(runAsOtherProgram("INSERT INTO media (path, kind, title) VALUES ('/m/new.mp3', 1, 'New')"));
     EXPECT_EQ(firstCount(), 1u) << "before the indication the client reads its snapshot";
-    EXPECT_TRUE(hears(m_recorder, {IndicationRecorder::content()}));
+    EXPECT_TRUE(hears({IndicationRecorder::content()}));
     EXPECT_EQ(firstCount(), 1u) << "delivered, not yet handled: the positions the client knows still hold";
 
     EXPECT_EQ(std::get<3>(checkBackup(0)), 2u) << "handling the change moves the snapshot";
@@ -81,19 +78,16 @@ TEST_F(MetadataIndicationTest, AnotherProgramsWrite_ArrivesAndIsSeenOnceTheClien
 TEST_F(MetadataIndicationTest, GroupChangesNameTheGroupAndTellDeletionFromMembers)
 {
     ASSERT_TRUE(m_database->setGroupMembers(m_playList, {m_song}));
-    EXPECT_TRUE(hears(m_recorder, {IndicationRecorder::group(m_playList, METADATA_GROUP_MEMBERS_CHANGED)}));
+    EXPECT_TRUE(hears({IndicationRecorder::group(m_playList, METADATA_GROUP_MEMBERS_CHANGED)}));
 
-    m_recorder.heard.clear();
     ASSERT_TRUE(m_database->removeGroup(m_playList));
-    EXPECT_TRUE(hears(m_recorder, {IndicationRecorder::group(m_playList, METADATA_GROUP_DELETED)}));
+    EXPECT_TRUE(hears({IndicationRecorder::group(m_playList, METADATA_GROUP_DELETED)}));
 
     // Removing a file changes the media and every group that held it.
-    m_recorder.heard.clear();
     ASSERT_TRUE(m_database->setGroupMembers(METADATA_AUDIO_HISTORY_GROUP_ID, {m_song}));
-    ASSERT_TRUE(hears(m_recorder, {IndicationRecorder::group(2, METADATA_GROUP_MEMBERS_CHANGED)}));
-    m_recorder.heard.clear();
+    ASSERT_TRUE(hears({IndicationRecorder::group(2, METADATA_GROUP_MEMBERS_CHANGED)}));
     ASSERT_TRUE(m_database->removeMedia(m_song));
-    EXPECT_TRUE(hears(m_recorder, {IndicationRecorder::content(),
+    EXPECT_TRUE(hears({IndicationRecorder::content(),
                                    IndicationRecorder::group(2, METADATA_GROUP_MEMBERS_CHANGED)}));
 }
 
@@ -160,27 +154,6 @@ TEST_F(MetadataIndicationTest, HandlerMayCloseItsOwnConnection)
     EXPECT_EQ(closer.calls, 1);
 }
 
-namespace {
-
-// A play list in its order, on the phone memory, as a list reads it to play.
-struct PlayListInOrder {
-    MetadataListType listType = METADATA_LIST_USER_GROUP;
-    MetadataSearchFilter group{METADATA_FILTER_GROUP_ID, METADATA_OPERATOR_EQUAL, sizeof groupId, &groupId};
-    MetadataSortEntry sort{METADATA_SORT_GROUP_POSITION, METADATA_SORT_ASCENDING};
-    MetadataSearchCandidateType candidates[2] = {METADATA_CANDIDATE_OBJECT_ID, METADATA_CANDIDATE_FULL_PATH};
-    uint32_t groupId = 0;
-
-    explicit PlayListInOrder(uint32_t id) : groupId(id) {}
-    PlayListInOrder(const PlayListInOrder&) = delete;
-
-    MetadataSearchMediaRequest words(int resultCount) const
-    {
-        return {1, &listType, 1, &group, 1, &sort, 0, 0, 0, 2, candidates, resultCount, 0, 1};
-    }
-};
-
-} // namespace
-
 // A client that reads only a play list does not hold the write-ahead log
 // for another program's song changes that leave the list's searches as they
 // were; a change that alters what they return still waits for the client,
@@ -194,27 +167,17 @@ TEST_F(MetadataIndicationTest, PlayListClient_WaitsOnlyForSongChangesThatReachIt
     ASSERT_TRUE(waitUntil(
         [&] { return m_recorder.heard.contains(IndicationRecorder::group(m_playList, METADATA_GROUP_MEMBERS_CHANGED)); },
         3000));
-    const PlayListInOrder playList(m_playList);
-    const MetadataSearchMediaRequest backup = playList.words(0);
+    // The play list in its order, on the phone memory, as a list reads it to play.
+    SearchRequest playList = groupList(METADATA_LIST_USER_GROUP, m_playList);
+    playList.candidates = {METADATA_CANDIDATE_OBJECT_ID, METADATA_CANDIDATE_FULL_PATH};
+    playList.storage = 0;
+    const MetadataSearchMediaRequest backup = playList.words();
     ASSERT_EQ(metadataBackupSearchedMedias(m_handle, &backup), 0);
     // Entries to play: reading them never moves the snapshot.
-    const auto entries = [&] { return search(playList.words(10)).ids; };
+    playList.count = 10;
+    const auto entries = [&] { return search(playList).ids; };
     // A look-up by path, as the history's writes make: it tells which state the snapshot holds.
-    const auto isSeen = [&](const QByteArray& path) {
-        const MetadataSearchFilter filter{METADATA_FILTER_FILE_PATH, METADATA_OPERATOR_EQUAL,
-                                          uint32_t(path.size() + 1), path.constData()};
-        const MetadataSearchCandidateType id = METADATA_CANDIDATE_OBJECT_ID;
-        const MetadataSearchMusicFileRequest request{1, &filter, 2, 1, &id, 1, 0};
-        uint32_t found = 0;
-        EXPECT_EQ(metadataSearchMusicFile(
-                      m_handle, &request, 1,
-                      [](void* userData, MetadataSearchMusicFileResponse* response) {
-                          *static_cast<uint32_t*>(userData) = response->actualNum;
-                      },
-                      &found),
-                  0);
-        return found == 1;
-    };
+    const auto isSeen = [&](const QByteArray& path) { return searchFile(path).entries.size() == 1; };
     ASSERT_EQ(entries(), (QList<quint32>{m_song, second, third}));
 
     // A song added beside the list and a new title for one of its songs: the
@@ -227,7 +190,7 @@ TEST_F(MetadataIndicationTest, PlayListClient_WaitsOnlyForSongChangesThatReachIt
         retitled.title = QStringLiteral("Second, live");
         ASSERT_TRUE(m_database->updateMedia(retitled) && transaction->commit());
     }
-    ASSERT_TRUE(hears(m_recorder, {IndicationRecorder::content()}));
+    ASSERT_TRUE(hears({IndicationRecorder::content()}));
     EXPECT_TRUE(isSeen("/m/beside.mp3"));
     EXPECT_EQ(entries(), (QList<quint32>{m_song, second, third}));
 
@@ -235,7 +198,6 @@ TEST_F(MetadataIndicationTest, PlayListClient_WaitsOnlyForSongChangesThatReachIt
     // waits, and the list hears of it as a change of its own group.
     const QList<IndicationRecorder::Heard> contentAndList{
         IndicationRecorder::content(), IndicationRecorder::group(m_playList, METADATA_GROUP_MEMBERS_CHANGED)};
-    m_recorder.heard.clear();
     {
         const std::unique_ptr<SqliteTransaction> transaction = m_database->beginTransaction();
         add("/m/later.mp3", "Later");
@@ -243,7 +205,7 @@ TEST_F(MetadataIndicationTest, PlayListClient_WaitsOnlyForSongChangesThatReachIt
         moved.storage = 1;
         ASSERT_TRUE(m_database->updateMedia(moved) && transaction->commit());
     }
-    ASSERT_TRUE(hears(m_recorder, contentAndList));
+    ASSERT_TRUE(hears(contentAndList));
     EXPECT_FALSE(isSeen("/m/later.mp3"));
     EXPECT_EQ(entries(), (QList<quint32>{m_song, second, third})) << "delivered, not handled";
     EXPECT_EQ(std::get<3>(checkBackup(0)), 2u);
@@ -252,9 +214,8 @@ TEST_F(MetadataIndicationTest, PlayListClient_WaitsOnlyForSongChangesThatReachIt
 
     // Deleted as the sqlite3 shell does, without foreign keys: the member row
     // stays and no group change is logged, but the song leaves the list.
-    m_recorder.heard.clear();
     ASSERT_TRUE(runAsOtherProgram("DELETE FROM media WHERE id = " + QByteArray::number(second)));
-    ASSERT_TRUE(hears(m_recorder, contentAndList));
+    ASSERT_TRUE(hears(contentAndList));
     EXPECT_EQ(entries(), (QList<quint32>{m_song, second})) << "delivered, not handled";
     EXPECT_EQ(std::get<3>(checkBackup(0)), 1u);
     EXPECT_EQ(entries(), QList<quint32>{m_song});

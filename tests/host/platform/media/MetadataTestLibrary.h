@@ -3,8 +3,10 @@
 // a recorder of the client's indications: what the tests of the metadata
 // searches, writes, backups and indications start from.
 
+#include <QByteArray>
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 #include <tuple>
@@ -12,7 +14,100 @@
 
 #include "host/platform/media/database/MediaDatabase.h"
 #include "platform/Metadata.h"
+#include "tests/support/SongBuilder.h"
 #include "tests/support/TestEnvironment.h"
+
+/** A search request and the arrays it points to; as made, the music
+ *  library by title, its first hundred object ids. Filter values live in
+ *  implicitly shared byte arrays: a copy's filters point at the same bytes,
+ *  which stay while either holds them. */
+struct SearchRequest {
+    std::vector<MetadataListType> listTypes;
+    std::vector<MetadataSearchFilter> filters;
+    std::vector<MetadataSortEntry> sort{{METADATA_SORT_TITLE, METADATA_SORT_ASCENDING}};
+    std::vector<MetadataSearchCandidateType> candidates{METADATA_CANDIDATE_OBJECT_ID};
+    std::vector<QByteArray> values;
+    int storage = 2;
+    uint32_t grouping = 0;
+    int count = 100;
+    int start = 0;
+
+    explicit SearchRequest(MetadataListType listType) : listTypes{listType} {}
+    SearchRequest& text(MetadataSearchFilterType type, const QString& value)
+    {
+        values.push_back(value.toUtf8());
+        filters.push_back({type, METADATA_OPERATOR_EQUAL, uint32_t(values.back().size() + 1), values.back().constData()});
+        return *this;
+    }
+    SearchRequest& number(MetadataSearchFilterType type, uint32_t value)
+    {
+        values.emplace_back(reinterpret_cast<const char*>(&value), int(sizeof value));
+        filters.push_back({type, METADATA_OPERATOR_EQUAL, 4, values.back().constData()});
+        return *this;
+    }
+    SearchRequest& any(MetadataSearchFilterType type)
+    {
+        filters.push_back({type, METADATA_OPERATOR_ANY, 0, nullptr});
+        return *this;
+    }
+    MetadataSearchMediaRequest words() const
+    {
+        return {uint32_t(listTypes.size()), listTypes.data(), uint32_t(filters.size()), filters.data(),
+                uint32_t(sort.size()), sort.data(), storage, 0, grouping, uint32_t(candidates.size()),
+                candidates.data(), count, start, 1};
+    }
+};
+
+/** What a search answered: the callback's calls, the count, and the fields of its entries. */
+struct SearchAnswer {
+    int result = -1;
+    int calls = 0;
+    uint32_t count = 0;
+    QList<quint32> ids;
+    QStringList texts;     // every text value, in order
+
+    static void collect(void* userData, MetadataSearchMediaResponse* response)
+    {
+        SearchAnswer& answer = *static_cast<SearchAnswer*>(userData);
+        ++answer.calls;
+        answer.count = response->count;
+        for (uint32_t i = 0; i < response->actualNum; ++i) {
+            const MetadataMediaInfo& info = response->mediaInfo[i];
+            for (int32_t f = 0; f < info.fieldCount; ++f) {
+                const MetadataMediaField& field = info.fields[f];
+                if (field.type == METADATA_CANDIDATE_OBJECT_ID)
+                    answer.ids.append(field.value.number);
+                else
+                    answer.texts.append(QString::fromUtf8(field.value.text, int(field.valueLength) - 1));
+            }
+        }
+    }
+};
+
+/** What a look-up of single files answered: the callback's calls, the count and the entries. */
+struct FileSearchAnswer {
+    int result = -1;
+    int calls = 0;
+    uint32_t count = 0;
+    std::vector<MetadataMediaSummary> entries;
+
+    static void collect(void* userData, MetadataSearchMusicFileResponse* response)
+    {
+        auto& answer = *static_cast<FileSearchAnswer*>(userData);
+        ++answer.calls;
+        answer.count = response->count;
+        answer.entries.assign(response->entries, response->entries + response->actualNum);
+    }
+};
+
+/** A group's members in their order, as a list of @p type reads them. */
+inline SearchRequest groupList(MetadataListType type, uint32_t groupId)
+{
+    SearchRequest request(type);
+    request.number(METADATA_FILTER_GROUP_ID, groupId);
+    request.sort = {{METADATA_SORT_GROUP_POSITION, METADATA_SORT_ASCENDING}};
+    return request;
+}
 
 /** The indications one handler received, in order. */
 struct IndicationRecorder {
@@ -65,12 +160,7 @@ protected:
     /** Stores an object; returns its id. */
     quint32 add(const QString& path, const QString& title, int storage = 0, MediaKind kind = MediaKind::Audio)
     {
-        MediaRecord record;
-        record.path = path;
-        record.title = title;
-        record.storage = storage;
-        record.kind = kind;
-        const quint32 id = m_database->addMedia(record);
+        const quint32 id = m_database->addMedia(song(path).title(title).storage(storage).kind(kind));
         EXPECT_NE(id, 0u) << qPrintable(path);
         return id;
     }
@@ -83,26 +173,32 @@ protected:
         ASSERT_EQ(metadataRegisterIndication(handle, ids, 2), 0);
     }
 
-    /** What a search by this client answers: the count, and the first field of each entry
-     *  (the object id when asked first). */
-    struct Searched {
-        uint32_t count = 0;
-        QList<quint32> ids;
-    };
-    Searched search(const MetadataSearchMediaRequest& request) const
+    SearchAnswer search(const SearchRequest& request) const
     {
-        Searched searched;
-        EXPECT_EQ(metadataSearchMedia(
-                      m_handle, &request,
-                      [](void* userData, MetadataSearchMediaResponse* response) {
-                          auto& answer = *static_cast<Searched*>(userData);
-                          answer.count = response->count;
-                          for (uint32_t i = 0; i < response->actualNum; ++i)
-                              answer.ids.append(response->mediaInfo[i].fields[0].value.number);
-                      },
-                      &searched),
-                  0);
-        return searched;
+        SearchAnswer answer;
+        const MetadataSearchMediaRequest words = request.words();
+        answer.result = metadataSearchMedia(m_handle, &words, SearchAnswer::collect, &answer);
+        return answer;
+    }
+    /** The object ids a search answers in one call. */
+    QList<quint32> ids(const SearchRequest& request) const
+    {
+        const SearchAnswer answer = search(request);
+        EXPECT_EQ(answer.result, 0);
+        EXPECT_EQ(answer.calls, 1);
+        return answer.ids;
+    }
+
+    /** A look-up of the one file at @p path on @p storage, as the play history's writes make. */
+    FileSearchAnswer searchFile(const QByteArray& path, int storage = 2) const
+    {
+        const MetadataSearchFilter filter{METADATA_FILTER_FILE_PATH, METADATA_OPERATOR_EQUAL,
+                                          uint32_t(path.size() + 1), path.constData()};
+        const MetadataSearchCandidateType candidate = METADATA_CANDIDATE_OBJECT_ID;
+        const MetadataSearchMusicFileRequest request{1, &filter, storage, 1, &candidate, 1, 0};
+        FileSearchAnswer answer;
+        answer.result = metadataSearchMusicFile(m_handle, &request, 1, FileSearchAnswer::collect, &answer);
+        return answer;
     }
 
     /** The result, isExisted, newIndex and count of a check of the backup's entry at @p position. */
@@ -118,17 +214,4 @@ protected:
 
     std::unique_ptr<MediaDatabase> m_database;   // a second connection, as another writer
     unsigned int m_handle = 0;
-};
-
-/** The whole music library sorted by title, as a list would back it up. */
-struct MusicByTitle {
-    MetadataListType listType = METADATA_LIST_MUSIC;
-    MetadataSortEntry sort{METADATA_SORT_TITLE, METADATA_SORT_ASCENDING};
-    MetadataSearchCandidateType candidate = METADATA_CANDIDATE_OBJECT_ID;
-    int storage = 2;
-
-    MetadataSearchMediaRequest words() const
-    {
-        return {1, &listType, 0, nullptr, 1, &sort, storage, 0, 0, 1, &candidate, 0, 0, 1};
-    }
 };

@@ -12,6 +12,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <functional>
 #include <memory>
 
 #include "clients/MP_ListListener.h"
@@ -57,6 +58,31 @@ protected:
 
     static qint64 logSize() { return QFileInfo(MediaDatabase::defaultFile() + QStringLiteral("-wal")).size(); }
 
+    // Steps @p list @p songs times as the main window plays it, each song
+    // long enough for the time report that writes it into the history, with
+    // @p beforeEach run before every step; the largest log seen. The client,
+    // the engine and the list go in the main window's order.
+    static qint64 playSongs(MP_AufList& list, int songs, const std::function<void(int)>& beforeEach = {})
+    {
+        const HostEnginePtr engine = makeHostEngine();
+        MP_MediafinderClient client(engine.get());
+        client.setAufList(&list);
+        engine->setPlayList(&list);
+        engine->autoPlay(false);
+        // So many songs' journal lines are not looked at.
+        HostJournal::stopCapture();
+        qint64 largest = 0;
+        for (int played = 0; played < songs; ++played) {
+            if (beforeEach)
+                beforeEach(played);
+            engine->control().next();
+            HostEngineClock::advance(1000);
+            largest = std::max(largest, logSize());
+        }
+        HostJournal::startCapture();
+        return largest;
+    }
+
     std::unique_ptr<MediaDatabase> m_other;   // another program's connection
 };
 
@@ -80,23 +106,8 @@ TEST_F(MetadataWriteAheadLogTest, TwoThousandSongsPlayed_TheLogStaysSmall)
     QList<quint32> ids;
     for (int number = 0; number < 37; ++number)
         ids << addPlayable(number);
-    // Gone in the main window's order: the client, the engine, the list.
     MP_AufList list;
-    const HostEnginePtr engine = makeHostEngine();
-    MP_MediafinderClient client(engine.get());
-    client.setAufList(&list);
-    engine->setPlayList(&list);
-    engine->autoPlay(false);
-    // Two thousand songs' journal lines are not looked at.
-    HostJournal::stopCapture();
-
-    qint64 largest = 0;
-    for (int played = 0; played < 2000; ++played) {
-        engine->control().next();
-        HostEngineClock::advance(1000);  // the time report that writes the song into the history
-        largest = std::max(largest, logSize());
-    }
-    HostJournal::startCapture();
+    const qint64 largest = playSongs(list, 2000);
 
     // 2,000 steps through 37 songs with repeat end on the third; it went into
     // the history last, after 2,000 history writes of about 30 KB of log each.
@@ -182,31 +193,19 @@ TEST_F(MetadataWriteAheadLogTest, PlayListPlayingWhileAnotherProgramChangesSongs
     const quint32 group = m_other->addGroup(METADATA_GROUP_USER, QStringLiteral("Mine"));
     ASSERT_TRUE(m_other->setGroupMembers(group, members));
     MP_AufList list(group, METADATA_GROUP_USER, 0, 0, QString());
-    const HostEnginePtr engine = makeHostEngine();
-    MP_MediafinderClient client(engine.get());
-    client.setAufList(&list);
-    engine->setPlayList(&list);
-    engine->autoPlay(false);
-    HostJournal::stopCapture();
-
-    qint64 largest = 0;
     int added = 0;
-    for (int played = 0; played < 600; ++played) {
-        if (played % 5 == 4) {
-            const std::unique_ptr<SqliteTransaction> batch = m_other->beginTransaction();
-            m_other->addMedia(song(QStringLiteral("/scanned/%1.mp3").arg(added++)));
-            for (const quint32 id : {members.at(played % 20), ids.at(20 + played % 17)}) {
-                MediaRecord retagged = *m_other->mediaById(id);
-                retagged.artist = QStringLiteral("Artist %1").arg(played);
-                ASSERT_TRUE(m_other->updateMedia(retagged));
-            }
-            ASSERT_TRUE(batch->commit());
+    const qint64 largest = playSongs(list, 600, [&](int played) {
+        if (played % 5 != 4)
+            return;
+        const std::unique_ptr<SqliteTransaction> batch = m_other->beginTransaction();
+        m_other->addMedia(song(QStringLiteral("/scanned/%1.mp3").arg(added++)));
+        for (const quint32 id : {members.at(played % 20), ids.at(20 + played % 17)}) {
+            MediaRecord retagged = *m_other->mediaById(id);
+            retagged.artist = QStringLiteral("Artist %1").arg(played);
+            ASSERT_TRUE(m_other->updateMedia(retagged));
         }
-        engine->control().next();
-        HostEngineClock::advance(1000);
-        largest = std::max(largest, logSize());
-    }
-    HostJournal::startCapture();
+        ASSERT_TRUE(batch->commit());
+    });
 
     // 600 steps through 20 songs with repeat come back to the first.
     ASSERT_EQ(list.getCurrentIndex(), 0);

@@ -33,6 +33,7 @@ protected:
         MediaLastPlayedList list;
         list.firstIndex = 3;
         ASSERT_TRUE(database->setLastPlayedList(list));
+        ASSERT_TRUE(database->setLastPlayedSong({"/m/a.mp3", 1}));
     }
     void TearDown() override
     {
@@ -75,6 +76,9 @@ protected:
         ASSERT_EQ(getLastPlayedList(&read), 1);
         EXPECT_EQ(read.firstIndex, 3);
         freeLastPlayedList(&read);
+        EXPECT_EQ(saveLastPlayedSong("/m/b.mp3", 2), 0);
+        EXPECT_EQ(journalLines("metadata", "saveLastPlayedSong").value(0).value("written"), false);
+        EXPECT_EQ(database->lastPlayedSong()->path, "/m/a.mp3");
         metadataDestroyClient(handle);
         database.reset();
 

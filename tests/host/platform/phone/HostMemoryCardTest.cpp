@@ -17,12 +17,14 @@ class HostMemoryCardTest : public TestEnvironment {};
 
 TEST_F(HostMemoryCardTest, OutAndIn_KeepsTheCardsFiles_AndAnnouncesBoth)
 {
-    ASSERT_TRUE(QDir().mkpath(HostStorage::memoryCardPath()));
+    QString error;
+    ASSERT_FALSE(HostMemoryCard::isInserted());
+    ASSERT_TRUE(HostMemoryCard::insert(&error)) << qPrintable(error);
+    EXPECT_TRUE(QDir(HostStorage::memoryCardPath()).isEmpty()) << "nothing aside: an empty card";
     QFile song(HostStorage::memoryCardPath() + "/song.mp3");
     ASSERT_TRUE(song.open(QIODevice::WriteOnly));
     song.close();
 
-    QString error;
     ASSERT_TRUE(HostMemoryCard::remove(&error)) << qPrintable(error);
     EXPECT_FALSE(HostMemoryCard::isInserted());
     EXPECT_FALSE(QFile::exists(song.fileName()));
@@ -34,17 +36,10 @@ TEST_F(HostMemoryCardTest, OutAndIn_KeepsTheCardsFiles_AndAnnouncesBoth)
     EXPECT_FALSE(HostMemoryCard::insert(&error));
     EXPECT_EQ(error, "the memory card is in already");
 
-    EXPECT_EQ(channelMessages("VEMO/System"), (MessageLines{"cardHotplugEvent(int,int) 0000000100000000",
-                                                            "cardHotplugEvent(int,int) 0000000100000001"}));
-    EXPECT_EQ(journalArgs("phone", "setMemoryCard"), (QList<QJsonArray>{{false}, {true}}));
-}
-
-TEST_F(HostMemoryCardTest, InsertedWithNothingAside_MakesAnEmptyCard)
-{
-    QString error;
-    ASSERT_FALSE(HostMemoryCard::isInserted());
-    ASSERT_TRUE(HostMemoryCard::insert(&error)) << qPrintable(error);
-    EXPECT_TRUE(QDir(HostStorage::memoryCardPath()).isEmpty());
+    EXPECT_EQ(channelMessages("VEMO/System"),
+              (MessageLines{"cardHotplugEvent(int,int) 0000000100000001", "cardHotplugEvent(int,int) 0000000100000000",
+                            "cardHotplugEvent(int,int) 0000000100000001"}));
+    EXPECT_EQ(journalArgs("phone", "setMemoryCard"), (QList<QJsonArray>{{true}, {false}, {true}}));
 }
 
 } // namespace

@@ -74,7 +74,7 @@ TEST_F(VmOptionsMenuTest, ChooseItem_RunsTheConnectedSlotOnlyForReachableCommand
     EXPECT_EQ(counter.value(), 1);
 }
 
-TEST_F(VmOptionsMenuTest, SoftKey_PopsTheAttachedMenuUpOrReportsTheClick)
+TEST_F(VmOptionsMenuTest, SoftKey_PopsTheAttachedMenuUpOrReportsTheClick_KeepsTheHigherPriorityText)
 {
     VmSoftKey* keys = screen.getSoftKey(true);
     ASSERT_EQ(screen.getSoftKey(false), keys);
@@ -97,11 +97,8 @@ TEST_F(VmOptionsMenuTest, SoftKey_PopsTheAttachedMenuUpOrReportsTheClick)
     EXPECT_EQ(clicked.at(0).at(0).toInt(), 1);
     EXPECT_EQ(right.count(), 1);
     EXPECT_EQ(shown.count(), 1);
-}
 
-TEST_F(VmOptionsMenuTest, SoftKeyText_KeepsAHigherPriorityTextUntilCleared)
-{
-    VmSoftKey* keys = screen.getSoftKey(true);
+    // A higher priority text stays until it is cleared.
     keys->setText(1, "Cancel", 2);
     keys->setText(1, "Back", 0);
     EXPECT_EQ(keys->text(1), "Cancel");
