@@ -17,6 +17,7 @@
 #include "platform/QCopChannel.h"
 #include "tests/lists/TraceCapture.h"
 #include "tests/support/EngineRelease.h"
+#include "tests/support/Journal.h"
 #include "tests/support/SongBuilder.h"
 #include "tests/support/TestEnvironment.h"
 
@@ -71,12 +72,8 @@ protected:
     static QStringList sent(const QString& only = QString())
     {
         QStringList messages;
-        for (const QJsonObject& line : journal()) {
-            const QString message = line.value("message").toString();
-            if (line.value("kind") == "qcop" && line.value("channel") == "/vemo/apps/mediaplayer"
-                && (only.isEmpty() || message == only))
-                messages << message + ' ' + line.value("data").toString();
-        }
+        for (const std::string& line : channelMessages("/vemo/apps/mediaplayer", only))
+            messages << QString::fromStdString(line);
         return messages;
     }
     static int count(const QString& kind, const QString& call) { return int(journalLines(kind, call).size()); }
