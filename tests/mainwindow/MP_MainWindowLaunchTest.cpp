@@ -5,7 +5,6 @@
 
 #include <QDataStream>
 #include <QFile>
-#include <QJsonArray>
 #include <QPointer>
 
 #include <memory>
@@ -73,10 +72,6 @@ TEST_F(MP_MainWindowLaunchTest, LibrarySelection_EveryFieldAndNonLatinNameSurviv
     ASSERT_EQ(window->currentList()->count(), 1u);
 
     // The record holds composer third and genre fourth, as UTF-8.
-    const QJsonObject saved = journalLines("metadata", "saveLastPlayedList").last().value("args").toArray().at(0).toObject();
-    EXPECT_EQ(saved.value("artist").toString(), "Кино");
-    EXPECT_EQ(saved.value("composer").toString(), "Цой");
-    EXPECT_EQ(saved.value("genre").toString(), "Рок");
     LastPlayedListRecord record{};
     record.handler = MP_AufContext::getHandler();
     ASSERT_NE(getLastPlayedList(&record), 0);
