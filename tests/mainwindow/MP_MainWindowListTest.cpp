@@ -85,21 +85,4 @@ TEST_F(MP_MainWindowListTest, FreeCurrentList_SavesThePlayedSongsToTheHistory)
     EXPECT_EQ(MP_AufList(METADATA_AUDIO_HISTORY_GROUP_ID, METADATA_GROUP_PLAY_HISTORY, 2, 0, QString()).count(), 2u);
 }
 
-TEST_F(MP_MainWindowListTest, CapturedVideo_ReplacesTheListAndKeepsTheEngineAndTheSettings)
-{
-    window->setList(new MP_AufList(), false, false, false, true, MP_LAUNCH_LIST);
-    MP_AufContext::shuffle = 1;
-    window->playCapturedVideo();
-    EXPECT_EQ(window->launchType(), MP_LAUNCH_CAPTURED_VIDEO);
-    EXPECT_TRUE(window->currentList()->isVideoList());
-    EXPECT_EQ(journalLines("engine", "MP_CreateCommonPlayer").size(), 1) << "the engine keeps its launch type";
-    EXPECT_EQ(MP_AufContext::shuffle, 1) << "the settings are not read again";
-    // The new list keeps the database's backup of its result: the old one
-    // left before the new one made it.
-    bool exists = false;
-    int index = 0;
-    unsigned int count = 0;
-    EXPECT_EQ(metadataCheckBackupedItem(MP_AufContext::getHandler(), 0, &exists, &index, &count), 0);
-}
-
 } // namespace

@@ -389,22 +389,6 @@ TEST_F(MP_WindowClientCommandsTest, SaveBookmark_ShowsEditForTheStreamThatPlays_
     EXPECT_FALSE(menu->isItemVisible(6002)) << "B's is not A's, as the menu opens";
 }
 
-TEST_F(MP_WindowClientCommandsTest, ApplyToPlaylist_FromTheMenu_KeepsANameOutsideLatin1)
-{
-    auto database = MediaDatabase::open(MediaDatabase::defaultFile());
-    engine.path = writeDataFile(QString::fromUtf8("music/02 \xce\xa9\xce\xbc\xce\xad\xce\xb3\xce\xb1.wav"));
-    const quint32 id = database->addMedia(song(engine.path).title("Omega"));
-    client->updateMetaInfo("Omega", "", "", QByteArray(), true);
-    VmOptionsMenu* menu = client->getMenu();
-    ASSERT_NE(menu, nullptr);
-    emit menu->aboutToShow();
-    ASSERT_TRUE(menu->isItemVisible(1014)) << "offered: the database holds the file under its UTF-8 name";
-    ASSERT_TRUE(menu->chooseItem(1014));
-    const std::optional<MediaGroup> applied = database->groupByName(METADATA_GROUP_USER, "Applied");
-    ASSERT_TRUE(applied);
-    EXPECT_EQ(database->groupMembers(applied->id), QList<quint32>{id});
-}
-
 TEST_F(MP_WindowClientCommandsTest, BuyMore_NoticeOnlyWhenTheFlagWasSet)
 {
     auto database = MediaDatabase::open(MediaDatabase::defaultFile());
