@@ -2,7 +2,6 @@
 
 #include <QFile>
 #include <QJsonArray>
-#include <QProcess>
 #include <QSet>
 #include <QSignalSpy>
 
@@ -15,7 +14,6 @@
 #include "platform/QCopChannel.h"
 #include "tests/lists/TraceCapture.h"
 #include "tests/support/Payload.h"
-#include "tests/support/ProjectProgram.h"
 #include "tests/support/SongBuilder.h"
 #include "tests/support/TestEnvironment.h"
 
@@ -533,29 +531,6 @@ TEST_F(MP_AufListTest, RemoveItem_TakesTheCurrentOutOfItsGroupOrDeletesItsFile)
     // The database notices, and the list moves on to the next song.
     ASSERT_TRUE(waitUntil([&] { return library.count() == 2; }, 3000));
     EXPECT_EQ(titleOf(library.getCurrent()), "song2");
-}
-
-// The change comes from another program: mp-scan, after a file was deleted.
-TEST_F(MP_AufListTest, AnotherProcessRemovingThePlayingSong_MovesTheListOn)
-{
-    for (const char* name : {"a", "b", "c"})
-        writeDataFile(QStringLiteral("scan/%1.wav").arg(name), QByteArray());
-    auto scan = [&] {
-        QProcess process;
-        return ProjectProgram::start(process, QStringLiteral("mp-scan"), {dataPath("scan")})
-               && process.waitForFinished(30000) && process.exitCode() == 0;
-    };
-    ASSERT_TRUE(scan());
-    MP_AufList list;
-    list.moveTo(1);
-    ASSERT_EQ(titleOf(list.getCurrent()), "b");
-    QSignalSpy changed(&list, SIGNAL(signalCurrentChanged()));
-
-    QFile::remove(dataPath("scan/b.wav"));
-    ASSERT_TRUE(scan());
-    ASSERT_TRUE(waitUntil([&] { return changed.count() > 0; }, 3000));
-    EXPECT_EQ(titleOf(list.getCurrent()), "c");
-    EXPECT_EQ(list.count(), 2u);
 }
 
 } // namespace
