@@ -85,7 +85,6 @@ TEST_F(MP_WindowClientTest, ScreenLookupAndNames)
     }
     engine.content = MP_CONTENT_UNKNOWN;
     EXPECT_EQ(screen.getCurrentScreenIndex(), -1);
-    EXPECT_EQ(screen.getScreenName(6), QStringLiteral("pd_sound"));
     EXPECT_EQ(screen.getScreenName(7), QStringLiteral("pd_video"));
     EXPECT_TRUE(screen.getScreenName(8).isNull());
     EXPECT_TRUE(screen.getScreenName(-1).isNull());
