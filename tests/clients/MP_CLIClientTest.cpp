@@ -1,7 +1,5 @@
 #include "clients/MP_CLIClient.h"
 
-#include <QJsonArray>
-#include <QJsonDocument>
 #include <QSignalSpy>
 
 #include <memory>
@@ -11,6 +9,7 @@
 #include "platform/AM_Action.h"
 #include "platform/SETUP_SET_Manager.h"
 #include "tests/support/EngineRelease.h"
+#include "tests/support/Journal.h"
 #include "tests/support/PathList.h"
 #include "tests/support/TestEnvironment.h"
 
@@ -45,24 +44,17 @@ protected:
 
     // "call args" of every journal line of @p kind since skipJournal(), e.g.
     // "informPosition [1500,0]"; settings writes read "VolumeLevel=3".
-    QStringList take(const QString& kind)
+    static QStringList take(const QString& kind)
     {
+        if (kind == "settings")
+            return Journal::settingsWritten(journal());
         QStringList lines;
-        const QList<QJsonObject> all = journal();
-        for (int i = m_seen; i < all.size(); ++i) {
-            const QJsonObject& line = all.at(i);
-            if (line["kind"].toString() != kind)
-                continue;
-            if (kind == "settings")
-                lines << line["key"].toString() + '=' + QString::number(line["value"].toInt());
-            else
-                lines << line["call"].toString() + ' '
-                             + QString::fromUtf8(QJsonDocument(line["args"].toArray()).toJson(QJsonDocument::Compact));
-        }
+        for (const std::string& line : Journal::callsWithArgs(journal(), {kind}))
+            lines << QString::fromStdString(line).section(':', 1);
         return lines;
     }
     // Forgets what the journal holds so far.
-    void skipJournal() { m_seen = int(journal().size()); }
+    static void skipJournal() { HostJournal::startCapture(); }
 
     static void storeVolume(int level)
     {
@@ -72,9 +64,6 @@ protected:
 
     HostEnginePtr engine;
     std::unique_ptr<MP_CLIClient> client;
-
-private:
-    int m_seen = 0;
 };
 
 TEST_F(MP_CLIClientTest, Session_ShowsTheStoredVolumeAndEndsWithTheClient)

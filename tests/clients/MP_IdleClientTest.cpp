@@ -138,14 +138,8 @@ TEST_F(MP_IdleClientTest, Requests_ReachTheControlTheEngineAndTheMainWindow)
     request("/MP/Idle/Req/Seek/Forth", QByteArray::fromHex("00000003"));
     request("/MP/Idle/Req/Seek/BACK", QByteArray::fromHex("00000002ffff")); // what follows the int is not read
     request("/MP/Idle/Req/Seek/Forth", QByteArray::fromHex("7fffffff"));     // held within int
-    request("/MP/Idle/Req/Seek/END");
-    request("/MP/Idle/Req/Play");
-    request("/MP/Idle/Req/Pause");
-    request("/MP/Idle/Req/Next");
-    request("/MP/Idle/Req/Prev");
-    EXPECT_EQ(controlCalls(), (MessageLines{"control:seek [15000]", "control:seek [-10000]", "control:seek [2147483647]",
-                                            "control:seekFinished []", "control:playPause []", "control:playPause []",
-                                            "control:next []", "control:previous []"}));
+    // The plain key requests' reactions are checked with the channel's contract.
+    EXPECT_EQ(controlCalls(), (MessageLines{"control:seek [15000]", "control:seek [-10000]", "control:seek [2147483647]"}));
 
     HostJournal::startCapture();
     request("/MP/Idle/Req/Restore");

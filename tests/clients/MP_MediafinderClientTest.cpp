@@ -17,6 +17,7 @@
 #include "platform/QCopChannel.h"
 #include "tests/lists/TraceCapture.h"
 #include "tests/support/EngineRelease.h"
+#include "tests/support/Journal.h"
 #include "tests/support/SongBuilder.h"
 #include "tests/support/TestEnvironment.h"
 
@@ -71,12 +72,8 @@ protected:
     static QStringList sent(const QString& only = QString())
     {
         QStringList messages;
-        for (const QJsonObject& line : journal()) {
-            const QString message = line.value("message").toString();
-            if (line.value("kind") == "qcop" && line.value("channel") == "/vemo/apps/mediaplayer"
-                && (only.isEmpty() || message == only))
-                messages << message + ' ' + line.value("data").toString();
-        }
+        for (const std::string& line : channelMessages("/vemo/apps/mediaplayer", only))
+            messages << QString::fromStdString(line);
         return messages;
     }
     static int count(const QString& kind, const QString& call) { return int(journalLines(kind, call).size()); }
@@ -121,12 +118,8 @@ TEST_F(MP_MediafinderClientTest, LibrarySelection_PathPositionAndFiltersWithNull
     // The files do not exist: the engine's error goes out unmapped.
     EXPECT_EQ(sent("NowplayingState(int)"), QStringList{"NowplayingState(int) 00000007"});
 
-    ASSERT_EQ(count("metadata", "saveLastPlayedSong"), 1);
-    EXPECT_EQ(journalArgs("metadata", "saveLastPlayedSong").first(), (QJsonArray{"/a/x.mp3", 1}));
-    const std::optional<MediaLastPlayedSong> stored = database->lastPlayedSong();
-    ASSERT_TRUE(stored);
-    EXPECT_EQ(stored->path, "/a/x.mp3");
-    EXPECT_EQ(stored->position, 1);
+    // What the store keeps of it is the store's own tests' business.
+    EXPECT_EQ(journalArgs("metadata", "saveLastPlayedSong"), (QList<QJsonArray>{{"/a/x.mp3", 1}}));
 }
 
 TEST_F(MP_MediafinderClientTest, ASongNamedOutsideLatin1IsStoredAsItIsNamed)
@@ -136,8 +129,6 @@ TEST_F(MP_MediafinderClientTest, ASongNamedOutsideLatin1IsStoredAsItIsNamed)
     play(new MP_AufList("Band", QString(), QString(), QString(), -1, 0, QString()));
 
     EXPECT_EQ(journalArgs("metadata", "saveLastPlayedSong").value(0), (QJsonArray{path, 0}));
-    ASSERT_TRUE(database->lastPlayedSong());
-    EXPECT_EQ(database->lastPlayedSong()->path, path);
 }
 
 TEST_F(MP_MediafinderClientTest, GroupList_PathPositionAndGroupId)

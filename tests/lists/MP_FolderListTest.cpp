@@ -147,7 +147,7 @@ TEST_F(MP_FolderListTest, RemoveItem_DeletesTheFileAndKeepsTheIndexInside)
     EXPECT_FALSE(list.removeItem(0));
 }
 
-TEST_F(MP_FolderListTest, RemoveItem_FailedDeletionChangesNothing)
+TEST_F(MP_FolderListTest, RemoveItem_FailedDeletionChangesNothing_RemovingTheLastPlaysTheNewLast)
 {
     MP_FolderList list(path("b.mp3"), MP_FolderList::SortByName);
     QFile::remove(path("A.wav"));  // gone behind the list's back
@@ -156,7 +156,7 @@ TEST_F(MP_FolderListTest, RemoveItem_FailedDeletionChangesNothing)
     EXPECT_EQ(list.getCurrent(), path("b.mp3"));
 
     list.moveTo(3);
-    EXPECT_TRUE(list.removeItem(3));  // the current and last: the new last plays
+    EXPECT_TRUE(list.removeItem(3));
     EXPECT_EQ(list.getCurrent(), path("c.MP3"));
 }
 

@@ -7,6 +7,7 @@
 #include <QSignalSpy>
 
 #include <memory>
+#include <utility>
 
 #include "host/platform/HostJournal.h"
 #include "host/platform/media/database/MediaDatabase.h"
@@ -146,23 +147,17 @@ TEST_F(MP_MainWindowEventsTest, ShuffleKey_OnRelease_AppliesTheStoredModeWithout
     window->onSetupKeyClicked(0x4002, true);
     EXPECT_EQ(journalArgs("engine", "setShuffleRepeat"), QList<QJsonArray>()) << "presses are ignored";
 
-    window->onSetupKeyClicked(0x4002, false);
-    EXPECT_EQ(MP_AufContext::shuffle, 1);
-    store("MusicShuffle", 2);
-    window->onSetupKeyClicked(0x4002, false);
-    EXPECT_EQ(MP_AufContext::shuffle, 2);
-    store("MusicShuffle", 0);
-    window->onSetupKeyClicked(0x4002, false);
-    EXPECT_EQ(MP_AufContext::shuffle, 0);
-    EXPECT_EQ(storedWrites(), (QStringList{"MusicRepeat=true", "MusicShuffle=1", "MusicShuffle=2", "MusicShuffle=0"}))
+    // 3: a mode this player does not know counts as off.
+    for (const auto& [stored, applied] : {std::pair{2, 2}, {3, 0}, {1, 1}, {0, 0}}) {
+        store("MusicShuffle", stored);
+        window->onSetupKeyClicked(0x4002, false);
+        EXPECT_EQ(MP_AufContext::shuffle, applied) << stored;
+    }
+    EXPECT_EQ(storedWrites(), (QStringList{"MusicRepeat=true", "MusicShuffle=1", "MusicShuffle=2", "MusicShuffle=3",
+                                           "MusicShuffle=1", "MusicShuffle=0"}))
         << "the window writes nothing";
-    EXPECT_EQ(journalArgs("engine", "setShuffleRepeat"), (QList<QJsonArray>{{true, true}, {true, true}, {false, true}}));
-
-    store("MusicShuffle", 1);
-    window->onSetupKeyClicked(0x4002, false);
-    store("MusicShuffle", 3);  // a mode this player does not know counts as off
-    window->onSetupKeyClicked(0x4002, false);
-    EXPECT_EQ(MP_AufContext::shuffle, 0);
+    EXPECT_EQ(journalArgs("engine", "setShuffleRepeat"),
+              (QList<QJsonArray>{{true, true}, {false, true}, {true, true}, {false, true}}));
 }
 
 TEST_F(MP_MainWindowEventsTest, RepeatKey_OnRelease_InvertsRepeatTurnsShuffleOff_EngineAndListGetTheNewMode)

@@ -355,9 +355,10 @@ TEST_F(MP_WindowClientCommandsTest, HideDownload_ClosesTheScreenOfATransferAndEn
     EXPECT_EQ(channelMessages(kDownloadManager), MessageLines({"ShowUI ", "ShowUI "}));
 }
 
-TEST_F(MP_WindowClientCommandsTest, SaveBookmark_ShowsEditOnlyWhenABookmarkWasStored_AFailedSaveHasNone)
+TEST_F(MP_WindowClientCommandsTest, SaveBookmark_ShowsEditForTheStreamThatPlays_AFailedSaveHasNone)
 {
-    engine.path = QStringLiteral("rtsp://radio.example/live");
+    PathList streams({"rtsp://radio.example/a", "rtsp://radio.example/b"});
+    engine.list = &streams;
     VmOptionsMenu* menu = &openStreamMenu();
     ASSERT_EQ(menu->menuName(), QStringLiteral("stream_sound"));
     ASSERT_FALSE(menu->isItemVisible(6002));
@@ -368,24 +369,9 @@ TEST_F(MP_WindowClientCommandsTest, SaveBookmark_ShowsEditOnlyWhenABookmarkWasSt
     EXPECT_FALSE(menu->isItemVisible(6002)) << "nothing stored, nothing to edit";
     run("onMenuEditBookmark");
     EXPECT_EQ(dialogs(), QStringList{"Cannot Open|Because the file does not exist.|1"}) << "saved, with no bookmark";
-
     QFile::remove(dataPath("bookmarks"));
     run("onMenuSaveBookmark");
     EXPECT_TRUE(menu->isItemVisible(6002)) << "shown at once, without reopening the menu";
-    const QList<QJsonArray> saves = journalArgs("service", "addBookmark");
-    ASSERT_EQ(saves.size(), 2);
-    EXPECT_EQ(saves.at(1).at(1).toString(), engine.path);
-    run("onMenuEditBookmark");
-    EXPECT_EQ(journalArgs("service", "editBookmark"), QList<QJsonArray>{{saves.at(1).at(2)}});
-}
-
-TEST_F(MP_WindowClientCommandsTest, SaveBookmark_OnStreamAThenStreamB_EditFollowsTheStreamThatPlays)
-{
-    PathList streams({"rtsp://radio.example/a", "rtsp://radio.example/b"});
-    engine.list = &streams;
-    VmOptionsMenu* menu = &openStreamMenu();
-    run("onMenuSaveBookmark");
-    ASSERT_TRUE(menu->isItemVisible(6002));
 
     streams.skipSteps(1);
     client->updateListInfo(&streams);
@@ -394,29 +380,13 @@ TEST_F(MP_WindowClientCommandsTest, SaveBookmark_OnStreamAThenStreamB_EditFollow
     EXPECT_TRUE(menu->isItemVisible(6002));
     run("onMenuEditBookmark");
     const QList<QJsonArray> saves = journalArgs("service", "addBookmark");
-    ASSERT_EQ(saves.size(), 2);
-    EXPECT_EQ(saves.at(1).at(1), "rtsp://radio.example/b");
-    EXPECT_EQ(journalArgs("service", "editBookmark"), QList<QJsonArray>{{saves.at(1).at(2)}}) << "B's, not A's";
+    ASSERT_EQ(saves.size(), 3);
+    EXPECT_EQ(saves.at(2).at(1), "rtsp://radio.example/b");
+    EXPECT_EQ(journalArgs("service", "editBookmark"), QList<QJsonArray>{{saves.at(2).at(2)}}) << "B's, not A's";
 
     streams.moveTo(0);  // A again, before the engine reports it
     emit menu->aboutToShow();
     EXPECT_FALSE(menu->isItemVisible(6002)) << "B's is not A's, as the menu opens";
-}
-
-TEST_F(MP_WindowClientCommandsTest, ApplyToPlaylist_FromTheMenu_KeepsANameOutsideLatin1)
-{
-    auto database = MediaDatabase::open(MediaDatabase::defaultFile());
-    engine.path = writeDataFile(QString::fromUtf8("music/02 \xce\xa9\xce\xbc\xce\xad\xce\xb3\xce\xb1.wav"));
-    const quint32 id = database->addMedia(song(engine.path).title("Omega"));
-    client->updateMetaInfo("Omega", "", "", QByteArray(), true);
-    VmOptionsMenu* menu = client->getMenu();
-    ASSERT_NE(menu, nullptr);
-    emit menu->aboutToShow();
-    ASSERT_TRUE(menu->isItemVisible(1014)) << "offered: the database holds the file under its UTF-8 name";
-    ASSERT_TRUE(menu->chooseItem(1014));
-    const std::optional<MediaGroup> applied = database->groupByName(METADATA_GROUP_USER, "Applied");
-    ASSERT_TRUE(applied);
-    EXPECT_EQ(database->groupMembers(applied->id), QList<quint32>{id});
 }
 
 TEST_F(MP_WindowClientCommandsTest, BuyMore_NoticeOnlyWhenTheFlagWasSet)

@@ -85,7 +85,6 @@ TEST_F(MP_WindowClientTest, ScreenLookupAndNames)
     }
     engine.content = MP_CONTENT_UNKNOWN;
     EXPECT_EQ(screen.getCurrentScreenIndex(), -1);
-    EXPECT_EQ(screen.getScreenName(6), QStringLiteral("pd_sound"));
     EXPECT_EQ(screen.getScreenName(7), QStringLiteral("pd_video"));
     EXPECT_TRUE(screen.getScreenName(8).isNull());
     EXPECT_TRUE(screen.getScreenName(-1).isNull());
@@ -198,12 +197,13 @@ TEST_F(MP_WindowClientTest, BookmarkBitHidesBothBookmarkItems)
     EXPECT_FALSE(menu.isItemVisible(7001));
 }
 
-TEST_F(MP_WindowClientTest, DynamicItemsTakeTheRegisteredActions)
+TEST_F(MP_WindowClientTest, DynamicItemsTakeTheRegisteredActions_ReplacedAndRemovedById)
 {
     MP_WindowClient& screen = makeClient();
+    HidingAction hidden(1016, "Hidden", true);
     HidingAction bluetooth(1016, "Via headset", false);
-    HidingAction handset(1017, "Via phone", true);
-    screen.addDynamicMenuItem(&bluetooth);
+    screen.addDynamicMenuItem(&hidden);
+    screen.addDynamicMenuItem(&bluetooth);  // the same id: replaces the first
     screen.addDynamicMenuItem(nullptr);
     VmOptionsMenu& menu = open(MP_CONTENT_SOUND, MP_MEDIUM_STREAM);
     EXPECT_EQ(menu.itemText(1016), QStringLiteral("Via headset"));
@@ -211,10 +211,11 @@ TEST_F(MP_WindowClientTest, DynamicItemsTakeTheRegisteredActions)
     EXPECT_EQ(menu.itemText(1017), QStringLiteral("Use Handset")) << "no action: the parser's text";
     EXPECT_FALSE(menu.isItemVisible(1017)) << "no action: hidden";
 
-    screen.addDynamicMenuItem(&handset);
+    // Removal goes by id, whichever action is registered there.
+    screen.removeDynamicMenuItem(&hidden);
+    screen.removeDynamicMenuItem(nullptr);
     open(MP_CONTENT_SOUND, MP_MEDIUM_STREAM);
-    EXPECT_FALSE(menu.isItemVisible(1017)) << "the action hides itself";
-    screen.removeDynamicMenuItem(&handset);
+    EXPECT_FALSE(menu.isItemVisible(1016));
 }
 
 TEST_F(MP_WindowClientTest, DownloadStateDrivesKeysAndItemsOnce)
