@@ -34,6 +34,7 @@ TEST(QCopBacklogTest, RepeatedShowAndTellRequestsFold_CountedOnesNever)
     EXPECT_TRUE(backlog.add(idle("/MP/Idle/Req/Seek/Forth", "00000001")));
     EXPECT_TRUE(backlog.add(idle("/MP/Idle/Req/Seek/END")));
     EXPECT_FALSE(backlog.add(idle("/MP/Idle/Req/Seek/END")));
+    EXPECT_TRUE(backlog.add(idle("/MP/Idle/Req/Seek/END", "1"))) << "other bytes: another request";
     EXPECT_TRUE(backlog.add({"MF_MSG_CHANNEL", "queryMPNowPlaying()", {}}));
     EXPECT_FALSE(backlog.add({"MF_MSG_CHANNEL", "queryMPNowPlaying()", {}}));
     EXPECT_TRUE(backlog.add({"OTHER", "queryMPNowPlaying()", {}})) << "the same name on another channel";
@@ -42,7 +43,7 @@ TEST(QCopBacklogTest, RepeatedShowAndTellRequestsFold_CountedOnesNever)
     EXPECT_EQ(drain(backlog), (QStringList{"/MP/Idle/Req/Update ", "/MP/Idle/Req/Next ", "/MP/Idle/Req/Next ",
                                            "/MP/Idle/Req/Update ", "/MP/Idle/Req/Seek/Forth 3030303030303031",
                                            "/MP/Idle/Req/Seek/Forth 3030303030303031", "/MP/Idle/Req/Seek/END ",
-                                           "queryMPNowPlaying() ", "queryMPNowPlaying() ", "queryMPNowPlaying() "}));
+                                           "/MP/Idle/Req/Seek/END 31", "queryMPNowPlaying() ", "queryMPNowPlaying() ", "queryMPNowPlaying() "}));
 }
 
 TEST(QCopBacklogTest, AFullBacklogDropsWhatComesUntilRoomIsMade)

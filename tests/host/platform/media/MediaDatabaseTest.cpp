@@ -69,6 +69,7 @@ TEST_F(MediaDatabaseTest, NewDatabaseHasTheHistoryGroupsAndGivesUserGroupsOtherI
 {
     EXPECT_EQ(m_playList, 4u);
     EXPECT_FALSE(m_database->removeGroup(2));
+    EXPECT_FALSE(m_database->removeGroup(3));
     EXPECT_TRUE(m_database->removeGroup(m_playList));
     EXPECT_EQ(m_database->addGroup(METADATA_GROUP_USER, "Again"), 5u);
 }

@@ -60,7 +60,7 @@ protected:
         write("Downloads/song.wav", tinyWav());
         write("notes.txt", "not media");
         write("Lists/evening.m3u", "#EXTM3U\n../Music/rain.wav\n# a comment\n\n" + path("Downloads/song.wav").toUtf8()
-                                                 + "\nmissing.wav\n../Music/voice memo.wav\n");
+                                                 + "\nhttp://radio.example/live\nmissing.wav\n../Music/voice memo.wav\n");
         ASSERT_TRUE(QFile::link(path("Music/nowhere.wav"), path("Music/gone.wav")));
     }
 
@@ -165,6 +165,8 @@ TEST_F(MediaScannerTest, SingleFilesAndTheMemoryCard)
     EXPECT_EQ(m_scanner->scanFile(onCard), MediaScanner::FileOutcome::Added);
     EXPECT_EQ(m_scanner->scanFile(onCard), MediaScanner::FileOutcome::Unchanged);
     EXPECT_EQ(m_database->mediaByPath(onCard)->storage, HostStorage::kMemoryCard);
+    EXPECT_EQ(HostStorage::storageOf(HostStorage::memoryCardPath() + "-old/card.wav"), HostStorage::kPhoneMemory)
+        << "a folder beside the card whose name begins with the card's";
     EXPECT_EQ(m_scanner->scanFile(path("notes.txt")), MediaScanner::FileOutcome::NotMedia);
     EXPECT_EQ(m_scanner->scanFile(path("Music/gone.wav")), MediaScanner::FileOutcome::Skipped);
     EXPECT_TRUE(m_scanner->removeFile(onCard));
