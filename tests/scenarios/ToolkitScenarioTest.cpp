@@ -1,6 +1,6 @@
 // The script commands that stand in for the phone: its feature bits, keys,
 // flip, lock, memory card and Bluetooth radio, and the engine's medium and
-// download reports.
+// download reports; and words refused, also against the phone's state.
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -96,6 +96,9 @@ TEST(ToolkitScenarioTest, BadWords_StopTheScriptNamingWhatIsExpected)
     EXPECT_EQ(runLine("engine progress 30"), "engine: expects progress A B");
     EXPECT_EQ(runLine("engine complete now"), "engine: takes no arguments");
     EXPECT_EQ(runLine("menu choose 1018"), "menu: the options menu has no items before it is opened (menu open)");
+    // Remove is hidden outside a user list: choosing it is refused.
+    EXPECT_EQ(runLine("menu open\nmenu choose 1006"), "menu: item 1006 is hidden");
+    EXPECT_EQ(runLine("bt link stereo"), "bt: no headset link while Bluetooth is off (say \"bt power on\" first)");
 }
 
 } // namespace
