@@ -259,12 +259,13 @@ bool waitFor(const std::function<bool()>& condition)
     return waitUntil(condition, kWaitMs);
 }
 
-TEST_F(PlayerProcessTest, TheBridgeFollowsThePlayerAndDrivesIt)
+TEST_F(PlayerProcessTest, TheBridgeFollowsThePlayerAndDrivesIt_ASecondBridgeTakesAnInstanceName)
 {
     ASSERT_TRUE(startBridge());
     EXPECT_EQ(playbackStatus(), "Stopped");
     EXPECT_EQ(bridgeMetadata(), QVariantMap());
     EXPECT_EQ(playerProperty("CanPlay"), QVariant(false));
+    EXPECT_EQ(playerProperty("CanControl"), QVariant(true)) << "without a player too";
     EXPECT_EQ(bridgeProperty("org.mpris.MediaPlayer2", "Identity"), QVariant("Media Player"));
     EXPECT_EQ(bridgeProperty("org.mpris.MediaPlayer2", "HasTrackList"), QVariant(false));
 
@@ -281,10 +282,27 @@ TEST_F(PlayerProcessTest, TheBridgeFollowsThePlayerAndDrivesIt)
     EXPECT_EQ(playbackStatus(), "Playing");
     EXPECT_EQ(playerProperty("CanGoNext"), QVariant(true));
 
-    ASSERT_TRUE(callBridge("Next"));
+    // Seeks as far as they go: before the start is no seek, past the end is Next.
+    ASSERT_TRUE(waitFor([] { return playerProperty("CanSeek") == QVariant(true); }));
+    const auto seek = [](qlonglong offset) {
+        return callOnBridge("org.mpris.MediaPlayer2.Player", "Seek", {offset}).type();
+    };
+    EXPECT_EQ(seek(std::numeric_limits<qlonglong>::min()), QDBusMessage::ReplyMessage);
+    EXPECT_EQ(seek(std::numeric_limits<qlonglong>::max()), QDBusMessage::ReplyMessage);
     EXPECT_TRUE(waitFor([] { return bridgeMetadata().value("xesam:title") == "Harbour Wind"; }));
+    ASSERT_TRUE(callBridge("Next"));
+    EXPECT_TRUE(waitFor([] { return !title().isEmpty() && title() != "Harbour Wind"; }));
+    EXPECT_EQ(journalArgs(journalOf("journal"), "control", "seek").size(), 0) << "already at the start";
+    EXPECT_EQ(journalArgs(journalOf("journal"), "control", "next").size(), 2);
     ASSERT_TRUE(callBridge("Pause"));
     EXPECT_TRUE(waitFor([] { return playbackStatus() == "Paused"; }));
+    EXPECT_EQ(playerProperty("CanControl"), QVariant(true));
+
+    start(m_second, "mp-mpris", {"--data-dir", m_run.dataDir() + "/data"});
+    ASSERT_TRUE(m_second.waitForStarted(kWaitMs));
+    const QString instance = "mp-mpris: offering org.mpris.MediaPlayer2.mediaplayer.instance"
+                             + QString::number(m_second.processId());
+    EXPECT_EQ(ProjectProgram::readUntil(m_second, QProcess::StandardError, instance), instance);
 
     // The player goes and comes back; the bridge follows.
     ASSERT_EQ(endPlayer(), 0) << m_player.readAllStandardError().toStdString();
@@ -378,52 +396,17 @@ TEST_F(PlayerProcessTest, OfTwoPlayersTheNewestIsFollowedAndDriven_ThenTheOneLef
     EXPECT_EQ(journalArgs(journalOf("a"), "control", "next").size(), 0) << "only the followed player moves";
 }
 
-TEST_F(PlayerProcessTest, ExtremeSeeksAnswer_CanControlHolds_AndASecondBridgeTakesAnInstanceName)
-{
-    ASSERT_TRUE(startBridge());
-    EXPECT_EQ(playerProperty("CanControl"), QVariant(true)) << "without a player too";
-    ASSERT_TRUE(startPlayerOn(m_player, "seek", albumScript(0),
-                              "await: listening on TEST/Control for done"));
-    ASSERT_TRUE(waitFor([] { return playerProperty("CanSeek") == QVariant(true); }));
-    const QString first = title();
-    const auto seek = [](qlonglong offset) {
-        return callOnBridge("org.mpris.MediaPlayer2.Player", "Seek", {offset}).type();
-    };
-    EXPECT_EQ(seek(std::numeric_limits<qlonglong>::min()), QDBusMessage::ReplyMessage);
-    EXPECT_EQ(seek(std::numeric_limits<qlonglong>::max()), QDBusMessage::ReplyMessage);
-    EXPECT_TRUE(waitFor([&] { return !title().isEmpty() && title() != first; })) << "past the end is Next";
-    EXPECT_EQ(journalArgs(journalOf("seek"), "control", "seek").size(), 0) << "already at the start";
-    EXPECT_EQ(journalArgs(journalOf("seek"), "control", "next").size(), 1);
-    EXPECT_EQ(playerProperty("CanControl"), QVariant(true));
-
-    start(m_second, "mp-mpris", {"--data-dir", m_run.dataDir() + "/data"});
-    ASSERT_TRUE(m_second.waitForStarted(kWaitMs));
-    const QString instance = "mp-mpris: offering org.mpris.MediaPlayer2.mediaplayer.instance"
-                             + QString::number(m_second.processId());
-    EXPECT_EQ(ProjectProgram::readUntil(m_second, QProcess::StandardError, instance), instance);
-    tell("TEST/Control", "done");
-    ASSERT_TRUE(m_player.waitForFinished(kWaitMs));
-}
-
-TEST_F(PlayerProcessTest, AwaitAsTheScriptsFirstLine_HearsASenderThatSendsAtOnce)
+TEST_F(PlayerProcessTest, ABridgeThatCannotStart_IsSaidWithItsCommand_AndThePlayerHearsASenderThatSendsAtOnce)
 {
     ASSERT_TRUE(connectTest());
-    // The player's bus connection is as new as it can be: nothing ran before the await.
-    ASSERT_TRUE(startPlayerOn(m_player, "first", "await TEST/Control go 60000\nquit\n",
-                              "await: listening on TEST/Control for go"));
-    tell("TEST/Control", "go");
-    ASSERT_TRUE(m_player.waitForFinished(kWaitMs)) << "the message sent at once was missed";
-    EXPECT_EQ(m_player.exitCode(), 0) << m_player.readAllStandardError().toStdString();
-}
-
-TEST_F(PlayerProcessTest, ABridgeThatCannotStart_IsSaidWithItsCommand_AndThePlayerPlaysOn)
-{
     // The player starts its bridge through the command MP_EMULATOR names.
     qputenv("MP_EMULATOR", "/nonexistent/emulator \"an option\"");
     const bool started = startPlayerOn(m_player, "nobridge", "await TEST/Control done 60000\nquit\n",
                                        "await: listening on TEST/Control for done", {"--mpris"});
     qunsetenv("MP_EMULATOR");
     ASSERT_TRUE(started) << m_playerSaid.toStdString();
+    // The await is the script's first line: the player's bus connection is as new as it can be.
+    tell("TEST/Control", "done");
     const QStringList said = m_playerSaid.split('\n').filter("mediaplayer: --mpris:");
     ASSERT_EQ(said.size(), 1) << m_playerSaid.toStdString();
     // The bridge follows this player alone: its unique bus name, ":1.N".
@@ -431,7 +414,8 @@ TEST_F(PlayerProcessTest, ABridgeThatCannotStart_IsSaidWithItsCommand_AndThePlay
                             + m_run.dataDir() + "/data --follow :1.";
     EXPECT_TRUE(said[0].startsWith("mediaplayer: --mpris: cannot start " + command)) << said[0].toStdString();
     EXPECT_TRUE(said[0].contains(QRegularExpression("--follow :1\\.\\d+: \\S"))) << "and why: " << said[0].toStdString();
-    EXPECT_EQ(endPlayer(), 0);
+    ASSERT_TRUE(m_player.waitForFinished(kWaitMs)) << "the message sent at once was missed";
+    EXPECT_EQ(m_player.exitCode(), 0) << m_player.readAllStandardError().toStdString();
 }
 
 TEST_F(PlayerProcessTest, TheBridgeEndsWithAKilledPlayerThatStartedIt_AndWithItsBus)
