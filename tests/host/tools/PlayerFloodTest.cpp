@@ -3,19 +3,15 @@
 // Bounded by the number of messages sent, never by time.
 
 #include "tests/support/ProjectProgram.h"
-#include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
-#include <QEventLoop>
 #include <QFile>
 #include <QFileInfo>
-#include <QFileSystemWatcher>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
 #include <QRegularExpression>
-#include <QTimer>
 
 #include <algorithm>
 
@@ -24,6 +20,7 @@
 
 #include "tests/scenarios/ScenarioRun.h"
 #include "tests/support/PrivateBus.h"
+#include "tests/support/TestEnvironment.h"
 
 namespace {
 
@@ -78,25 +75,6 @@ long residentKb(qint64 pid)
     return ProjectProgram::emulated() ? emulatedResidentKb(pid) : processResidentKb(pid);
 }
 
-// Hears the channel messages on the bus, to know when the player speaks.
-class ChannelHearing : public QObject {
-    Q_OBJECT
-public:
-    bool heardPlayer = false;
-
-Q_SIGNALS:
-    void playerSpoke();
-
-public Q_SLOTS:
-    void onMessage(const QDBusMessage& signal)
-    {
-        if (!heardPlayer && signal.arguments().value(1).toByteArray().startsWith("/MP/Idle/Info/")) {
-            heardPlayer = true;
-            emit playerSpoke();
-        }
-    }
-};
-
 class PlayerFloodTest : public ::testing::Test {
 protected:
     void SetUp() override
@@ -116,13 +94,9 @@ protected:
         QDBusConnection::disconnectFromBus(kConnection);
     }
 
-    /** Starts the player without a script, as a person would; true once it speaks on the bus. */
+    /** Starts the player without a script, as a person would; true once it says it plays. */
     bool startPlayer()
     {
-        ChannelHearing hearing;
-        QDBusConnection bus(kConnection);
-        bus.connect(QString(), "/org/mediaplayerhost/QCop", "org.mediaplayerhost.QCop", "Message", &hearing,
-                    SLOT(onMessage(QDBusMessage)));
         QProcessEnvironment environment = m_bus.environment();
 #if defined(__SANITIZE_ADDRESS__)
         // Freed memory the sanitizer holds back would count as resident.
@@ -135,14 +109,7 @@ protected:
                         m_run.dataDir() + "/flood.log", "--action", "PlayMusicListInMediaplayer", "isAllArtist=1",
                         "isAllAlbum=0", "Album=Northern Lights", "isAllGenre=1", "isAllComposer=1", "FirstIndex=0",
                         "StorageLocation=2"});
-        // It says where it is every second while it plays.
-        QEventLoop loop;
-        QObject::connect(&hearing, &ChannelHearing::playerSpoke, &loop, &QEventLoop::quit);
-        QTimer::singleShot(kWaitMs, &loop, &QEventLoop::quit);
-        loop.exec();
-        bus.disconnect(QString(), "/org/mediaplayerhost/QCop", "org.mediaplayerhost.QCop", "Message", &hearing,
-                       SLOT(onMessage(QDBusMessage)));
-        return hearing.heardPlayer;
+        return waitUntil([this] { return count("qcop", "/MP/Idle/Info/State") > 0; }, kWaitMs);
     }
 
     /** Sends @p request kFloodSize times on the idle channel; the player's largest resident memory meanwhile. */
@@ -166,31 +133,22 @@ protected:
 
     QString journal() const { return m_run.dataDir() + "/flood.jsonl"; }
 
-    /** Whether the journal shows a Next acted on within a minute: what the player adds to it is
-     *  read each time it writes, without looking at a clock in between. */
+    /** Whether the journal shows a Next acted on within a minute: only what the player added
+     *  since the last look is read, however long the journal grows. */
     bool journalShowsANext() const
     {
         QFile file(journal());
         if (!file.open(QIODevice::ReadOnly))
             return false;
-        QFileSystemWatcher watcher({journal()});
-        QEventLoop loop;
         QByteArray unfinishedLine;
-        bool seen = false;
-        const auto readWhatWasAdded = [&] {
-            const QList<QByteArray> lines = (unfinishedLine + file.readAll()).split('\n');
-            unfinishedLine = lines.last();
-            seen = seen || std::any_of(lines.begin(), lines.end() - 1,
-                                       [](const QByteArray& line) { return isLine(line, "control", "next"); });
-            if (seen)
-                loop.quit();
-        };
-        QObject::connect(&watcher, &QFileSystemWatcher::fileChanged, &loop, readWhatWasAdded);
-        QTimer::singleShot(4 * kWaitMs, &loop, &QEventLoop::quit);
-        readWhatWasAdded();
-        if (!seen)
-            loop.exec();
-        return seen;
+        return waitUntil(
+            [&] {
+                const QList<QByteArray> lines = (unfinishedLine + file.readAll()).split('\n');
+                unfinishedLine = lines.last();
+                return std::any_of(lines.begin(), lines.end() - 1,
+                                   [](const QByteArray& line) { return isLine(line, "control", "next"); });
+            },
+            4 * kWaitMs);
     }
 
     /** Whether journal line @p line is of @p kind, and its call, or message, is @p name. */
@@ -263,4 +221,3 @@ TEST_F(PlayerFloodTest, UpdateAndNextFloods_KeepMemoryBounded_AndTerminationEnds
 
 } // namespace
 
-#include "PlayerFloodTest.moc"
