@@ -31,10 +31,10 @@
 #include "platform/VmKbMainWidget.h"
 #include "platform/VmOptionsMenu.h"
 #include "platform/VmSoftKey.h"
+#include "tests/window/ShotProgram.h"
 
 namespace {
 
-constexpr int kSkipped = 77;
 constexpr int kWaitMilliseconds = 5000;
 
 QString firstSong(const QString& library)
@@ -64,19 +64,6 @@ int failed(const char* why)
     return 1;
 }
 
-// Whether the rectangle @p area of @p image holds more than one colour.
-bool hasDetail(const QImage& image, const QRect& area)
-{
-    const QRect inside = area.intersected(image.rect());
-    for (int y = inside.top(); y <= inside.bottom(); ++y) {
-        for (int x = inside.left(); x <= inside.right(); ++x) {
-            if (image.pixel(x, y) != image.pixel(inside.topLeft()))
-                return true;
-        }
-    }
-    return false;
-}
-
 // The first item of @p menu that a person sees.
 QString firstVisibleItem(const VmOptionsMenu& menu)
 {
@@ -98,12 +85,12 @@ bool check(const QImage& shot, const VmKbMainWidget& window, const VmOptionsMenu
     const QRgb background = shot.pixel(shot.width() - 1, shot.height() - 1);
     const QRect windowArea(window.mapToGlobal(QPoint(0, 0)), window.size());
     const QRect menuArea(menu.pos(), menu.size());
-    if (shot.pixel(windowArea.center() + QPoint(0, windowArea.height() / 4)) == background && !hasDetail(shot, windowArea))
+    if (shot.pixel(windowArea.center() + QPoint(0, windowArea.height() / 4)) == background && !ShotProgram::hasDetail(shot, windowArea))
         return fail("the window is not in the picture");
     if (!menu.isVisible() || shot.pixel(menuArea.center()) == background)
         return fail("the options menu is not in the picture");
     const auto* title = window.findChild<QLabel*>(QStringLiteral("title"));
-    if (!title || !hasDetail(shot, QRect(title->mapToGlobal(QPoint(0, 0)), title->size())))
+    if (!title || !ShotProgram::hasDetail(shot, QRect(title->mapToGlobal(QPoint(0, 0)), title->size())))
         return fail("the title area is one colour");
     return true;
 }
@@ -112,15 +99,8 @@ bool check(const QImage& shot, const VmKbMainWidget& window, const VmOptionsMenu
 
 int main(int argc, char** argv)
 {
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: mp_window_shot OUTPUT.png\n");
-        return 2;
-    }
-    if (qEnvironmentVariableIsEmpty("DISPLAY")) {
-        std::printf("mp_window_shot: no X display (run it under xvfb-run): skipped\n");
-        return kSkipped;
-    }
-    qputenv("QT_QPA_PLATFORM", "xcb");
+    if (const int refused = ShotProgram::refusal("mp_window_shot", "OUTPUT.png", argc); refused >= 0)
+        return refused;
     QTemporaryDir data;
     qputenv("MP_DATA_DIR", data.path().toLocal8Bit());
     // The picture needs no other process: the channels stay in this one.
