@@ -272,13 +272,11 @@ TEST_F(PlayerProcessTest, TheBridgeFollowsThePlayerAndDrivesIt_ASecondBridgeTake
     ASSERT_TRUE(startPlayer());
     ASSERT_TRUE(waitFor([] { return bridgeMetadata().value("xesam:title") == "First Light"; }))
         << bridgeMetadata().value("xesam:title").toString().toStdString();
-    QVariantMap metadata = bridgeMetadata();
-    EXPECT_EQ(metadata.value("xesam:album"), "Northern Lights");
+    // Its values are the channel contract test's; here, the types they cross the bus in.
+    const QVariantMap metadata = bridgeMetadata();
     EXPECT_EQ(metadata.value("xesam:artist"), QStringList{"Aurora Lane"});
     EXPECT_EQ(metadata.value("mpris:length").metaType().id(), QMetaType::LongLong);
-    EXPECT_EQ(metadata.value("mpris:length").toLongLong() % 1000000, 0) << "whole seconds, in microseconds";
-    EXPECT_TRUE(metadata.value("mpris:trackid").value<QDBusObjectPath>().path().startsWith("/org/mediaplayerhost/Track/"));
-    EXPECT_TRUE(metadata.value("xesam:url").toString().startsWith("file:///"));
+    EXPECT_EQ(metadata.value("mpris:trackid").metaType().id(), qMetaTypeId<QDBusObjectPath>());
     EXPECT_EQ(playbackStatus(), "Playing");
     EXPECT_EQ(playerProperty("CanGoNext"), QVariant(true));
 
