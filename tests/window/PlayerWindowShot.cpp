@@ -11,8 +11,6 @@
 // there is no X display to show the window on.
 
 #include <QApplication>
-#include <QDir>
-#include <QDirIterator>
 #include <QImage>
 #include <QLabel>
 #include <QMenu>
@@ -20,12 +18,14 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <algorithm>
 #include <cstdio>
 #include <memory>
 
 #include "host/engine/HostEngine.h"
 #include "host/engine/HostEngineClock.h"
 #include "host/platform/phone/HostPhone.h"
+#include "host/tools/samplegen/SampleCatalogue.h"
 #include "host/tools/samplegen/SampleLibraryWriter.h"
 #include "mainwindow/MP_MainWindow.h"
 #include "platform/VmKbMainWidget.h"
@@ -37,18 +37,13 @@ namespace {
 
 constexpr int kWaitMilliseconds = 5000;
 
-QString firstSong(const QString& library)
+// The library's first song by path, as a file browser lists them.
+QString firstSong()
 {
     QStringList songs;
-    QDirIterator it(library + QStringLiteral("/Music"), {QStringLiteral("*.wav")}, QDir::Files,
-                    QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        const QString path = it.next();
-        if (!path.contains(QLatin1String("/Unsorted/")))
-            songs.append(path);
-    }
-    songs.sort();
-    return songs.value(0);
+    for (const SampleSong& song : SampleCatalogue::songs())
+        songs.append(SampleCatalogue::songPath(song));
+    return *std::min_element(songs.begin(), songs.end());
 }
 
 bool fail(const char* why)
@@ -107,10 +102,10 @@ int main(int argc, char** argv)
     qputenv("MP_QCOP_LOCAL", "1");
     QApplication app(argc, argv);
 
-    SampleLibraryWriter writer(data.filePath(QStringLiteral("library")));
-    const QString song = writer.write() ? firstSong(data.filePath(QStringLiteral("library"))) : QString();
-    if (song.isEmpty())
-        return failed("no sample song");
+    const QString library = data.filePath(QStringLiteral("library"));
+    if (!SampleLibraryWriter(library).write())
+        return failed("no sample library");
+    const QString song = library + QLatin1Char('/') + firstSong();
 
     HostPhone::prepareDataFolder();
     HostEngineClock::setManual(true);
