@@ -1,5 +1,6 @@
 // The spine end to end: the application loads the library, which plays the
-// passed file through the engine and tears down in order.
+// passed file through the engine, hears the phone's and the engine's reports
+// as a script drives them, and tears down in order.
 
 #include <QJsonArray>
 #include <QJsonObject>
@@ -14,7 +15,7 @@ namespace {
 
 const QString kSong = QStringLiteral("Music/Aurora Lane/Northern Lights/01 First Light.wav");
 
-TEST(SpineScenarioTest, PassedFile_PlaysThroughTheLibraryAndTearsDownInOrder)
+TEST(SpineScenarioTest, PassedFile_PlaysThroughTheLibrary_ReportsReachEveryListener_AndItTearsDownInOrder)
 {
     ScenarioRun scenario;
     ASSERT_EQ(scenario.run(ScenarioRun::script("play_passed_file.mps"), {kSong}), 0) << qPrintable(scenario.errorOutput());
@@ -41,6 +42,21 @@ TEST(SpineScenarioTest, PassedFile_PlaysThroughTheLibraryAndTearsDownInOrder)
         EXPECT_EQ(args.at(1).toInt(), 6000);
     }
     EXPECT_EQ(elapsed, (QList<int>{0, 1000, 2000, 3000}));
+
+    // The profile and engine commands, then.
+    EXPECT_EQ(scenario.argsOf("phone", "setFlexBit"), (QList<QJsonArray>{{492, true}}));
+    EXPECT_EQ(scenario.argsOf("engine", "setMediumType"), (QList<QJsonArray>{{2}}));
+    const int medium = int(calls.indexOf("engine:setMediumType"));
+    ASSERT_GE(medium, 0);
+    // Every report reaches each listener: one line a listener, all after the medium changed.
+    const int listeners = int(calls.mid(medium + 1).filter("report:updateListInfo").size());
+    EXPECT_GE(listeners, 1) << "the list information is reported again";
+    EXPECT_EQ(calls.mid(medium).filter("report:updateDownloadProgress").size(), listeners);
+    EXPECT_EQ(calls.mid(medium).filter("report:updateDownloadComplete").size(), listeners);
+    const QList<QJsonArray> progress = scenario.argsOf("report", "updateDownloadProgress");
+    ASSERT_FALSE(progress.isEmpty());
+    EXPECT_EQ(progress.first(), (QJsonArray{30, 100}));
+    EXPECT_EQ(scenario.argsOf("report", "updateState").last(), QJsonArray{2});
 
     // At quit: the engine goes, then "HidePlaying" = false is the last word.
     EXPECT_LT(calls.indexOf("report:updateState"), calls.indexOf("engine:MP_DestroyCommonPlayer"));
