@@ -7,11 +7,9 @@
 #include <QDBusMessage>
 #include <QDBusObjectPath>
 #include <QDBusVariant>
-#include <QDeadlineTimer>
 #include <QFile>
 #include <QProcess>
 #include <QRegularExpression>
-#include <QCoreApplication>
 
 #include <functional>
 #include <limits>
@@ -128,18 +126,12 @@ protected:
         QDBusConnection(QStringLiteral("player-process-test")).send(signal);
     }
 
-    int qcop(const QStringList& arguments)
-    {
-        QProcess process;
-        start(process, "qcop", arguments);
-        process.waitForFinished(kWaitMs);
-        return process.exitCode();
-    }
-
-    /** Tells the player to quit; its exit code. */
+    /** Tells the player to quit, through qcop; its exit code. */
     int endPlayer()
     {
-        qcop({"TEST/Control", "done"});
+        QProcess qcop;
+        start(qcop, "qcop", {"TEST/Control", "done"});
+        qcop.waitForFinished(kWaitMs);
         m_player.waitForFinished(kWaitMs);
         return m_player.exitCode();
     }
