@@ -82,15 +82,12 @@ TEST_F(LaunchScenarioTest, UserList_SavesTheGroupAndPlaysItsEntry)
     EXPECT_EQ(scenario.titlesPlayed().value(0), "Lanterns") << "the play list resumes after a restart";
 }
 
-TEST_F(LaunchScenarioTest, UnknownLauncher_PlaysTheWholeLibrary)
+TEST_F(LaunchScenarioTest, UnknownLauncherPlaysTheWholeLibrary_AVideoSlideShowItsNewestVideo_NeitherIsSaved)
 {
     ASSERT_EQ(run("resume.mps", launcher("Calendar")), 0);
     EXPECT_EQ(scenario.titlesPlayed().value(0), "Afterglow") << "the first title of the library";
     EXPECT_TRUE(scenario.argsOf("metadata", "saveLastPlayedList").isEmpty());
-}
 
-TEST_F(LaunchScenarioTest, VideoSlideShow_AsksTheEngineForItAndPlaysTheNewestVideo)
-{
     const QStringList slideShow{"--action", "PlayVideoInMediaplayer", "SelectionType=Downloaded", "isSlideShow=1",
                                 "StorageLocation=2"};
     ASSERT_EQ(run("resume.mps", slideShow), 0) << qPrintable(scenario.errorOutput());
