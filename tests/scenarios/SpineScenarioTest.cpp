@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "tests/scenarios/ScenarioRun.h"
 #include "tests/support/Journal.h"
 
@@ -28,14 +30,11 @@ TEST(SpineScenarioTest, PassedFile_PlaysThroughTheLibrary_ReportsReachEveryListe
               (MessageLines{"engine:MP_CreateCommonPlayer [false,1]", "engine:setShuffleRepeat [false,false]",
                             "engine:setFile [\"" + kSong.toStdString() + "\"]", "engine:autoPlay [false]"}));
 
-    // Playing, then one time report per second of the 6-second song.
-    int playing = -1;
-    const QList<QJsonObject> lines = scenario.journal();
-    for (int i = 0; i < lines.size() && playing < 0; ++i) {
-        if (lines.at(i).value("call").toString() == "updateState" && lines.at(i).value("args").toArray() == QJsonArray{1})
-            playing = i;
-    }
-    EXPECT_GT(playing, calls.indexOf("engine:autoPlay"));
+    // Playing once the engine was told to play, then one time report per second of the 6-second song.
+    const MessageLines story = Journal::callsWithArgs(scenario.journal(), {"engine", "report"});
+    const auto playing = std::find(story.begin(), story.end(), "report:updateState [1]");
+    ASSERT_NE(playing, story.end());
+    EXPECT_NE(std::find(story.begin(), playing, "engine:autoPlay [false]"), playing);
     QList<int> elapsed;
     for (const QJsonArray& args : scenario.argsOf("report", "updateTime")) {
         elapsed.append(args.at(0).toInt());
