@@ -1,5 +1,6 @@
 // Launch requests end to end: action records and launchers through the
-// application, checked in the journal.
+// application, checked in the journal; and a launched list while another
+// program changes the media database.
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -115,6 +116,16 @@ TEST_F(LaunchScenarioTest, SetupChangeMessages_ReachTheEngineThroughThePlayingLi
     ASSERT_EQ(run("setup_change.mps", kPlayAuroraLane), 0);
     EXPECT_EQ(scenario.argsOf("engine", "setShuffleRepeat"),
               (QList<QJsonArray>{{false, false}, {true, false}, {true, true}}));
+}
+
+TEST_F(LaunchScenarioTest, SongsRemovedBeforeThePlayingOne_PreviousStillPlaysTheSongBeforeIt)
+{
+    const QStringList wholeLibraryFromDriftwood{"--action", "PlayMusicListInMediaplayer", "isAllArtist=1",
+                                                "isAllAlbum=1", "isAllGenre=1", "isAllComposer=1", "FirstIndex=5",
+                                                "StorageLocation=2"};
+    ASSERT_EQ(run("db_previous_after_removal.mps", wholeLibraryFromDriftwood), 0) << qPrintable(scenario.errorOutput());
+    // Title order: ... Circuit Bloom (2), Coda (3), Demo (4), Driftwood (5), First Light (6).
+    EXPECT_EQ(scenario.titlesPlayed(), (QStringList{"Driftwood", "Demo (rough mix)", "Driftwood"}));
 }
 
 } // namespace
