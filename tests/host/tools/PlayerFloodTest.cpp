@@ -32,47 +32,28 @@ const long kResidentLimitKb = 100 * 1024;
 // it is acting on, not the queue behind it.
 const int kNextsAfterTermination = 5;
 
-/** The resident memory of process @p pid in kB; 0 when it cannot be read. */
-long processResidentKb(qint64 pid)
-{
-    QFile status(QStringLiteral("/proc/%1/status").arg(pid));
-    if (!status.open(QIODevice::ReadOnly))
-        return 0;
-    for (const QByteArray& line : status.readAll().split('\n')) {
-        if (line.startsWith("VmRSS:"))
-            return line.mid(6).trimmed().split(' ').value(0).toLong();
-    }
-    return 0;
-}
-
-/** The resident memory of the 32-bit program that emulator process @p pid
- *  runs, in kB: what lies in the emulated address space (its first 4 GiB).
- *  The emulator's own memory, mostly the code it has translated, grows with
- *  every new path the player takes and is no part of the player's. */
-long emulatedResidentKb(qint64 pid)
+/** The player's resident memory in kB, the sum of its mappings' resident parts; 0 when it cannot be
+ *  read. Under the emulator, only what lies in the emulated 32-bit program's address space (the first
+ *  4 GiB): the emulator's own memory, mostly the code it has translated, grows with every new path the
+ *  player takes and is no part of the player's. */
+long residentKb(qint64 pid)
 {
     QFile maps(QStringLiteral("/proc/%1/smaps").arg(pid));
     if (!maps.open(QIODevice::ReadOnly))
         return 0;
-    const qulonglong kEmulatedSpaceEnd = 1ULL << 32;
+    const qulonglong counted = ProjectProgram::emulated() ? 1ULL << 32 : ~0ULL;
     // Each mapping's line "start-end perms ..." is followed by its sizes.
     static const QRegularExpression kMapping(QStringLiteral("^[0-9a-f]+-([0-9a-f]+) "));
-    bool emulated = false;
+    bool inside = false;
     long kb = 0;
     for (const QByteArray& line : maps.readAll().split('\n')) {
         const QRegularExpressionMatch mapping = kMapping.match(QString::fromLatin1(line));
         if (mapping.hasMatch())
-            emulated = mapping.captured(1).toULongLong(nullptr, 16) <= kEmulatedSpaceEnd;
-        else if (emulated && line.startsWith("Rss:"))
+            inside = mapping.captured(1).toULongLong(nullptr, 16) <= counted;
+        else if (inside && line.startsWith("Rss:"))
             kb += line.mid(4).trimmed().split(' ').value(0).toLong();
     }
     return kb;
-}
-
-/** The player's resident memory in kB; 0 when it cannot be read. */
-long residentKb(qint64 pid)
-{
-    return ProjectProgram::emulated() ? emulatedResidentKb(pid) : processResidentKb(pid);
 }
 
 class PlayerFloodTest : public ::testing::Test {
