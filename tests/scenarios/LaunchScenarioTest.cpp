@@ -27,11 +27,6 @@ QStringList launcher(const char* id)
 
 const QRegularExpression kEngineCalls("^engine:(MP_Create|setShuffle|setPlayList|autoPlay|setFile)");
 
-QStringList engineCalls(const ScenarioRun& scenario)
-{
-    return scenario.calls().filter(kEngineCalls);
-}
-
 // The first last-played record saved, as compact JSON (keys sorted).
 std::string savedList(const ScenarioRun& scenario)
 {
@@ -64,7 +59,7 @@ TEST_F(LaunchScenarioTest, MusicList_SavesTheSelectionAndPlaysItsSong_AndLaunche
     EXPECT_EQ(scenario.argsOf("metadata", "saveLastPlayedSong").first().at(1), 3);
 
     ASSERT_EQ(run("resume.mps", launcher("HomeScreen")), 0) << qPrintable(scenario.errorOutput());
-    EXPECT_EQ(engineCalls(scenario), (QStringList{"engine:MP_CreateCommonPlayer", "engine:setShuffleRepeat",
+    EXPECT_EQ(scenario.calls().filter(kEngineCalls), (QStringList{"engine:MP_CreateCommonPlayer", "engine:setShuffleRepeat",
                                                   "engine:setPlayList", "engine:autoPlay"}));
     EXPECT_EQ(scenario.titlesPlayed().value(0), "Northern Lights");
 }
