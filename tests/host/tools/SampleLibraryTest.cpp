@@ -111,7 +111,6 @@ TEST_F(SampleLibraryTest, Song_ReadsBackTagsAndDuration)
     ASSERT_FALSE(bytes.isEmpty());
     EXPECT_EQ(le32(bytes, 4), quint32(bytes.size() - 8));
     EXPECT_EQ(chunkSize(bytes, "data"), 8 * 11025 * 2);
-    EXPECT_GT(chunkSize(bytes, "ID3 "), 0);
 
     TagLib::RIFF::WAV::File wav(QFile::encodeName(file).constData());
     ASSERT_TRUE(wav.isValid());
