@@ -46,12 +46,4 @@ TEST(ScreenScenarioTest, MenuOpen_JournalsEveryItemOfTheSoundMenu)
     EXPECT_EQ(compact(menus.first().value("items").toArray()).toStdString(), compact(expected).toStdString());
 }
 
-TEST(ScreenScenarioTest, ChoosingAHiddenItemOrCancellingWithoutSession_StopsTheScript)
-{
-    ScenarioRun scenario;
-    EXPECT_EQ(scenario.run(ScenarioRun::script("screen_menu_refused.mps"), {kSong}), 2);
-    EXPECT_TRUE(scenario.errorOutput().contains("screen_menu_refused.mps:5: menu: item 1006 is hidden"))
-        << qPrintable(scenario.errorOutput());
-}
-
 } // namespace

@@ -1,5 +1,11 @@
-# A file passed at creation plays through the library; three seconds of it.
+# A file passed at creation plays through the library; three seconds of it,
+# then the phone's feature bits and the engine's medium and download reports.
 clock manual
 wait 20
 advance 3000
+profile 492 on
+engine medium 2
+engine progress 30 100
+engine complete
+engine state 2
 quit

@@ -90,46 +90,67 @@ std::vector<Stretch> stretchesOf(const SinkRecording& recording)
     return runs;
 }
 
-TEST(SoundOutputTest, PlaysTheListPausesSilentlyAndStepsToTheNextTone)
-{
-    QTemporaryDir songs;
-    PathList list({writeTone(songs, "low.wav", kFirstTone), writeTone(songs, "high.wav", kSecondTone)});
-    SinkRecording recording(server->address(), QString::fromLatin1(PulseServer::kSink));
-    ASSERT_TRUE(waitFor([&] { return recording.sampleCount() >= SinkRecording::kRate / 10 || recording.hasFailed(); }));
-    ASSERT_FALSE(recording.hasFailed()) << "parec could not record the sink";
+class SoundOutputTest : public ::testing::Test {
+protected:
+    /** Plays a list of @p paths through the media output, once the sink's recording has begun. */
+    void play(const QStringList& paths)
+    {
+        ASSERT_TRUE(waitFor([&] {
+            return recording.sampleCount() >= SinkRecording::kRate / 10 || recording.hasFailed();
+        }));
+        ASSERT_FALSE(recording.hasFailed()) << "parec could not record the sink";
+        HostOutputChoice::setKind(HostOutputKind::Media);
+        engine = std::make_unique<HostEngine>(true, MP_LAUNCH_TYPE(0));
+        ASSERT_STREQ(engine->output().name(), "media");
+        engine->addPlayerListener(&watch);
+        list = std::make_unique<PathList>(paths);
+        engine->setPlayList(list.get());
+        engine->autoPlay(false);
+    }
 
-    HostOutputChoice::setKind(HostOutputKind::Media);
-    HostEngine engine(true, MP_LAUNCH_TYPE(0));
-    ASSERT_STREQ(engine.output().name(), "media");
+    /** Waits for the list's end, and for what the sink still holds of it and a quarter second of quiet after it. */
+    void awaitTheEnd()
+    {
+        ASSERT_TRUE(waitFor([&] { return watch.state == MP_STATE_FINISHED; })) << "the list never ended";
+        const int endedAt = recording.sampleCount();
+        ASSERT_TRUE(waitFor([&] { return recording.sampleCount() >= endedAt + SinkRecording::kRate / 2; }));
+    }
+
+    QTemporaryDir songs;
+    SinkRecording recording{server->address(), QString::fromLatin1(PulseServer::kSink)};
     StateWatch watch;
-    engine.addPlayerListener(&watch);
-    engine.setPlayList(&list);
-    engine.autoPlay(false);
+    std::unique_ptr<PathList> list;
+    std::unique_ptr<HostEngine> engine;  ///< goes before the list and the listener it holds
+};
+
+TEST_F(SoundOutputTest, PlaysTheListPausesSilentlyAndStepsToTheNextTone)
+{
+    ASSERT_NO_FATAL_FAILURE(play({writeTone(songs, "low.wav", kFirstTone), writeTone(songs, "high.wav", kSecondTone)}));
 
     // Half way into the first song: pause, for a stretch of recorded time.
     ASSERT_TRUE(waitFor([&] { return watch.time >= 1000; }));
-    engine.getPlayerControl()->pause();
+    engine->getPlayerControl()->pause();
     const int pausedAt = recording.sampleCount();
     ASSERT_TRUE(waitFor([&] { return recording.sampleCount() >= pausedAt + kPauseMs * SinkRecording::kRate / 1000; }));
     EXPECT_EQ(watch.state, MP_STATE_PAUSED);
-    engine.getPlayerControl()->play();
-
-    ASSERT_TRUE(waitFor([&] { return watch.state == MP_STATE_FINISHED; }));
-    EXPECT_EQ(list.current, 1);
-    // What the sink still holds of the end, and a quarter second of quiet after it.
-    const int endedAt = recording.sampleCount();
-    ASSERT_TRUE(waitFor([&] { return recording.sampleCount() >= endedAt + SinkRecording::kRate / 2; }));
-    engine.removePlayerListener(&watch);
+    engine->getPlayerControl()->play();
+    ASSERT_NO_FATAL_FAILURE(awaitTheEnd());
+    EXPECT_EQ(list->current, 1);
 
     const std::vector<Stretch> runs = stretchesOf(recording);
     ASSERT_GE(runs.size(), 3u) << "sound, the pause's silence, sound";
     int sounding = 0;
     int longestSilence = 0;
+    int gaps = 0;
+    std::string stretches;
     for (const Stretch& run : runs) {
-        if (run.sounds)
-            sounding += run.blocks;
-        else if (&run != &runs.back())
+        sounding += run.sounds ? run.blocks : 0;
+        // A silence after the last sound is the end, not a gap.
+        if (!run.sounds && &run != &runs.back()) {
             longestSilence = std::max(longestSilence, run.blocks);
+            gaps += run.blocks * 10 > 300 ? 1 : 0;
+        }
+        stretches += (run.sounds ? " sound " : " silence ") + std::to_string(run.blocks * 10) + " ms";
     }
     // Both songs whole: 4 s of sound within 10%, resumed where it paused.
     EXPECT_NEAR(sounding * 10, 2 * kSongSeconds * 1000, 2 * kSongSeconds * 100);
@@ -143,43 +164,23 @@ TEST(SoundOutputTest, PlaysTheListPausesSilentlyAndStepsToTheNextTone)
     const int half = SinkRecording::kRate / 2;
     EXPECT_NEAR(recording.dominantFrequency(firstSound + half / 5, firstSound + half), kFirstTone, 5);
     EXPECT_NEAR(recording.dominantFrequency(lastSoundEnd - half, lastSoundEnd - half / 5), kSecondTone, 5);
-    int gaps = 0;
-    std::string stretches;
-    for (const Stretch& run : runs) {
-        gaps += !run.sounds && &run != &runs.back() && run.blocks * 10 > 300 ? 1 : 0;
-        stretches += (run.sounds ? " sound " : " silence ") + std::to_string(run.blocks * 10) + " ms";
-    }
     EXPECT_EQ(gaps, 1) << "only the pause is silent for more than 300 ms:" << stretches;
 }
 
 // A seek forward while playing: the song sounds until the seek, then from the
 // asked place to its end, and then ends. Sound that stops after the seek, or
 // an end that never comes, is the fault this guards against.
-TEST(SoundOutputTest, SeekSkipsAheadAndTheRestSoundsToTheEnd)
+TEST_F(SoundOutputTest, SeekSkipsAheadAndTheRestSoundsToTheEnd)
 {
     constexpr int kSeconds = 4;
     constexpr int kSeekAfterMs = 800;
     constexpr int kSeekMs = 1500;
-    QTemporaryDir songs;
-    PathList list({writeTone(songs, "long.wav", kFirstTone, kSeconds)});
-    SinkRecording recording(server->address(), QString::fromLatin1(PulseServer::kSink));
-    ASSERT_TRUE(waitFor([&] { return recording.sampleCount() >= SinkRecording::kRate / 10 || recording.hasFailed(); }));
-    ASSERT_FALSE(recording.hasFailed()) << "parec could not record the sink";
-
-    HostOutputChoice::setKind(HostOutputKind::Media);
-    HostEngine engine(true, MP_LAUNCH_TYPE(0));
-    StateWatch watch;
-    engine.addPlayerListener(&watch);
-    engine.setPlayList(&list);
-    engine.autoPlay(false);
+    ASSERT_NO_FATAL_FAILURE(play({writeTone(songs, "long.wav", kFirstTone, kSeconds)}));
     ASSERT_TRUE(waitFor([&] { return watch.time >= kSeekAfterMs; }));
     const int seekFrom = watch.time;
-    engine.getPlayerControl()->seek(kSeekMs);
-    engine.getPlayerControl()->seekFinished();
-    ASSERT_TRUE(waitFor([&] { return watch.state == MP_STATE_FINISHED; })) << "the song never ended after the seek";
-    const int endedAt = recording.sampleCount();
-    ASSERT_TRUE(waitFor([&] { return recording.sampleCount() >= endedAt + SinkRecording::kRate / 2; }));
-    engine.removePlayerListener(&watch);
+    engine->getPlayerControl()->seek(kSeekMs);
+    engine->getPlayerControl()->seekFinished();
+    ASSERT_NO_FATAL_FAILURE(awaitTheEnd());
 
     int sounding = 0;
     for (const Stretch& run : stretchesOf(recording))

@@ -25,6 +25,7 @@
 #include "host/platform/services/HostBookmarkEditor.h"
 #include "host/platform/services/setuplib/HostSetupDialog.h"
 #include "host/platform/toolkit/HostDetailsDialog.h"
+#include "tests/window/ShotProgram.h"
 
 namespace {
 
@@ -38,12 +39,7 @@ bool fail(const char* dialog, const char* why)
 // colour: text, where an empty field's frame or a box's arrow would not count.
 bool showsText(const QImage& shot, const QWidget& field)
 {
-    const QRect area = QRect(field.mapToGlobal(QPoint(4, 4)), field.size() - QSize(field.width() / 2 + 4, 8)).intersected(shot.rect());
-    for (int y = area.top(); y <= area.bottom(); ++y)
-        for (int x = area.left(); x <= area.right(); ++x)
-            if (shot.pixel(x, y) != shot.pixel(area.topLeft()))
-                return true;
-    return false;
+    return ShotProgram::hasDetail(shot, QRect(field.mapToGlobal(QPoint(4, 4)), field.size() - QSize(field.width() / 2 + 4, 8)));
 }
 
 // Shows @p dialog away from the screen's corner, saves the screen as @p picture
@@ -170,15 +166,8 @@ bool detailsShowTheSongAndClose(const QString& song, const QString& output)
 
 int main(int argc, char** argv)
 {
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: mp_dialog_shots OUTPUT_FOLDER\n");
-        return 2;
-    }
-    if (qEnvironmentVariableIsEmpty("DISPLAY")) {
-        std::printf("mp_dialog_shots: no X display (run it under xvfb-run): skipped\n");
-        return 77;
-    }
-    qputenv("QT_QPA_PLATFORM", "xcb");
+    if (const int refused = ShotProgram::refusal("mp_dialog_shots", "OUTPUT_FOLDER", argc); refused >= 0)
+        return refused;
     QTemporaryDir data;
     qputenv("MP_DATA_DIR", data.path().toLocal8Bit());
     qputenv("MP_QCOP_LOCAL", "1");  // the setup screen's messages stay in this process

@@ -11,8 +11,6 @@
 // there is no X display to show the window on.
 
 #include <QApplication>
-#include <QDir>
-#include <QDirIterator>
 #include <QImage>
 #include <QLabel>
 #include <QMenu>
@@ -20,35 +18,32 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <algorithm>
 #include <cstdio>
 #include <memory>
 
 #include "host/engine/HostEngine.h"
 #include "host/engine/HostEngineClock.h"
 #include "host/platform/phone/HostPhone.h"
+#include "host/tools/samplegen/SampleCatalogue.h"
 #include "host/tools/samplegen/SampleLibraryWriter.h"
 #include "mainwindow/MP_MainWindow.h"
 #include "platform/VmKbMainWidget.h"
 #include "platform/VmOptionsMenu.h"
 #include "platform/VmSoftKey.h"
+#include "tests/window/ShotProgram.h"
 
 namespace {
 
-constexpr int kSkipped = 77;
 constexpr int kWaitMilliseconds = 5000;
 
-QString firstSong(const QString& library)
+// The library's first song by path, as a file browser lists them.
+QString firstSong()
 {
     QStringList songs;
-    QDirIterator it(library + QStringLiteral("/Music"), {QStringLiteral("*.wav")}, QDir::Files,
-                    QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        const QString path = it.next();
-        if (!path.contains(QLatin1String("/Unsorted/")))
-            songs.append(path);
-    }
-    songs.sort();
-    return songs.value(0);
+    for (const SampleSong& song : SampleCatalogue::songs())
+        songs.append(SampleCatalogue::songPath(song));
+    return *std::min_element(songs.begin(), songs.end());
 }
 
 bool fail(const char* why)
@@ -62,19 +57,6 @@ int failed(const char* why)
 {
     fail(why);
     return 1;
-}
-
-// Whether the rectangle @p area of @p image holds more than one colour.
-bool hasDetail(const QImage& image, const QRect& area)
-{
-    const QRect inside = area.intersected(image.rect());
-    for (int y = inside.top(); y <= inside.bottom(); ++y) {
-        for (int x = inside.left(); x <= inside.right(); ++x) {
-            if (image.pixel(x, y) != image.pixel(inside.topLeft()))
-                return true;
-        }
-    }
-    return false;
 }
 
 // The first item of @p menu that a person sees.
@@ -98,12 +80,12 @@ bool check(const QImage& shot, const VmKbMainWidget& window, const VmOptionsMenu
     const QRgb background = shot.pixel(shot.width() - 1, shot.height() - 1);
     const QRect windowArea(window.mapToGlobal(QPoint(0, 0)), window.size());
     const QRect menuArea(menu.pos(), menu.size());
-    if (shot.pixel(windowArea.center() + QPoint(0, windowArea.height() / 4)) == background && !hasDetail(shot, windowArea))
+    if (shot.pixel(windowArea.center() + QPoint(0, windowArea.height() / 4)) == background && !ShotProgram::hasDetail(shot, windowArea))
         return fail("the window is not in the picture");
     if (!menu.isVisible() || shot.pixel(menuArea.center()) == background)
         return fail("the options menu is not in the picture");
     const auto* title = window.findChild<QLabel*>(QStringLiteral("title"));
-    if (!title || !hasDetail(shot, QRect(title->mapToGlobal(QPoint(0, 0)), title->size())))
+    if (!title || !ShotProgram::hasDetail(shot, QRect(title->mapToGlobal(QPoint(0, 0)), title->size())))
         return fail("the title area is one colour");
     return true;
 }
@@ -112,25 +94,18 @@ bool check(const QImage& shot, const VmKbMainWidget& window, const VmOptionsMenu
 
 int main(int argc, char** argv)
 {
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: mp_window_shot OUTPUT.png\n");
-        return 2;
-    }
-    if (qEnvironmentVariableIsEmpty("DISPLAY")) {
-        std::printf("mp_window_shot: no X display (run it under xvfb-run): skipped\n");
-        return kSkipped;
-    }
-    qputenv("QT_QPA_PLATFORM", "xcb");
+    if (const int refused = ShotProgram::refusal("mp_window_shot", "OUTPUT.png", argc); refused >= 0)
+        return refused;
     QTemporaryDir data;
     qputenv("MP_DATA_DIR", data.path().toLocal8Bit());
     // The picture needs no other process: the channels stay in this one.
     qputenv("MP_QCOP_LOCAL", "1");
     QApplication app(argc, argv);
 
-    SampleLibraryWriter writer(data.filePath(QStringLiteral("library")));
-    const QString song = writer.write() ? firstSong(data.filePath(QStringLiteral("library"))) : QString();
-    if (song.isEmpty())
-        return failed("no sample song");
+    const QString library = data.filePath(QStringLiteral("library"));
+    if (!SampleLibraryWriter(library).write())
+        return failed("no sample library");
+    const QString song = library + QLatin1Char('/') + firstSong();
 
     HostPhone::prepareDataFolder();
     HostEngineClock::setManual(true);

@@ -23,10 +23,10 @@
 #include "host/tools/samplegen/SampleCatalogue.h"
 #include "host/tools/samplegen/SampleLibraryWriter.h"
 #include "platform/VmKbMainWidget.h"
+#include "tests/window/ShotProgram.h"
 
 namespace {
 
-constexpr int kSkipped = 77;
 constexpr int kWaitMilliseconds = 10000;
 // JPEG and the decoder's colour conversion move a channel by a few steps.
 constexpr int kTolerance = 24;
@@ -48,15 +48,8 @@ bool near(QRgb seen, quint32 painted)
 
 int main(int argc, char** argv)
 {
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: mp_video_shot OUTPUT.png\n");
-        return 2;
-    }
-    if (qEnvironmentVariableIsEmpty("DISPLAY")) {
-        std::printf("mp_video_shot: no X display (run it under xvfb-run): skipped\n");
-        return kSkipped;
-    }
-    qputenv("QT_QPA_PLATFORM", "xcb");
+    if (const int refused = ShotProgram::refusal("mp_video_shot", "OUTPUT.png", argc); refused >= 0)
+        return refused;
     // As the application does: the picture path is chosen before the
     // application object opens the display.
     HostPicturePath::choose();

@@ -3,19 +3,15 @@
 // Bounded by the number of messages sent, never by time.
 
 #include "tests/support/ProjectProgram.h"
-#include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
-#include <QEventLoop>
 #include <QFile>
 #include <QFileInfo>
-#include <QFileSystemWatcher>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
 #include <QRegularExpression>
-#include <QTimer>
 
 #include <algorithm>
 
@@ -24,6 +20,7 @@
 
 #include "tests/scenarios/ScenarioRun.h"
 #include "tests/support/PrivateBus.h"
+#include "tests/support/TestEnvironment.h"
 
 namespace {
 
@@ -35,67 +32,29 @@ const long kResidentLimitKb = 100 * 1024;
 // it is acting on, not the queue behind it.
 const int kNextsAfterTermination = 5;
 
-/** The resident memory of process @p pid in kB; 0 when it cannot be read. */
-long processResidentKb(qint64 pid)
-{
-    QFile status(QStringLiteral("/proc/%1/status").arg(pid));
-    if (!status.open(QIODevice::ReadOnly))
-        return 0;
-    for (const QByteArray& line : status.readAll().split('\n')) {
-        if (line.startsWith("VmRSS:"))
-            return line.mid(6).trimmed().split(' ').value(0).toLong();
-    }
-    return 0;
-}
-
-/** The resident memory of the 32-bit program that emulator process @p pid
- *  runs, in kB: what lies in the emulated address space (its first 4 GiB).
- *  The emulator's own memory, mostly the code it has translated, grows with
- *  every new path the player takes and is no part of the player's. */
-long emulatedResidentKb(qint64 pid)
+/** The player's resident memory in kB, the sum of its mappings' resident parts; 0 when it cannot be
+ *  read. Under the emulator, only what lies in the emulated 32-bit program's address space (the first
+ *  4 GiB): the emulator's own memory, mostly the code it has translated, grows with every new path the
+ *  player takes and is no part of the player's. */
+long residentKb(qint64 pid)
 {
     QFile maps(QStringLiteral("/proc/%1/smaps").arg(pid));
     if (!maps.open(QIODevice::ReadOnly))
         return 0;
-    const qulonglong kEmulatedSpaceEnd = 1ULL << 32;
+    const qulonglong counted = ProjectProgram::emulated() ? 1ULL << 32 : ~0ULL;
     // Each mapping's line "start-end perms ..." is followed by its sizes.
     static const QRegularExpression kMapping(QStringLiteral("^[0-9a-f]+-([0-9a-f]+) "));
-    bool emulated = false;
+    bool inside = false;
     long kb = 0;
     for (const QByteArray& line : maps.readAll().split('\n')) {
         const QRegularExpressionMatch mapping = kMapping.match(QString::fromLatin1(line));
         if (mapping.hasMatch())
-            emulated = mapping.captured(1).toULongLong(nullptr, 16) <= kEmulatedSpaceEnd;
-        else if (emulated && line.startsWith("Rss:"))
+            inside = mapping.captured(1).toULongLong(nullptr, 16) <= counted;
+        else if (inside && line.startsWith("Rss:"))
             kb += line.mid(4).trimmed().split(' ').value(0).toLong();
     }
     return kb;
 }
-
-/** The player's resident memory in kB; 0 when it cannot be read. */
-long residentKb(qint64 pid)
-{
-    return ProjectProgram::emulated() ? emulatedResidentKb(pid) : processResidentKb(pid);
-}
-
-// Hears the channel messages on the bus, to know when the player speaks.
-class ChannelHearing : public QObject {
-    Q_OBJECT
-public:
-    bool heardPlayer = false;
-
-Q_SIGNALS:
-    void playerSpoke();
-
-public Q_SLOTS:
-    void onMessage(const QDBusMessage& signal)
-    {
-        if (!heardPlayer && signal.arguments().value(1).toByteArray().startsWith("/MP/Idle/Info/")) {
-            heardPlayer = true;
-            emit playerSpoke();
-        }
-    }
-};
 
 class PlayerFloodTest : public ::testing::Test {
 protected:
@@ -116,13 +75,9 @@ protected:
         QDBusConnection::disconnectFromBus(kConnection);
     }
 
-    /** Starts the player without a script, as a person would; true once it speaks on the bus. */
+    /** Starts the player without a script, as a person would; true once it says it plays. */
     bool startPlayer()
     {
-        ChannelHearing hearing;
-        QDBusConnection bus(kConnection);
-        bus.connect(QString(), "/org/mediaplayerhost/QCop", "org.mediaplayerhost.QCop", "Message", &hearing,
-                    SLOT(onMessage(QDBusMessage)));
         QProcessEnvironment environment = m_bus.environment();
 #if defined(__SANITIZE_ADDRESS__)
         // Freed memory the sanitizer holds back would count as resident.
@@ -135,14 +90,7 @@ protected:
                         m_run.dataDir() + "/flood.log", "--action", "PlayMusicListInMediaplayer", "isAllArtist=1",
                         "isAllAlbum=0", "Album=Northern Lights", "isAllGenre=1", "isAllComposer=1", "FirstIndex=0",
                         "StorageLocation=2"});
-        // It says where it is every second while it plays.
-        QEventLoop loop;
-        QObject::connect(&hearing, &ChannelHearing::playerSpoke, &loop, &QEventLoop::quit);
-        QTimer::singleShot(kWaitMs, &loop, &QEventLoop::quit);
-        loop.exec();
-        bus.disconnect(QString(), "/org/mediaplayerhost/QCop", "org.mediaplayerhost.QCop", "Message", &hearing,
-                       SLOT(onMessage(QDBusMessage)));
-        return hearing.heardPlayer;
+        return waitUntil([this] { return count("qcop", "/MP/Idle/Info/State") > 0; }, kWaitMs);
     }
 
     /** Sends @p request kFloodSize times on the idle channel; the player's largest resident memory meanwhile. */
@@ -166,31 +114,22 @@ protected:
 
     QString journal() const { return m_run.dataDir() + "/flood.jsonl"; }
 
-    /** Whether the journal shows a Next acted on within a minute: what the player adds to it is
-     *  read each time it writes, without looking at a clock in between. */
+    /** Whether the journal shows a Next acted on within a minute: only what the player added
+     *  since the last look is read, however long the journal grows. */
     bool journalShowsANext() const
     {
         QFile file(journal());
         if (!file.open(QIODevice::ReadOnly))
             return false;
-        QFileSystemWatcher watcher({journal()});
-        QEventLoop loop;
         QByteArray unfinishedLine;
-        bool seen = false;
-        const auto readWhatWasAdded = [&] {
-            const QList<QByteArray> lines = (unfinishedLine + file.readAll()).split('\n');
-            unfinishedLine = lines.last();
-            seen = seen || std::any_of(lines.begin(), lines.end() - 1,
-                                       [](const QByteArray& line) { return isLine(line, "control", "next"); });
-            if (seen)
-                loop.quit();
-        };
-        QObject::connect(&watcher, &QFileSystemWatcher::fileChanged, &loop, readWhatWasAdded);
-        QTimer::singleShot(4 * kWaitMs, &loop, &QEventLoop::quit);
-        readWhatWasAdded();
-        if (!seen)
-            loop.exec();
-        return seen;
+        return waitUntil(
+            [&] {
+                const QList<QByteArray> lines = (unfinishedLine + file.readAll()).split('\n');
+                unfinishedLine = lines.last();
+                return std::any_of(lines.begin(), lines.end() - 1,
+                                   [](const QByteArray& line) { return isLine(line, "control", "next"); });
+            },
+            4 * kWaitMs);
     }
 
     /** Whether journal line @p line is of @p kind, and its call, or message, is @p name. */
@@ -263,4 +202,3 @@ TEST_F(PlayerFloodTest, UpdateAndNextFloods_KeepMemoryBounded_AndTerminationEnds
 
 } // namespace
 
-#include "PlayerFloodTest.moc"

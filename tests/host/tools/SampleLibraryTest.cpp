@@ -111,7 +111,6 @@ TEST_F(SampleLibraryTest, Song_ReadsBackTagsAndDuration)
     ASSERT_FALSE(bytes.isEmpty());
     EXPECT_EQ(le32(bytes, 4), quint32(bytes.size() - 8));
     EXPECT_EQ(chunkSize(bytes, "data"), 8 * 11025 * 2);
-    EXPECT_GT(chunkSize(bytes, "ID3 "), 0);
 
     TagLib::RIFF::WAV::File wav(QFile::encodeName(file).constData());
     ASSERT_TRUE(wav.isValid());
@@ -123,7 +122,6 @@ TEST_F(SampleLibraryTest, Song_ReadsBackTagsAndDuration)
                            toQString(properties["DATE"].toString())}),
               QStringList({"Белая ночь", "Árós Quartet", "Kvöldljóð", "Classical", "Sigrún Hallsdóttir", "1998-12-01"}));
     EXPECT_EQ(tag->track(), 2u);
-    EXPECT_EQ(tag->year(), 1998u);
     const TagLib::AudioProperties& sound = *wav.audioProperties();
     EXPECT_EQ(std::tuple(sound.lengthInMilliseconds(), sound.sampleRate(), sound.channels()), std::tuple(8000, 11025, 1));
 }
