@@ -228,7 +228,7 @@ MediaScanner::FileOutcome MediaScanner::scanFile(const QString& path, const std:
     if (stored && stored->fileSize == info.size() && stored->fileModified == modificationTimeOf(info))
         return FileOutcome::Unchanged;
 
-    const std::optional<MediaTags> tags = MediaTagReader::read(path, *kind);
+    const std::optional<MediaTags> tags = MediaTagReader::read(path);
     if (!tags) {
         report(QStringLiteral("cannot read %1: its content is not that of a .%2 file; skipped")
                    .arg(path, QFileInfo(path).suffix().toLower()));

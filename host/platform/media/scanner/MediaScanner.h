@@ -2,8 +2,9 @@
 // Brings the media database in line with the files on disk: adds, updates and
 // removes the objects of media files (audio and video, told apart by their
 // extension; tags read with TagLib; a file whose content is not of the kind its
-// name says is skipped) and imports .m3u/.m3u8 play lists as user groups. Used by mp-scan for whole folders and by the application's script
-// commands for single files.
+// name says is skipped, and an object stored before keeps what it held) and
+// imports .m3u/.m3u8 play lists as user groups. Used by mp-scan for whole
+// folders and by the application's script commands for single files.
 
 #include <QHash>
 #include <QString>

@@ -4,8 +4,11 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 
+#include <algorithm>
+
 #include <taglib/audioproperties.h>
 #include <taglib/fileref.h>
+#include <taglib/mpegfile.h>
 #include <taglib/tag.h>
 #include <taglib/tpropertymap.h>
 
@@ -24,23 +27,42 @@ QString firstValue(const TagLib::PropertyMap& properties, const char* key)
     return toQString(found->second.front());
 }
 
+// Every audio and video format begins with binary bytes (sizes, frame headers) within
+// its first 128: a file with none there, or with nothing at all, is text or is still
+// being written, whatever its name says. (TagLib's WAV reader, for one, takes text.)
+bool isTextOrEmpty(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return false;   // the scanner reports what it cannot read
+    const QByteArray start = file.read(128);
+    return std::none_of(start.cbegin(), start.cend(), [](char byte) {
+        const auto value = static_cast<unsigned char>(byte);
+        return value < 32 && value != '\t' && value != '\n' && value != '\r';
+    });
+}
+
 } // namespace
 
-std::optional<MediaTags> MediaTagReader::read(const QString& path, MediaKind kind)
+std::optional<MediaTags> MediaTagReader::read(const QString& path)
 {
+    if (isTextOrEmpty(path))
+        return std::nullopt;
     MediaTags tags;
     const TagLib::FileRef file(QFile::encodeName(path).constData(), true, TagLib::AudioProperties::Fast);
     if (file.isNull()) {
-        // TagLib chooses its parser by the name's extension: a parser it has, refusing the
-        // content, means a file that only carries a media name (an empty file being written).
+        // TagLib has a reader for the name's kind (and has looked at the content for
+        // another): none took the content.
         const TagLib::String extension(QFileInfo(path).suffix().toLower().toStdString());
         if (TagLib::FileRef::defaultFileExtensions().contains(extension))
             return std::nullopt;
         return tags;
     }
-    // Some parsers (MP3's) take any bytes and find no sound in them: a text file called .mp3.
-    // A video may hold no sound at all, so only songs are judged by it.
-    if (kind == MediaKind::Audio && (!file.audioProperties() || file.audioProperties()->sampleRate() <= 0))
+    // MP3's reader takes any bytes, and then finds no frame of sound in them. Other readers
+    // may not know a playable file's sample rate (a mu-law WAV, Opus in MP4): the rate is no
+    // test for them.
+    const bool isMpeg = dynamic_cast<const TagLib::MPEG::File*>(file.file()) != nullptr;
+    if (isMpeg && (!file.audioProperties() || file.audioProperties()->sampleRate() <= 0))
         return std::nullopt;
     if (!file.tag())
         return tags;

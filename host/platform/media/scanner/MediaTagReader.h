@@ -5,8 +5,6 @@
 
 #include <optional>
 
-#include "host/platform/media/database/MediaRecord.h"
-
 struct MediaTags {
     QString title;
     QString artist;
@@ -19,11 +17,11 @@ struct MediaTags {
 
 class MediaTagReader {
 public:
-    /** The tags of @p path; all empty for a file without tags, or of a kind TagLib does not
-     *  know (a video container it has no parser for). Nothing for a file that is no media
-     *  file of its @p kind: a name TagLib has a parser for and a content that parser refuses,
-     *  or a song in which it finds no sound. */
-    static std::optional<MediaTags> read(const QString& path, MediaKind kind);
+    /** The tags of @p path; all empty for a file without tags, or of a kind TagLib has no
+     *  reader for (.3gp, .aac, .amr). Nothing for a file that is no media file: empty or
+     *  text, of a kind TagLib reads with a content no reader of TagLib's takes, or an MP3
+     *  without a frame. */
+    static std::optional<MediaTags> read(const QString& path);
     /** A tag's date as yyyy-MM-dd, or as much of it as it holds ("2008", "2008-05");
      *  empty when it does not begin with a year. */
     static QString normalizedDate(const QString& tagDate);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QDateTime>
+#include <QDataStream>
 #include <QDir>
 #include <QFile>
 
@@ -30,6 +31,24 @@ QByteArray tinyWav()
     return WavSynth(8000).wavFile(QByteArray(64, '\0'));
 }
 
+// A mu-law WAV without a "fact" chunk, as recorders write them: TagLib reads it
+// but knows no sample rate for it; it plays.
+QByteArray muLawWav()
+{
+    const QByteArray sound(800, char(0xFF));
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    stream.setByteOrder(QDataStream::LittleEndian);
+    stream.writeRawData("RIFF", 4);
+    stream << quint32(36 + sound.size());
+    stream.writeRawData("WAVEfmt ", 8);
+    stream << quint32(16) << quint16(7) << quint16(1) << quint32(8000) << quint32(8000) << quint16(1) << quint16(8);
+    stream.writeRawData("data", 4);
+    stream << quint32(sound.size());
+    stream.writeRawData(sound.constData(), int(sound.size()));
+    return bytes;
+}
+
 // Moves a file's modification time, as an edit made a minute later would.
 void touchLater(const QString& path)
 {
@@ -55,8 +74,8 @@ protected:
                                                 {"COMPOSER", QString::fromUtf8("Sigrún")}, {"TRACKNUMBER", "2"},
                                                 {"DATE", "2003-03-14"}});
         write("Music/voice memo.wav", tinyWav());
-        // TagLib has no reader for 3GP: a video it cannot read is taken by its name.
-        write("Camera/Captured/clip.3gp", "not really a video");
+        // The start of a 3GP movie: TagLib has no reader for 3GP, so it is taken by its name.
+        write("Camera/Captured/clip.3gp", QByteArray::fromHex("0000001866747970336770340000000069736f6d33677034"));
         write("Downloads/song.wav", tinyWav());
         write("notes.txt", "not media");
         write("Lists/evening.m3u", "#EXTM3U\n../Music/rain.wav\n# a comment\n\n" + path("Downloads/song.wav").toUtf8()
@@ -105,8 +124,10 @@ TEST_F(MediaScannerTest, ReadsTagsFlagsAndPlayLists)
     // Files with a media name and no such content: never added, so never played and failed.
     write("Music/notes.mp3", "not really a song");
     write("Camera/clip.mp4", "");
+    write("Music/phone call.wav", muLawWav());
     const MediaScanSummary summary = m_scanner->scanFolders({m_root});
-    EXPECT_EQ(summary.text(), "4 added, 0 updated, 0 removed, 0 unchanged, 3 skipped; play lists: 1 imported, 0 removed");
+    EXPECT_EQ(summary.text(), "5 added, 0 updated, 0 removed, 0 unchanged, 3 skipped; play lists: 1 imported, 0 removed");
+    EXPECT_EQ(stored("Music/phone call.wav").title, "phone call");
     EXPECT_EQ(m_messages.filter("content").join('\n').toStdString(),
               ("cannot read " + m_root + "/Camera/clip.mp4: its content is not that of a .mp4 file; skipped\n"
                "cannot read " + m_root + "/Music/notes.mp3: its content is not that of a .mp3 file; skipped").toStdString());
@@ -146,9 +167,13 @@ TEST_F(MediaScannerTest, RescansChangeOnlyWhatChanged_ChangedFilesAreReadAgainAn
     writeTaggedWav("Music/rain.wav", {{"TITLE", "Rain, remastered"}});
     touchLater(path("Music/rain.wav"));
     ASSERT_TRUE(QFile::remove(path("Downloads/song.wav")));
+    // A stored file that no longer reads keeps its object (its play lists, its buy flag).
+    write("Music/voice memo.wav", "being rewritten");
+    touchLater(path("Music/voice memo.wav"));
 
     const MediaScanSummary summary = m_scanner->scanFolders({m_root});
-    EXPECT_EQ(summary.text(), "0 added, 1 updated, 1 removed, 2 unchanged, 1 skipped; play lists: 0 imported, 0 removed");
+    EXPECT_EQ(summary.text(), "0 added, 1 updated, 1 removed, 1 unchanged, 2 skipped; play lists: 0 imported, 0 removed");
+    EXPECT_EQ(stored("Music/voice memo.wav").title, "voice memo");
     EXPECT_EQ(stored("Music/rain.wav").id, rainId);
     EXPECT_EQ(stored("Music/rain.wav").title, "Rain, remastered");
     EXPECT_FALSE(m_database->mediaByPath(path("Downloads/song.wav")));
