@@ -2,14 +2,19 @@
 // it shows: the journaled service calls, action records and dialogs, and the
 // files and database rows the host services leave behind.
 
+#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QLineEdit>
+#include <QTimer>
 
 #include "host/platform/HostJournal.h"
 #include "host/platform/media/database/MediaDatabase.h"
+#include "host/platform/services/HostBookmarkEditor.h"
+#include "host/platform/toolkit/HostDialogs.h"
 #include "host/platform/toolkit/HostTranslations.h"
 #include "platform/MYSTUFF_DETAIL_WidgetUI.h"
 #include "platform/STUFF_Global.h"
@@ -230,6 +235,35 @@ TEST_F(MP_ShareUtilityTest, Bookmarks_ASavedBookmarkIsAFileThatEditOpens)
                            QStringLiteral(R"({"args":["%1"],"bookmark":{"title":"rtsp://s.example/live","url":"rtsp://s.example/live"},)"
                                           R"("call":"editBookmark","kind":"service"})").arg(identity),
                            kCannotOpen}));
+}
+
+// The display path of Edit Bookmark: the editor opens on the stored bookmark, and the
+// journal's line says whether it was saved (1) or cancelled (0).
+TEST_F(MP_ShareUtilityTest, Bookmarks_AtADisplayTheEditorSavesOrCancelsAndTheJournalSaysWhich)
+{
+    QString identity;
+    MP_ShareUtility::saveBookmark("rtsp://s.example/live", identity);
+    HostDialogs::setInteractive(true);
+    for (const bool save : {false, true}) {
+        // The person renames the bookmark in the editor that opens, then cancels or saves.
+        QTimer::singleShot(0, [save] {
+            QWidget* modal = QApplication::activeModalWidget();
+            auto* editor = qobject_cast<HostBookmarkEditor*>(modal);
+            if (!editor) {
+                ADD_FAILURE() << "no editor opened";
+                if (modal)
+                    modal->close();  // so that the test ends rather than waits
+                return;
+            }
+            editor->titleField().setText("Live");
+            save ? editor->accept() : editor->reject();
+        });
+        MP_ShareUtility::editBookmark(identity);
+    }
+    const QString line = QStringLiteral(R"({"answer":%1,"args":["%2"],"bookmark":{"title":"rtsp://s.example/live",)"
+                                        R"("url":"rtsp://s.example/live"},"call":"editBookmark","kind":"service"})");
+    EXPECT_EQ(lines().mid(1), QStringList({line.arg(0).arg(identity), line.arg(1).arg(identity)}));
+    EXPECT_EQ(readFile(identity), QByteArray("TITLE=Live\nURL=rtsp://s.example/live\n"));
 }
 
 TEST_F(MP_ShareUtilityTest, BuyMore_SetsTheStoredFlagAndFailsForAFileNotStored)
