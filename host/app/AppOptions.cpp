@@ -1,5 +1,7 @@
 #include "host/app/AppOptions.h"
 
+#include <QFileInfo>
+
 #include "host/words/ScriptWords.h"
 
 namespace {
@@ -11,6 +13,11 @@ bool takeValue(const QStringList& arguments, int& index, QString* value, QString
     }
     *value = arguments.at(++index);
     return true;
+}
+
+bool isFileOrAddress(const QString& word)
+{
+    return QFileInfo::exists(word) || word.contains(QLatin1String("://"));
 }
 
 bool isKeyValue(const QString& word)
@@ -71,6 +78,14 @@ bool AppOptions::parse(const QStringList& arguments, QString* error)
                 const int equals = pair.indexOf(QLatin1Char('='));
                 action.setValue(pair.left(equals), pair.mid(equals + 1));
             }
+            // A FILE may follow the pairs; a word that is no file there is far more
+            // likely a pair without its "=" than a file that is gone.
+            if (i + 1 < arguments.size() && !arguments.at(i + 1).startsWith(QLatin1String("--"))
+                && !isFileOrAddress(arguments.at(i + 1))) {
+                *error = QStringLiteral("--action %1: %2 is no key=value pair, nor a file")
+                             .arg(name, ScriptWords::excerpt(arguments.at(i + 1)));
+                return false;
+            }
         } else if (word.startsWith(QLatin1String("--"))) {
             *error = QStringLiteral("unknown option %1").arg(ScriptWords::excerpt(word));
             return false;
@@ -94,7 +109,8 @@ QString AppOptions::usage()
     return QStringLiteral(
         "usage: mediaplayer [options] [FILE]\n"
         "  FILE                      the file passed to the player at creation\n"
-        "  --action NAME key=value.. the launch action (e.g. PlayMediaInMediaPlayer Launcher=HomeScreen)\n"
+        "  --action NAME key=value.. the launch action (e.g. PlayMediaInMediaPlayer Launcher=HomeScreen);\n"
+        "                            a word after its pairs is a FILE that exists, or an address\n"
         "  --data-dir DIR            the host platform's data folder (settings, media database)\n"
         "  --journal FILE            write the journal of every effect to FILE (emptied first)\n"
         "  --log FILE                write the library's trace lines to FILE instead of standard output\n"

@@ -64,6 +64,8 @@ TEST(AppScenarioTest, WithoutADisplay_EndsWhenNothingWillPlayOrTheCommandLineIsB
         {{"--output", "media", broken}, 3, "mediaplayer: cannot play \"" + broken + "\": broken cannot be played.\n"},
         {{"--lang", "xx"}, 64, "mediaplayer: --lang: no translation for \"xx\" (there are: en de)\n"},
         {{"--output", "loud"}, 64, "mediaplayer: --output is media or clock, not \"loud\"\n", true},
+        {{"--action", "PlayVideoInMediaplayer", "SelectionType=All", "StorageLocation"}, 64,
+         "mediaplayer: --action PlayVideoInMediaplayer: \"StorageLocation\" is no key=value pair, nor a file\n", true},
         {{"--journal", nowhere}, 64,
          "mediaplayer: --journal: cannot write " + nowhere + ": No such file or directory\n"},
         {{"--folder", playList}, 64, "mediaplayer: --folder: \"" + playList + "\" is not an audio or video file\n"},
