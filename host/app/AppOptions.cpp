@@ -108,7 +108,7 @@ QString AppOptions::usage()
 {
     return QStringLiteral(
         "usage: mediaplayer [options] [FILE]\n"
-        "  FILE                      the file passed to the player at creation\n"
+        "  FILE                      the file passed to the player at creation (no play list file)\n"
         "  --action NAME key=value.. the launch action (e.g. PlayMediaInMediaPlayer Launcher=HomeScreen);\n"
         "                            a word after its pairs is a FILE that exists, or an address\n"
         "  --data-dir DIR            the host platform's data folder (settings, media database)\n"

@@ -24,6 +24,7 @@
 #include "host/app/TerminationSignals.h"
 #include "host/engine/HostEngine.h"
 #include "host/engine/HostPicturePath.h"
+#include "host/platform/media/scanner/MediaScanner.h"
 #include "host/platform/phone/HostPhone.h"
 #include "host/platform/toolkit/HostDialogs.h"
 #include "host/platform/toolkit/HostTranslations.h"
@@ -184,6 +185,15 @@ int main(int argc, char** argv)
             std::fprintf(stderr, "mediaplayer: --folder: %s\n", qPrintable(error));
             return ExitBadUsage;
         }
+    }
+    // The player would open a play list file as a song and fail; a user list is what
+    // plays one. (An address may name one: a stream's list, HLS's .m3u8, plays.)
+    if (!options.passedFile.contains(QLatin1String("://")) && MediaScanner::isPlayList(options.passedFile)) {
+        std::fprintf(stderr,
+                     "mediaplayer: %s is a play list: mp-scan imports it as a user list, "
+                     "which --action PlayUserListInMediaplayer plays\n",
+                     qPrintable(ScriptWords::excerpt(options.passedFile)));
+        return ExitBadUsage;
     }
     if (!options.journal.isEmpty() && !canWriteJournal(options.journal))
         return ExitBadUsage;

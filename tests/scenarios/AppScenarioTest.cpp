@@ -68,6 +68,9 @@ TEST(AppScenarioTest, WithoutADisplay_EndsWhenNothingWillPlayOrTheCommandLineIsB
          "mediaplayer: --action PlayVideoInMediaplayer: \"StorageLocation\" is no key=value pair, nor a file\n", true},
         {{"--journal", nowhere}, 64,
          "mediaplayer: --journal: cannot write " + nowhere + ": No such file or directory\n"},
+        {{playList}, 64,
+         "mediaplayer: \"" + playList + "\" is a play list: mp-scan imports it as a user list, which --action "
+         "PlayUserListInMediaplayer plays\n"},
         {{"--folder", playList}, 64, "mediaplayer: --folder: \"" + playList + "\" is not an audio or video file\n"},
     };
     for (const auto& row : rows) {
