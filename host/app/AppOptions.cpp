@@ -80,7 +80,7 @@ bool AppOptions::parse(const QStringList& arguments, QString* error)
             }
             // A FILE may follow the pairs; a word that is no file there is far more
             // likely a pair without its "=" than a file that is gone.
-            if (i + 1 < arguments.size() && !arguments.at(i + 1).startsWith(QLatin1String("--"))
+            if (i + 1 < arguments.size() && !arguments.at(i + 1).startsWith(QLatin1Char('-'))
                 && !isFileOrAddress(arguments.at(i + 1))) {
                 *error = QStringLiteral("--action %1: %2 is no key=value pair, nor a file")
                              .arg(name, ScriptWords::excerpt(arguments.at(i + 1)));
