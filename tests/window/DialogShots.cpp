@@ -63,11 +63,12 @@ bool shownAndSeen(const char* name, QWidget& dialog, const QWidget& field, const
     // as dark as the background (it did with the fonts of another build).
     const QPoint margin = area.topLeft() + QPoint(4, 4);
     if (!shot.rect().contains(area) || shot.pixel(margin) == background) {
-        const QString where = QStringLiteral("the dialog is not in the picture (%1,%2 %3x%4 on %5x%6, margin #%7, background #%8)")
-                                  .arg(area.x()).arg(area.y()).arg(area.width()).arg(area.height())
-                                  .arg(shot.width()).arg(shot.height())
-                                  .arg(shot.rect().contains(area) ? shot.pixel(margin) & 0xffffff : 0, 6, 16, QLatin1Char('0'))
-                                  .arg(background & 0xffffff, 6, 16, QLatin1Char('0'));
+        const QString where =
+            QStringLiteral("the dialog is not in the picture (%1,%2 %3x%4 on %5x%6, margin #%7, background #%8)")
+                .arg(area.x()).arg(area.y()).arg(area.width()).arg(area.height())
+                .arg(shot.width()).arg(shot.height())
+                .arg(shot.rect().contains(area) ? shot.pixel(margin) & 0xffffff : 0, 6, 16, QLatin1Char('0'))
+                .arg(background & 0xffffff, 6, 16, QLatin1Char('0'));
         return fail(name, qPrintable(where));
     }
     return showsText(shot, field) || fail(name, "its field is one colour");
@@ -156,7 +157,8 @@ bool detailsShowTheSongAndClose(const QString& song, const QString& output)
         return false;
     // The third line is the date, as the locale writes dates.
     const QStringList lines = text->text().split('\n');
-    if (lines.size() != 6 || lines.mid(0, 2) + lines.mid(3) != QStringList({"Dawn.mp3", "14 bytes", "Dawn", "Aurora Lane", "First Light"}))
+    const QStringList expected{"Dawn.mp3", "14 bytes", "Dawn", "Aurora Lane", "First Light"};
+    if (lines.size() != 6 || lines.mid(0, 2) + lines.mid(3) != expected)
         return fail(name, "the text is not the song's");
     QTest::mouseClick(details.button(QMessageBox::Ok), Qt::LeftButton);
     return (details.buttons().size() == 1 && !details.isVisible()) || fail(name, "its one button OK did not close it");

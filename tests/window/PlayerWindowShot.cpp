@@ -80,7 +80,8 @@ bool check(const QImage& shot, const VmKbMainWidget& window, const VmOptionsMenu
     const QRgb background = shot.pixel(shot.width() - 1, shot.height() - 1);
     const QRect windowArea(window.mapToGlobal(QPoint(0, 0)), window.size());
     const QRect menuArea(menu.pos(), menu.size());
-    if (shot.pixel(windowArea.center() + QPoint(0, windowArea.height() / 4)) == background && !ShotProgram::hasDetail(shot, windowArea))
+    const QPoint belowCentre = windowArea.center() + QPoint(0, windowArea.height() / 4);
+    if (shot.pixel(belowCentre) == background && !ShotProgram::hasDetail(shot, windowArea))
         return fail("the window is not in the picture");
     if (!menu.isVisible() || shot.pixel(menuArea.center()) == background)
         return fail("the options menu is not in the picture");

@@ -43,7 +43,8 @@ TEST(QCopBacklogTest, RepeatedShowAndTellRequestsFold_CountedOnesNever)
     EXPECT_EQ(drain(backlog), (QStringList{"/MP/Idle/Req/Update ", "/MP/Idle/Req/Next ", "/MP/Idle/Req/Next ",
                                            "/MP/Idle/Req/Update ", "/MP/Idle/Req/Seek/Forth 3030303030303031",
                                            "/MP/Idle/Req/Seek/Forth 3030303030303031", "/MP/Idle/Req/Seek/END ",
-                                           "/MP/Idle/Req/Seek/END 31", "queryMPNowPlaying() ", "queryMPNowPlaying() ", "queryMPNowPlaying() "}));
+                                           "/MP/Idle/Req/Seek/END 31", "queryMPNowPlaying() ", "queryMPNowPlaying() ",
+                                           "queryMPNowPlaying() "}));
 }
 
 TEST(QCopBacklogTest, AFullBacklogDropsWhatComesUntilRoomIsMade)
