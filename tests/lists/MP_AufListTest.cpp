@@ -50,6 +50,23 @@ protected:
 
     static QString titleOf(const QString& path) { return QFileInfo(path).completeBaseName(); }
 
+    // Where the list stands after each step, as "<4>": the index, '<' when it
+    // has a previous song and '>' when it has a next one. A step skips by a
+    // count ("+3", "-9") or moves to a position ("@5").
+    static QString positions(MP_AufList& list, const QStringList& steps)
+    {
+        QStringList reached;
+        for (const QString& step : steps) {
+            if (step.startsWith('@'))
+                list.moveTo(step.mid(1).toInt());
+            else
+                list.skipSteps(step.toInt());
+            reached << QStringLiteral("%1%2%3").arg(list.hasPrevious() ? "<" : "").arg(list.getCurrentIndex())
+                           .arg(list.hasNext() ? ">" : "");
+        }
+        return reached.join(' ');
+    }
+
     /** Sends a setup message with @p payloadBytes on the player's channel, as the settings screen does. */
     static void sendSetup(const char* message, const QByteArray& payloadBytes)
     {
@@ -66,26 +83,12 @@ TEST_F(MP_AufListTest, Navigation_RepeatWrapsBothWaysAndOtherwiseStopsAtTheEnds_
     setModes(0, true);
     MP_AufList repeating;
     ASSERT_EQ(repeating.count(), 5u);
-    EXPECT_EQ(titleOf(repeating.getCurrent()), "Song 00");
-    repeating.moveTo(5);
-    EXPECT_EQ(repeating.getCurrentIndex(), 0);
-    repeating.moveTo(-1);
-    EXPECT_EQ(repeating.getCurrentIndex(), 4);
-    EXPECT_EQ(titleOf(repeating.getCurrent()), "Song 04");
-    repeating.skipSteps(1);
-    EXPECT_EQ(repeating.getCurrentIndex(), 0);
-    EXPECT_TRUE(repeating.hasPrevious());
+    EXPECT_EQ(positions(repeating, {"@5", "@-1", "+1"}), "<0> <4> <0>");
     EXPECT_EQ(titleOf(repeating.getItem(-1)), "Song 04") << "a position is wrapped before the look-up";
 
     setModes(0, false);
     MP_AufList plain;
-    plain.moveTo(3);
-    plain.skipSteps(3);
-    EXPECT_EQ(plain.getCurrentIndex(), 4);
-    EXPECT_FALSE(plain.hasNext());
-    plain.skipSteps(-9);
-    EXPECT_EQ(plain.getCurrentIndex(), 0);
-    EXPECT_FALSE(plain.hasPrevious());
+    EXPECT_EQ(positions(plain, {"@3", "+3", "-9"}), "<3> <4 0>");
     EXPECT_TRUE(plain.getItem(-1).isNull());
     EXPECT_TRUE(plain.getItem(5).isNull());
 
@@ -93,11 +96,7 @@ TEST_F(MP_AufListTest, Navigation_RepeatWrapsBothWaysAndOtherwiseStopsAtTheEnds_
     setModes(1, true);
     MP_AufList empty(QStringLiteral("Nobody"), QString(), QString(), QString(), 2, 0, QString());
     EXPECT_EQ(empty.count(), 0u);
-    EXPECT_FALSE(empty.hasNext());
-    EXPECT_FALSE(empty.hasPrevious());
-    empty.skipSteps(1);
-    empty.moveTo(-3);
-    EXPECT_EQ(empty.getCurrentIndex(), 0);
+    EXPECT_EQ(positions(empty, {"+1", "@-3"}), "0 0");
     EXPECT_TRUE(empty.getCurrent().isNull());
 }
 
@@ -105,28 +104,20 @@ TEST_F(MP_AufListTest, FirstIndexOutsideTheList_PlaysTheNearestEnd)
 {
     addSongs(5);
     MP_AufList pastTheEnd(QString(), QString(), QString(), QString(), 2, INT_MAX, QString());
-    EXPECT_EQ(pastTheEnd.getCurrentIndex(), 4);
     EXPECT_EQ(titleOf(pastTheEnd.getCurrent()), "Song 04") << "the last song, not none";
     MP_AufList beforeTheStart(QString(), QString(), QString(), QString(), 2, -7, QString());
     EXPECT_EQ(titleOf(beforeTheStart.getCurrent()), "Song 00");
 
-    // Repeat wraps from there without overflowing, whatever the steps.
+    // Repeat wraps from there without overflowing, whatever the steps:
+    // 2147483647 = 5 * 429496729 + 2, and 2 - 2147483648 = 5 * -429496730 + 4.
     setModes(0, true);
     MP_AufList repeating(QString(), QString(), QString(), QString(), 2, INT_MAX, QString());
-    repeating.skipSteps(1);
-    EXPECT_EQ(titleOf(repeating.getCurrent()), "Song 00") << "from the last song, one on";
-    repeating.skipSteps(INT_MAX);  // 2147483647 = 5 * 429496729 + 2
-    EXPECT_EQ(repeating.getCurrentIndex(), 2);
-    repeating.skipSteps(INT_MIN);  // 2 - 2147483648 = 5 * -429496730 + 4
-    EXPECT_EQ(repeating.getCurrentIndex(), 4);
+    EXPECT_EQ(positions(repeating, {"+1", "+2147483647", "-2147483648"}), "<0> <2> <4>");
     EXPECT_EQ(titleOf(repeating.getItem(INT_MIN)), "Song 02");
 
     setModes(0, false);
     MP_AufList plain;
-    plain.skipSteps(INT_MAX);
-    EXPECT_EQ(plain.getCurrentIndex(), 4);
-    plain.skipSteps(INT_MIN);
-    EXPECT_EQ(plain.getCurrentIndex(), 0);
+    EXPECT_EQ(positions(plain, {"+2147483647", "-2147483648"}), "<4 0>");
     EXPECT_TRUE(plain.getItem(INT_MAX).isNull());
 }
 
@@ -134,19 +125,13 @@ TEST_F(MP_AufListTest, Cache_HoldsAWindowOfTenAndRefetchesOnlyOutsideIt)
 {
     addSongs(30);
     MP_AufList list;
-    EXPECT_EQ(list.cacheTop(), 0);
-    EXPECT_EQ(list.cacheBottom(), 10);
-
-    EXPECT_EQ(titleOf(list.getItem(10)), "Song 10");
-    EXPECT_EQ(list.cacheTop(), 10);
-    EXPECT_EQ(titleOf(list.getItem(12)), "Song 12");
-    EXPECT_EQ(list.cacheTop(), 10) << "inside the window: no search";
-    EXPECT_EQ(titleOf(list.getItem(20)), "Song 20");
-    EXPECT_EQ(list.cacheTop(), 20);
-    EXPECT_EQ(list.cacheBottom(), 30);
-    EXPECT_EQ(titleOf(list.getItem(9)), "Song 09");
-    EXPECT_EQ(list.cacheTop(), 9);
-    EXPECT_EQ(list.cacheBottom(), 19);
+    const auto window = [&] { return QStringLiteral("%1-%2").arg(list.cacheTop()).arg(list.cacheBottom()); };
+    QStringList windows{window()};
+    for (int position : {10, 12, 20, 9}) {
+        EXPECT_EQ(titleOf(list.getItem(position)), QStringLiteral("Song %1").arg(position, 2, 10, QLatin1Char('0')));
+        windows << window();
+    }
+    EXPECT_EQ(windows.join(' '), "0-10 10-20 10-20 20-30 9-19") << "inside the window: no search";
 
     list.updateShuffle(MP_AufList::ShuffleSongs);
     list.getItem(17);
@@ -160,8 +145,8 @@ TEST_F(MP_AufListTest, ShuffleSongs_PinsThePlayingSongAndDrawsANewOrderAtTheEnds
     MP_AufList list;
     list.moveTo(7);
     list.updateShuffle(MP_AufList::ShuffleSongs);
-    EXPECT_EQ(list.getCurrentIndex(), 0);
     EXPECT_EQ(titleOf(list.getCurrent()), "Song 07");
+    EXPECT_EQ(list.getCurrentIndex(), 0);
     EXPECT_EQ(list.getPositionOfCurrentSong(), 7);
     EXPECT_EQ(MP_AufContext::shuffle, 1);
     EXPECT_EQ(MP_AufContext::shuffleSetting, 1);
@@ -171,17 +156,17 @@ TEST_F(MP_AufListTest, ShuffleSongs_PinsThePlayingSongAndDrawsANewOrderAtTheEnds
     EXPECT_EQ(played.size(), 10) << "every song once";
 
     // The order is drawn from the clock's second, so two draws in one test
-    // can be alike: the draw itself shows in the shuffle's trace.
+    // can be alike: the draw itself shows in the shuffle's trace. Before play
+    // position 0 a new order plays from its end; exactly one past the end, a
+    // new order plays from its start.
     TraceCapture traces;
-    const auto draws = [&] { return traces.text().count("shuffle: count=10, first=-1"); };
-    list.skipSteps(-1);  // before play position 0: a new order, from its end
+    list.skipSteps(-1);
     EXPECT_EQ(list.getCurrentIndex(), 9);
     EXPECT_FALSE(list.getCurrent().isNull());
-    EXPECT_EQ(draws(), 1);
-    list.skipSteps(1);   // exactly one past the end: a new order, from its start
-    EXPECT_EQ(list.getCurrentIndex(), 0);
+    list.skipSteps(1);
     EXPECT_FALSE(list.getCurrent().isNull());
-    EXPECT_EQ(draws(), 2);
+    EXPECT_EQ(traces.text().count("shuffle: count=10, first=-1"), 2);
+    EXPECT_EQ(list.getCurrentIndex(), 0);
 
     list.updateShuffle(MP_AufList::ShuffleOff);
     EXPECT_EQ(list.getCurrent(), list.getItem(list.getCurrentIndex())) << "back in list order on the same song";
@@ -235,20 +220,18 @@ TEST_F(MP_AufListTest, SetupMessages_WithAnUnreadableValueOrUnknownMode_ChangeNo
     setModes(MP_AufList::ShuffleSongs, true);
     MP_AufList music;
     QSignalSpy spy(&music, SIGNAL(signalListUpdate(int, bool)));
-    auto reported = [&] { return std::make_pair(spy.last().at(0).toInt(), spy.last().at(1).toBool()); };
-    // Short payloads used to read as 0 and switch the modes off.
-    const QList<QByteArray> unreadable{"", "00", "000000", "0000000000"};
-    for (const QByteArray& hex : unreadable) {
-        for (const char* message : {"MP_MSG_SETUP_CHANGE_SHUFFLE_MUSIC", "MP_MSG_SETUP_CHANGE_REPEAT_MUSIC"}) {
-            sendSetup(message, QByteArray::fromHex(hex));
-            EXPECT_EQ(reported(), std::make_pair(1, true)) << message << " with payload \"" << hex.data() << '"';
-        }
+    // Payloads one byte short of the value (they used to read as 0 and switch
+    // the modes off) and one byte past it; shuffle modes above and below the known ones.
+    const std::pair<const char*, QByteArray> messages[] = {
+        {"MP_MSG_SETUP_CHANGE_SHUFFLE_MUSIC", "000000"}, {"MP_MSG_SETUP_CHANGE_REPEAT_MUSIC", "000000"},
+        {"MP_MSG_SETUP_CHANGE_SHUFFLE_MUSIC", "0000000000"}, {"MP_MSG_SETUP_CHANGE_REPEAT_MUSIC", "0000000000"},
+        {"MP_MSG_SETUP_CHANGE_SHUFFLE_MUSIC", "00000003"}, {"MP_MSG_SETUP_CHANGE_SHUFFLE_MUSIC", "ffffffff"},
+    };
+    for (const auto& [message, hex] : messages) {
+        sendSetup(message, QByteArray::fromHex(hex));
+        EXPECT_EQ(spy.last(), (QList<QVariant>{1, true})) << message << " with payload " << hex.data();
     }
-    for (const QByteArray& hex : {QByteArray("00000003"), QByteArray("ffffffff"), QByteArray("7fffffff")}) {
-        sendSetup("MP_MSG_SETUP_CHANGE_SHUFFLE_MUSIC", QByteArray::fromHex(hex));
-        EXPECT_EQ(reported(), std::make_pair(1, true)) << "shuffle mode " << hex.data();
-    }
-    EXPECT_EQ(spy.count(), 2 * unreadable.size() + 3) << "every message still reports the modes";
+    EXPECT_EQ(spy.count(), 6) << "every message still reports the modes";
     EXPECT_EQ(MP_AufContext::shuffle, 1);
     EXPECT_TRUE(MP_AufContext::isRepeat);
 }
