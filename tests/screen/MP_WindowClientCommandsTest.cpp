@@ -238,6 +238,15 @@ TEST_F(MP_WindowClientCommandsTest, DeleteAndRemove_WhenPlaybackMovesOnUnderTheQ
     // And Remove is asked in a user list that a library list replaces.
     HostDialogs::queueAnswer(1, [&] { client->setUserList(false); });
     run("onMenuRemove");
+    // Not offered for what plays, they ask nothing: Remove chosen from a menu
+    // built for a user list (this one deletes files), and Delete of a single
+    // file, which has no list to take it out of.
+    HostDialogs::queueAnswer(1);
+    run("onMenuRemove");
+    HostDialogs::clearAnswers();
+    engine.list = nullptr;
+    engine.path = folder + "/a.mp3";
+    run("onMenuDelete");
 
     EXPECT_EQ(QDir(folder).entryList(QDir::Files), QStringList({"a.mp3", "b.mp3", "c.mp3"}));
     EXPECT_EQ(changed.count(), 0);
@@ -245,20 +254,6 @@ TEST_F(MP_WindowClientCommandsTest, DeleteAndRemove_WhenPlaybackMovesOnUnderTheQ
                                       "Delete|Are you sure you want to delete this file?|1", "Delete|" + notice,
                                       "Delete|Are you sure you want to delete this file?|1", "Delete|" + notice,
                                       "Remove|Are you sure you want to remove this file?|1", "Remove|" + notice}));
-}
-
-TEST_F(MP_WindowClientCommandsTest, DeleteAndRemove_NotOfferedForWhatPlays_AskNothing)
-{
-    const QString folder = makeFolder("songs", {"a.mp3"});
-    MP_FolderList list(folder + "/a.mp3", MP_FolderList::SortByName);
-    engine.list = &list;
-    HostDialogs::queueAnswer(1);
-    run("onMenuRemove");  // chosen from a menu built for a user list: this one deletes files
-    engine.list = nullptr;
-    engine.path = folder + "/a.mp3";
-    run("onMenuDelete");  // a single file: there is no list to take it out of
-    EXPECT_TRUE(dialogs().isEmpty());
-    EXPECT_TRUE(QFile::exists(folder + "/a.mp3"));
 }
 
 TEST_F(MP_WindowClientCommandsTest, Delete_OfAFileReplacedUnderItsName_KeepsTheNewcomerAndSaysSo)

@@ -69,24 +69,6 @@ protected:
     void TearDown() override { HostTranslations::use(QString()); }
 };
 
-// A few trees pinned by value: the video menus' submenus, which no screen test opens
-// (the sound menu's tree is the screen scenario's). Ids in row order, a submenu's
-// item as ID/HEAD.
-TEST_F(MenuDefinitionsTest, TheVideoMenusKeepThePhonesTrees)
-{
-    const std::pair<const char*, const char*> trees[] = {
-        {"video_control", "2001 2002 2004/2002 2005 2006 2007 2008/2007 2009/2007 2010 2011/2010 2012/2010 2013/2010 "
-                          "2014/2010 2015/2010 1016 1017 2020"},
-        {"stream_video", "7001 7002 7003 7004/7003 7005/7003 1016 1017 7008"},
-    };
-    for (const auto& [name, expected] : trees) {
-        QStringList tree;
-        for (const Row& row : rowsOf(name))
-            tree << (row.parentId ? QStringLiteral("%1/%2").arg(row.id).arg(row.parentId) : QString::number(row.id));
-        EXPECT_EQ(tree.join(' ').toStdString(), expected) << name;
-    }
-}
-
 TEST_F(MenuDefinitionsTest, EachScreensRecordsDressItsMenuRowForRow)
 {
     ASSERT_TRUE(HostTranslations::use(QStringLiteral("de")));
@@ -138,10 +120,9 @@ TEST_F(MenuDefinitionsTest, TheItemsTheScreenTableNamesAreTheRightOnes)
     for (int screen = 0; screen < SCREEN_COUNT; ++screen) {
         const SCREEN_PROPERTY& properties = screenTable[screen];
         // The Bluetooth client lends both route items to every screen under these ids.
-        EXPECT_EQ(properties.useBTIndex, 1016) << screen;
-        EXPECT_EQ(properties.useHSIndex, 1017) << screen;
-        EXPECT_STREQ(textIdOf(screen, 1016), MENUITEM_DYNAMIC) << screen;
-        EXPECT_STREQ(textIdOf(screen, 1017), MENUITEM_DYNAMIC) << screen;
+        EXPECT_STREQ(textIdOf(screen, properties.useBTIndex), MENUITEM_DYNAMIC) << screen;
+        EXPECT_STREQ(textIdOf(screen, properties.useHSIndex), MENUITEM_DYNAMIC) << screen;
+        EXPECT_EQ(properties.useBTIndex * 10000 + properties.useHSIndex, 10161017) << screen;
         const bool local = properties.mediumType == 0;
         EXPECT_STREQ(textIdOf(screen, properties.sdIndex), local ? "TXT_RID_OPTION_MEMORY_CARD" : "(no record)") << screen;
         EXPECT_STREQ(textIdOf(screen, properties.blogIndex), local ? "TXT_RID_OPTION_BLOG" : "(no record)") << screen;
@@ -173,19 +154,6 @@ TEST_F(MenuDefinitionsTest, TheItemsTheScreenTableNamesAreTheRightOnes)
     EXPECT_EQ(menuItemsOfScreen(7).items, menuItemsOfScreen(3).items);
     EXPECT_EQ(menuItemsOfScreen(-1).items, nullptr);
     EXPECT_EQ(menuItemsOfScreen(SCREEN_COUNT).count, 0);
-}
-
-TEST_F(MenuDefinitionsTest, OtherNamesListNothingAndTheListIsNeverCleared)
-{
-    for (const QString& name : {QStringLiteral("Sound_Control"), QStringLiteral("pd_sound "), QString()})
-        EXPECT_TRUE(rowsOf(name).isEmpty()) << qPrintable(name);
-    menu parser;
-    QList<MenuItem*> items;
-    parser.getList(items, "pd_sound");
-    parser.getList(items, "pd_sound");
-    ASSERT_EQ(items.size(), 8);
-    EXPECT_EQ(items.at(4)->id, 4001) << "the second listing follows the first";
-    qDeleteAll(items);
 }
 
 } // namespace
