@@ -134,11 +134,16 @@ TEST_F(MP_FolderListTest, RemoveItem_DeletesTheFileAndKeepsTheIndexInside)
     EXPECT_FALSE(list.removeItem(0));
 }
 
-TEST_F(MP_FolderListTest, RemoveItem_OfAFileGoneBehindTheListsBack_ChangesNothing)
+TEST_F(MP_FolderListTest, RemoveItem_OfAFileGoneOrReplacedBehindTheListsBack_ChangesNothing)
 {
     MP_FolderList list(path("b.mp3"), MP_FolderList::SortByName);
     QFile::remove(path("A.wav"));
     EXPECT_FALSE(list.removeItem(0));
+    // Another file under the listed name is not the one the user chose to delete.
+    ASSERT_TRUE(QFile::remove(path("b.mp3")));
+    make("b.mp3", 7, 0);
+    EXPECT_FALSE(list.removeItem(1));
+    EXPECT_TRUE(QFile::exists(path("b.mp3")));
     EXPECT_EQ(listed(list), "A.wav b.mp3* c.MP3 d.ogg");
 }
 
