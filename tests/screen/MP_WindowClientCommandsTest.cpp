@@ -367,6 +367,8 @@ TEST_F(MP_WindowClientCommandsTest, BuyMore_NoticeOnlyWhenTheFlagWasSet)
     run("onMenuBuyMore");
     EXPECT_EQ(dialogs().size(), 1) << "no dialog when the flag was not set";
     EXPECT_TRUE(traces.text().contains("MP_WindowClient::onMenuBuyMore, set Flag failed.\n"));
+    EXPECT_EQ(journalArgs("metadata", "metadataSetBuyFlagByUri"),
+              (QList<QJsonArray>{{folder + "/x.mp3", 1, 0}, {folder + "/unknown.mp3", 1, 0}}));
 }
 
 } // namespace

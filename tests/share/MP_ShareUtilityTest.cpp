@@ -221,22 +221,6 @@ TEST_F(MP_ShareUtilityTest, Properties_ShowTheDetailsOrCannotOpen)
                                     kCannotOpen}));
 }
 
-TEST_F(MP_ShareUtilityTest, Bookmarks_ASavedBookmarkIsAFileThatEditOpens)
-{
-    QString identity = "stale";
-    MP_ShareUtility::saveBookmark("rtsp://s.example/live", identity);
-    EXPECT_EQ(identity, dataPath("bookmarks/bookmark-1.url"));
-    EXPECT_EQ(readFile(identity), QByteArray("TITLE=rtsp://s.example/live\nURL=rtsp://s.example/live\n"));
-
-    MP_ShareUtility::editBookmark(identity);
-    MP_ShareUtility::editBookmark(dataPath("bookmarks/bookmark-9.url"));
-    EXPECT_EQ(lines(),
-              QStringList({QStringLiteral(R"({"args":[null,"rtsp://s.example/live","%1"],"call":"addBookmark","kind":"service"})").arg(identity),
-                           QStringLiteral(R"({"args":["%1"],"bookmark":{"title":"rtsp://s.example/live","url":"rtsp://s.example/live"},)"
-                                          R"("call":"editBookmark","kind":"service"})").arg(identity),
-                           kCannotOpen}));
-}
-
 // The display path of Edit Bookmark: the editor opens on the stored bookmark, and the
 // journal's line says whether it was saved (1) or cancelled (0).
 TEST_F(MP_ShareUtilityTest, Bookmarks_AtADisplayTheEditorSavesOrCancelsAndTheJournalSaysWhich)
@@ -264,16 +248,6 @@ TEST_F(MP_ShareUtilityTest, Bookmarks_AtADisplayTheEditorSavesOrCancelsAndTheJou
                                         R"("url":"rtsp://s.example/live"},"call":"editBookmark","kind":"service"})");
     EXPECT_EQ(lines().mid(1), QStringList({line.arg(0).arg(identity), line.arg(1).arg(identity)}));
     EXPECT_EQ(readFile(identity), QByteArray("TITLE=Live\nURL=rtsp://s.example/live\n"));
-}
-
-TEST_F(MP_ShareUtilityTest, BuyMore_SetsTheStoredFlagAndFailsForAFileNotStored)
-{
-    EXPECT_FALSE(MP_ShareUtility::setBuyMoreFlag(media));
-    const quint32 id = database->addMedia(::song(media).title("A"));
-    EXPECT_TRUE(MP_ShareUtility::setBuyMoreFlag(media));
-    EXPECT_TRUE(database->mediaById(id)->buy);
-    EXPECT_EQ(lines(), QStringList({R"({"args":["SONG",1,0],"call":"metadataSetBuyFlagByUri","kind":"metadata","written":false})",
-                                    R"({"args":["SONG",1,0],"call":"metadataSetBuyFlagByUri","kind":"metadata","written":true})"}));
 }
 
 } // namespace
