@@ -75,7 +75,6 @@ TEST_F(MP_CLIClientTest, Session_ShowsTheStoredVolumeAndEndsWithTheClient)
     // A stored level beyond the display's is held to the nearest one.
     const Case cases[] = {
         {-1, {"beginSession []", "informVolume [5]"}},
-        {0, {"beginSession []", "informMuteState [1]", "informVolume [0]"}},
         {7, {"beginSession []", "informVolume [7]"}},
         {-5, {"beginSession []", "informMuteState [1]", "informVolume [0]"}},
         {300, {"beginSession []", "informVolume [255]"}},

@@ -97,14 +97,6 @@ protected:
     std::unique_ptr<MP_MediafinderClient> client;
 };
 
-TEST_F(MP_MediafinderClientTest, AnnouncesStartAndExit_WithoutData)
-{
-    EXPECT_EQ(sent(), QStringList{"MediaplayerStarted() "});
-    client.reset();
-    EXPECT_EQ(sent(), (QStringList{"MediaplayerStarted() ", "MediaplayerExited() "}));
-    EXPECT_FALSE(QCopChannel::isRegistered("MF_MSG_CHANNEL")) << "no longer listening";
-}
-
 TEST_F(MP_MediafinderClientTest, LibrarySelection_PathPositionAndFiltersWithNullsThenTheSongIsStored)
 {
     database->addMedia(song("/a/w.mp3").title("W").artist("Band"));
@@ -151,9 +143,9 @@ TEST_F(MP_MediafinderClientTest, ListDescriptionThatDoesNotHoldItsKind_SendsAndS
     database->addMedia(song("/a/x.mp3").title("X"));
     list = std::make_unique<MP_AufList>();
     client->setAufList(list.get());
-    // Cut short at each field, and kinds the browser does not know.
-    for (const char* reserved : {"", "000000", "00000000", "00000000ffffffff0000000200", "00000001", "000000010000",
-                                 "00000002", "0000000500000007"}) {
+    // Cut short in the kind, in a library selection's texts and in a group's
+    // id, and a kind the browser does not know (a video list's).
+    for (const char* reserved : {"000000", "00000000ffffffff0000000200", "000000010000", "00000002"}) {
         *list->getReservedData() = QByteArray::fromHex(reserved);
         client->sendNowPlayingItem();
         EXPECT_TRUE(client->listKind() == MP_MediafinderClient::NoListKind || client->listKind() > 1) << reserved;
@@ -173,7 +165,7 @@ TEST_F(MP_MediafinderClientTest, ListDescriptionThatDoesNotHoldItsKind_SendsAndS
         << trace.text().constData();
 }
 
-TEST_F(MP_MediafinderClientTest, Requests_StatusBeforeAndAfterAnItem_UnhideAndEverythingElseIgnored)
+TEST_F(MP_MediafinderClientTest, Requests_StatusBeforeAnItem_UnhideAndEverythingElseIgnored_StartAndExitAnnounced)
 {
     database->addMedia(song("/a/x.mp3").title("X"));
     list = std::make_unique<MP_AufList>("Band", QString(), QString(), QString(), -1, 0, QString());
@@ -189,6 +181,10 @@ TEST_F(MP_MediafinderClientTest, Requests_StatusBeforeAndAfterAnItem_UnhideAndEv
 
     request("unHideMediaPlayer()", QByteArray::fromHex("00"));
     EXPECT_EQ(count("engine", "showPlayer"), 1);
+
+    client.reset();
+    EXPECT_EQ(sent(), (QStringList{"MediaplayerStarted() ", "NowplayingState(int) 00000000", "MediaplayerExited() "}));
+    EXPECT_FALSE(QCopChannel::isRegistered("MF_MSG_CHANNEL")) << "no longer listening";
 }
 
 TEST_F(MP_MediafinderClientTest, StatusQuery_ResendsTheLastItemAsItWasThenTheState)
@@ -218,7 +214,6 @@ TEST_F(MP_MediafinderClientTest, History_OneEntryPerSongHoweverManyTimeReports)
         HostEngineClock::advance(1000);
     }
 
-    EXPECT_GE(count("report", "updateTime"), 30) << "a report a second, ten seconds a song";
     EXPECT_EQ(count("metadata", "metadataAddItemsIntoGroup"), 3);
     EXPECT_EQ(count("metadata", "saveLastPlayedSong"), 3);
     // Newest first, as the history list plays it.
