@@ -1,6 +1,5 @@
 #include "clients/MP_IdleClient.h"
 
-#include <QJsonArray>
 #include <QSignalSpy>
 
 #include <memory>
@@ -124,34 +123,25 @@ TEST_F(MP_IdleClientTest, MetaInfo_NameFromPathWithoutTitle_OneLine_CardMarkByPr
     EXPECT_EQ(infos(), MessageLines{info("MetaInfo", QStringLiteral("song0.mp3"), none, qint8(0))});
 }
 
-TEST_F(MP_IdleClientTest, Requests_ReachTheControlTheEngineAndTheMainWindow)
+// The reactions to the plain requests, and the main window's to the idle
+// screen's shuffle and repeat keys, are checked with the channel's contract.
+TEST_F(MP_IdleClientTest, Requests_SeekByTheirCountAlone_ShuffleAndRepeatApplyTheStoredModes)
 {
     PathList list(songs(3));
     engine->setPlayList(&list);
     SETUP_SET_Manager settings(AM_Global::MediaPlayer, false);
     settings.setSettingInfo("MediaControlItem", "MusicShuffle", 2);
     settings.setSettingInfo("MediaControlItem", "MusicRepeat", true);
-    QSignalSpy quit(client.get(), &MP_IdleClient::sigQuitApp);
-    QSignalSpy keys(client.get(), &MP_IdleClient::sigSetupKeyClicked);
     HostJournal::startCapture();
 
     request("/MP/Idle/Req/Seek/Forth", QByteArray::fromHex("00000003"));
     request("/MP/Idle/Req/Seek/BACK", QByteArray::fromHex("00000002ffff")); // what follows the int is not read
     request("/MP/Idle/Req/Seek/Forth", QByteArray::fromHex("7fffffff"));     // held within int
-    // The plain key requests' reactions are checked with the channel's contract.
-    EXPECT_EQ(controlCalls(), (MessageLines{"control:seek [15000]", "control:seek [-10000]", "control:seek [2147483647]"}));
-
-    HostJournal::startCapture();
-    request("/MP/Idle/Req/Restore");
-    request("/MP/Idle/Req/Quit");
     request("/MP/Idle/Req/Shuffle");
     request("/MP/Idle/Req/Repeat");
-    EXPECT_EQ(journalCalls(), (QStringList{"engine:showPlayer", "engine:setShuffleRepeat", "engine:setShuffleRepeat"}));
-    EXPECT_EQ(journalArgs("engine", "setShuffleRepeat").first(), (QJsonArray{true, true}));
-    EXPECT_EQ(quit.size(), 1);
-    ASSERT_EQ(keys.size(), 2);
-    EXPECT_EQ(keys.at(0), (QVariantList{0x4002, false}));
-    EXPECT_EQ(keys.at(1), (QVariantList{0x4003, false}));
+    EXPECT_EQ(Journal::callsWithArgs(journal(), {"control", "engine"}),
+              (MessageLines{"control:seek [15000]", "control:seek [-10000]", "control:seek [2147483647]",
+                            "engine:setShuffleRepeat [true,true]", "engine:setShuffleRepeat [true,true]"}));
 }
 
 TEST_F(MP_IdleClientTest, MalformedOrUnknownRequests_DoNothing)
