@@ -144,8 +144,6 @@ TEST_F(MenuDefinitionsTest, TheItemsTheScreenTableNamesAreTheRightOnes)
         const bool local = properties.mediumType == 0;
         EXPECT_STREQ(textIdOf(screen, properties.sdIndex), local ? "TXT_RID_OPTION_MEMORY_CARD" : "(no record)") << screen;
         EXPECT_STREQ(textIdOf(screen, properties.blogIndex), local ? "TXT_RID_OPTION_BLOG" : "(no record)") << screen;
-        EXPECT_EQ(properties.sdIndex == -1, !local) << screen;
-        EXPECT_EQ(properties.blogIndex == -1, !local) << screen;
         // The items decided for the playing item are the ones of this screen's kind.
         const SCREEN_ITEM_IDS& items = properties.checkedItems;
         const bool sound = properties.contentType == 1;
