@@ -3,7 +3,6 @@
 // changed or dropped in one place and not in the other fails here.
 
 #include <QList>
-#include <QMetaObject>
 #include <QString>
 
 #include <gtest/gtest.h>
@@ -18,7 +17,6 @@
 #include "host/platform/toolkit/HostTranslations.h"
 #include "platform/TextResources.h"
 #include "screen/MP_MenuProperties.h"
-#include "screen/MP_WindowClient.h"
 #include "screen/menu.h"
 
 namespace {
@@ -90,7 +88,6 @@ TEST_F(MenuDefinitionsTest, TheVideoMenusKeepThePhonesTrees)
 TEST_F(MenuDefinitionsTest, EachScreensRecordsDressItsMenuRowForRow)
 {
     ASSERT_TRUE(HostTranslations::use(QStringLiteral("de")));
-    const QMetaObject& client = MP_WindowClient::staticMetaObject;
     std::map<std::string, std::string> slotOfText;  // one text, one command, on every screen
     for (int screen = 0; screen < SCREEN_COUNT; ++screen) {
         const QList<Row> rows = rowsOf(screenTable[screen].screenName);
@@ -119,14 +116,13 @@ TEST_F(MenuDefinitionsTest, EachScreensRecordsDressItsMenuRowForRow)
             EXPECT_NE(MP_tr(record.textId, ""), QString()) << at << ": no translation of " << record.textId;
             if (spare)
                 continue;
-            // A submenu head opens its submenu; every other item runs a command of the window client.
+            // A submenu head opens its submenu; every other item runs a command
+            // (that the window client has it, its menu test sees).
             if (heads.count(record.id)) {
                 EXPECT_EQ(record.slot, nullptr) << at;
                 continue;
             }
             ASSERT_NE(record.slot, nullptr) << at;
-            EXPECT_EQ(record.slot[0], '1') << at << ": " << record.slot;
-            EXPECT_GE(client.indexOfSlot(QMetaObject::normalizedSignature(record.slot + 1)), 0) << at << ": " << record.slot;
             const auto [known, added] = slotOfText.emplace(record.textId, record.slot);
             EXPECT_EQ(known->second, record.slot) << at << ": " << record.textId;
         }
