@@ -106,7 +106,6 @@ TEST_F(MP_MediafinderClientTest, LibrarySelection_PathPositionAndFiltersWithNull
     EXPECT_EQ(sent("NowPlayingSystemItem(QString, int, QString, QString, QString, QString)"),
               QStringList{QString("NowPlayingSystemItem(QString, int, QString, QString, QString, QString) ") + kPathX
                           + "00000001" + "0000000800420061006e0064" + kNull + kNull + kNull});
-    EXPECT_EQ(client->listKind(), MP_MediafinderClient::LibrarySelection);
     // The files do not exist: the engine's error goes out unmapped.
     EXPECT_EQ(sent("NowplayingState(int)"), QStringList{"NowplayingState(int) 00000007"});
 
@@ -134,8 +133,7 @@ TEST_F(MP_MediafinderClientTest, GroupList_PathPositionAndGroupId)
     EXPECT_EQ(sent("NowplayingGroupItem(QString, int, int)"),
               QStringList{QString("NowplayingGroupItem(QString, int, int) ") + kPathX + "00000003"
                           + QString::number(group, 16).rightJustified(8, '0')});
-    EXPECT_EQ(journalArgs("metadata", "saveLastPlayedSong").value(0),
-              (QJsonArray{"/a/x.mp3", 3}));
+    EXPECT_EQ(journalArgs("metadata", "saveLastPlayedSong").value(0), (QJsonArray{"/a/x.mp3", 3}));
 }
 
 TEST_F(MP_MediafinderClientTest, ListDescriptionThatDoesNotHoldItsKind_SendsAndStoresNothing)
@@ -176,9 +174,6 @@ TEST_F(MP_MediafinderClientTest, Requests_StatusBeforeAnItem_UnhideAndEverything
     // Names that are not the two requests, and data that the requests do not carry.
     for (const char* ignored : {"queryMPNowPlaying", "QUERYMPNOWPLAYING()", "unHideMediaPlayer(int)", "x"})
         request(ignored, QByteArray::fromHex("ffffffff"));
-    EXPECT_EQ(sent().size(), 2);
-    EXPECT_EQ(count("engine", "showPlayer"), 0);
-
     request("unHideMediaPlayer()", QByteArray::fromHex("00"));
     EXPECT_EQ(count("engine", "showPlayer"), 1);
 
@@ -198,10 +193,10 @@ TEST_F(MP_MediafinderClientTest, StatusQuery_ResendsTheLastItemAsItWasThenTheSta
 
     request("queryMPNowPlaying()");
     EXPECT_EQ(sent().mid(sent().size() - 2), (QStringList{items.first(), "NowplayingState(int) 00000005"}));
+    const int before = int(sent().size());
     client->setAufList(nullptr);
     request("queryMPNowPlaying()");
-    EXPECT_EQ(sent().last(), "NowplayingState(int) 00000005");
-    EXPECT_EQ(client->listKind(), MP_MediafinderClient::NoListKind);
+    EXPECT_EQ(sent().mid(before), QStringList{"NowplayingState(int) 00000005"}) << "no list, no item";
 }
 
 TEST_F(MP_MediafinderClientTest, History_OneEntryPerSongHoweverManyTimeReports)
