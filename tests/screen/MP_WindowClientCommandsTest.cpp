@@ -239,43 +239,30 @@ TEST_F(MP_WindowClientCommandsTest, DeleteAndRemove_WhenPlaybackMovesOnUnderTheQ
 
 TEST_F(MP_WindowClientCommandsTest, Delete_OfAFileReplacedUnderItsName_KeepsTheNewcomerAndSaysSo)
 {
-    const QString notDeleted = QStringLiteral(
-        "Delete|The file was not deleted: it was changed or replaced since it was listed, or it cannot be deleted.|1");
-    const auto replace = [](const QString& path) {
-        QFile newcomer(path + ".new");
-        newcomer.open(QIODevice::WriteOnly);
-        newcomer.write("important");
-        newcomer.close();
-        QFile::remove(path);
-        return QFile::rename(path + ".new", path);
-    };
-    const auto contentOf = [](const QString& path) {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(gone)");
-    };
-
-    // The list refuses (the database list compares with the size and time the
-    // database holds; the folder list's own test has its check), the file stays.
     auto database = MediaDatabase::open(MediaDatabase::defaultFile());
-    const QString music = makeFolder("music", {"x.mp3", "y.mp3"});
-    for (const QString& name : QStringList{"X", "Y"}) {
-        const QString path = music + '/' + name.toLower() + ".mp3";
+    for (const QString& name : QStringList{"x", "y"}) {
+        const QString path = writeDataFile("music/" + name + ".mp3");
         database->addMedia(song(path).title(name).stampOf(QFileInfo(path)));
     }
     playInListOrder();
     MP_AufList library;
     engine.list = &library;
-    ASSERT_TRUE(replace(music + "/x.mp3"));
+    // Another file under x.mp3's name: the list compares it with the size and
+    // time the database holds (the folder list's own test has its check) and
+    // refuses, and the newcomer stays.
+    ASSERT_TRUE(QFile::remove(dataPath("music/x.mp3")));
+    writeDataFile("music/x.mp3", "important");
     HostDialogs::queueAnswer(1);
     run("onMenuDelete");
-    EXPECT_EQ(contentOf(music + "/x.mp3"), "important");
-    EXPECT_EQ(dialogs().last(), notDeleted);
+    EXPECT_TRUE(QFile::exists(dataPath("music/x.mp3")));
 
     // The file as it was stored goes, without a notice.
     library.moveTo(1);
     HostDialogs::queueAnswer(1);
     run("onMenuDelete");
-    EXPECT_FALSE(QFile::exists(music + "/y.mp3"));
+    EXPECT_FALSE(QFile::exists(dataPath("music/y.mp3")));
+    EXPECT_EQ(dialogs().mid(1, 1), QStringList{"Delete|The file was not deleted: it was changed or replaced since it "
+                                               "was listed, or it cannot be deleted.|1"});
     EXPECT_EQ(dialogs().size(), 3);
 }
 
@@ -300,7 +287,6 @@ TEST_F(MP_WindowClientCommandsTest, Setup_OpensTheLibraryWithTheKindOfContentAnd
     MP_SetupLibrary::setLibraryName("libmp_platform.so");
     run("onMenuSetup");
     EXPECT_TRUE(traces.text().contains("undefined symbol: exeShowSetupUI")) << traces.text().constData();
-    EXPECT_EQ(journalLines("service", "exeShowSetupUI").size(), 2);
 }
 
 TEST_F(MP_WindowClientCommandsTest, HideDownload_ClosesTheScreenOfATransferAndEndsAProgressiveDownload)
