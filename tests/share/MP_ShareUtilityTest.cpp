@@ -108,55 +108,51 @@ TEST_F(MP_ShareUtilityTest, EmailAndBluetooth_NameTheFileByWhatFollowsTheLastSla
     EXPECT_EQ(lines(), QStringList({mail.arg("SONG"), push.arg("SONG"), mail.arg("a.mp3"), push.arg("a.mp3")}));
 }
 
-TEST_F(MP_ShareUtilityTest, RemovableMedia_CopiesTheBytesAndJoinsTheSuccessTextsAsTheLanguageSpacesThem)
-{
-    const QString card = STUFF_Global::getDefaultMMCSDPartition();
-    ASSERT_TRUE(QDir().mkpath(card));
-    MP_ShareUtility::sendToRemovableMedia(media);
-
-    EXPECT_EQ(readFile(card + QStringLiteral("/a.mp3")), QByteArray("ID3 media bytes"));
-    EXPECT_EQ(lines(),
-              QStringList({R"({"class":"VmNoticeDelay","kind":"dialog","text":"Sending: a.mp3","title":"","type":1})",
-                           QStringLiteral(R"({"args":["%1","SONG","notice",1,[],6,null,null],"call":"getPasteResult","kind":"service"})")
-                               .arg(card),
-                           QStringLiteral(R"({"args":["SONG","%1/a.mp3"],"call":"copy","kind":"file","result":0})").arg(card),
-                           R"({"answer":1,"class":"VmNoticeDlg","kind":"dialog","text":"You have successfully sent:1 files","title":"","type":0})"}));
-
-    // In German the first text carries the space.
-    QFile::remove(card + QStringLiteral("/a.mp3"));
-    ASSERT_TRUE(HostTranslations::use("de"));
-    HostJournal::startCapture();
-    MP_ShareUtility::sendToRemovableMedia(media);
-    HostTranslations::use(QString());
-    EXPECT_EQ(journal().first().value("text").toString(), "Senden: a.mp3");
-    EXPECT_EQ(journal().last().value("text").toString(), "Erfolgreich gesendet: 1 Dateien");
-}
-
-TEST_F(MP_ShareUtilityTest, RemovableMedia_AFailedCopyShowsNoSuccessAndKeepsWhatHoldsTheName)
+TEST_F(MP_ShareUtilityTest, RemovableMedia_CopiesTheBytesOnce_NeverOverWhatHoldsTheName)
 {
     // No card folder: nothing to copy into.
     MP_ShareUtility::sendToRemovableMedia(media);
     EXPECT_EQ(HostJournal::captured().last().value("call").toString(), QStringLiteral("getPasteResult"))
         << "no copy, and after it no notice";
 
-    // A file of that name is already on the card: it is not overwritten.
     const QString card = STUFF_Global::getDefaultMMCSDPartition();
+    const QString copy = card + QStringLiteral("/a.mp3");
     ASSERT_TRUE(QDir().mkpath(card));
-    const QString taken = QStringLiteral(R"({"args":["SONG","%1/a.mp3"],"call":"copy","kind":"file","result":3})").arg(card);
-    writeFile(card + QStringLiteral("/a.mp3"), "older");
     HostJournal::startCapture();
     MP_ShareUtility::sendToRemovableMedia(media);
-    EXPECT_EQ(readFile(card + QStringLiteral("/a.mp3")), QByteArray("older"));
+    EXPECT_EQ(readFile(copy), QByteArray("ID3 media bytes"));
+    EXPECT_EQ(lines(),
+              QStringList({R"({"class":"VmNoticeDelay","kind":"dialog","text":"Sending: a.mp3","title":"","type":1})",
+                           QStringLiteral(R"({"args":["%1","SONG","notice",1,[],6,null,null],"call":"getPasteResult","kind":"service"})")
+                               .arg(card),
+                           QStringLiteral(R"({"args":["SONG","%1"],"call":"copy","kind":"file","result":0})").arg(copy),
+                           R"({"answer":1,"class":"VmNoticeDlg","kind":"dialog","text":"You have successfully sent:1 files","title":"","type":0})"}));
+
+    // The success texts are joined as the language spaces them: in German the first one carries the space.
+    QFile::remove(copy);
+    ASSERT_TRUE(HostTranslations::use("de"));
+    HostJournal::startCapture();
+    MP_ShareUtility::sendToRemovableMedia(media);
+    HostTranslations::use(QString());
+    EXPECT_EQ(journal().first().value("text").toString(), "Senden: a.mp3");
+    EXPECT_EQ(journal().last().value("text").toString(), "Erfolgreich gesendet: 1 Dateien");
+
+    // A file of that name is already on the card: it is not overwritten.
+    const QString taken = QStringLiteral(R"({"args":["SONG","%1"],"call":"copy","kind":"file","result":3})").arg(copy);
+    writeFile(copy, "older");
+    HostJournal::startCapture();
+    MP_ShareUtility::sendToRemovableMedia(media);
+    EXPECT_EQ(readFile(copy), QByteArray("older"));
     EXPECT_EQ(lines().last(), taken);
 
     // A link on the card that points nowhere, here off the card, is a taken name, not a way out.
     const QString outside = dataPath(QStringLiteral("outside.mp3"));
-    ASSERT_TRUE(QFile::remove(card + QStringLiteral("/a.mp3")));
-    ASSERT_TRUE(QFile::link(outside, card + QStringLiteral("/a.mp3")));
+    ASSERT_TRUE(QFile::remove(copy));
+    ASSERT_TRUE(QFile::link(outside, copy));
     HostJournal::startCapture();
     MP_ShareUtility::sendToRemovableMedia(media);
     EXPECT_FALSE(QFileInfo::exists(outside)) << "nothing is written through the link";
-    EXPECT_EQ(QFileInfo(card + QStringLiteral("/a.mp3")).symLinkTarget(), outside);
+    EXPECT_EQ(QFileInfo(copy).symLinkTarget(), outside);
     EXPECT_EQ(QDir(card).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot),
               QStringList{"a.mp3"}) << "no copy is left beside it";
     EXPECT_EQ(lines().last(), taken);
