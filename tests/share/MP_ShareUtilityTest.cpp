@@ -158,17 +158,6 @@ TEST_F(MP_ShareUtilityTest, RemovableMedia_CopiesTheBytesOnce_NeverOverWhatHolds
     EXPECT_EQ(lines().last(), taken);
 }
 
-TEST_F(MP_ShareUtilityTest, RingtoneAndWallpaper_GoToTheThemeUnlessThePathIsEmpty)
-{
-    MP_ShareUtility::applyToRingtone(QString());
-    MP_ShareUtility::applyToWallpaper(QString());
-    EXPECT_TRUE(lines().isEmpty());
-    MP_ShareUtility::applyToRingtone(media);
-    MP_ShareUtility::applyToWallpaper(media);
-    EXPECT_EQ(lines(), QStringList({R"({"args":["SONG"],"call":"applyRingTone","kind":"service"})",
-                                    R"({"args":[11,"SONG",0],"call":"applyElement","kind":"service"})"}));
-}
-
 TEST_F(MP_ShareUtilityTest, Contacts_GoThroughTheAddressBookLibraryAndFailQuietlyWithoutIt)
 {
     EXPECT_TRUE(MP_ShareUtility::applyToNewContact(media));
@@ -204,14 +193,21 @@ TEST_F(MP_ShareUtilityTest, Playlist_AddsAStoredFileOnceToTheAppliedListAndRefus
     EXPECT_EQ(lines().first(), R"({"args":["SONG"],"call":"metadataApplyTo","kind":"service","result":1})");
 }
 
-TEST_F(MP_ShareUtilityTest, Properties_ShowTheDetailsOrCannotOpen)
+// The theme takes a file unless its path is empty; the details show a file that exists.
+TEST_F(MP_ShareUtilityTest, RingtoneWallpaperAndProperties_GoToTheirServices)
 {
+    MP_ShareUtility::applyToRingtone(QString());
+    MP_ShareUtility::applyToWallpaper(QString());
+    MP_ShareUtility::applyToRingtone(media);
+    MP_ShareUtility::applyToWallpaper(media);
     MediaMetaInfo info;
     info.title = "A";
     MP_ShareUtility::showProperty(media, &info);
     MP_ShareUtility::showProperty(media, nullptr);
     MP_ShareUtility::showProperty(dataPath("gone.mp3"), &info);
-    EXPECT_EQ(lines(), QStringList({R"({"answer":1,"args":["SONG",{"album":"","artist":"","durationMs":0,"title":"A"},2],)"
+    EXPECT_EQ(lines(), QStringList({R"({"args":["SONG"],"call":"applyRingTone","kind":"service"})",
+                                    R"({"args":[11,"SONG",0],"call":"applyElement","kind":"service"})",
+                                    R"({"answer":1,"args":["SONG",{"album":"","artist":"","durationMs":0,"title":"A"},2],)"
                                     R"("class":"MYSTUFF_DETAIL_WidgetUI","kind":"dialog"})",
                                     R"({"answer":1,"args":["SONG",null,2],"class":"MYSTUFF_DETAIL_WidgetUI","kind":"dialog"})",
                                     kCannotOpen}));
