@@ -151,11 +151,17 @@ TEST_F(MP_CLIClientTest, Reports_ReachTheDisplayInItsTerms)
                            "informMessage [\"Connecting to server\"]"}));
 }
 
-TEST_F(MP_CLIClientTest, DisplayCommands_DriveTheEngine)
+TEST_F(MP_CLIClientTest, DisplayCommands_DriveTheEngine_VolumeAndMuteReachTheDisplayAndTheStore)
 {
     createClient();
     QSignalSpy quit(client.get(), &MP_CLIClient::quitApp);
     skipJournal();
+    send(DisplayCommand::Kind::Volume, 3);
+    send(DisplayCommand::Kind::Mute, 1);
+    send(DisplayCommand::Kind::Mute, 0);
+    EXPECT_EQ(take("display"), (QStringList{"informVolume [3]", "informMuteState [1]", "informMuteState [0]"}));
+    // Level 0 means muted to the next session: unmuting must not leave it.
+    EXPECT_EQ(take("settings"), (QStringList{"VolumeLevel=3", "VolumeLevel=0", "VolumeLevel=3"}));
     send(DisplayCommand::Kind::Play);
     send(DisplayCommand::Kind::Pause); // the engine only toggles: both keys do
     send(DisplayCommand::Kind::Stop);
@@ -163,24 +169,11 @@ TEST_F(MP_CLIClientTest, DisplayCommands_DriveTheEngine)
     send(DisplayCommand::Kind::Previous);
     send(DisplayCommand::Kind::Shift, -5000);
     send(DisplayCommand::Kind::ShiftFinished);
-    EXPECT_EQ(take("control"), (QStringList{"playPause []", "playPause []", "stop []", "next []", "previous []",
-                                            "seek [-5000]", "seekFinished []"}));
-    EXPECT_EQ(quit.count(), 0);
     send(DisplayCommand::Kind::Exit);
+    EXPECT_EQ(take("control"), (QStringList{"setVolume [3]", "setMute [true]", "setMute [false]", "playPause []",
+                                            "playPause []", "stop []", "next []", "previous []", "seek [-5000]",
+                                            "seekFinished []"}));
     EXPECT_EQ(quit.count(), 1);
-}
-
-TEST_F(MP_CLIClientTest, VolumeAndMute_ReachEngineAndDisplay_AndUnmutingStoresTheLevelAgain)
-{
-    createClient();
-    skipJournal();
-    send(DisplayCommand::Kind::Volume, 3);
-    send(DisplayCommand::Kind::Mute, 1);
-    send(DisplayCommand::Kind::Mute, 0);
-    EXPECT_EQ(take("control"), (QStringList{"setVolume [3]", "setMute [true]", "setMute [false]"}));
-    EXPECT_EQ(take("display"), (QStringList{"informVolume [3]", "informMuteState [1]", "informMuteState [0]"}));
-    // Level 0 means muted to the next session: unmuting must not leave it.
-    EXPECT_EQ(take("settings"), (QStringList{"VolumeLevel=3", "VolumeLevel=0", "VolumeLevel=3"}));
 
     // A session that starts muted has seen no level: unmuting stores the default.
     restartWithStoredVolume(0);
