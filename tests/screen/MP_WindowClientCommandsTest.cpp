@@ -179,26 +179,6 @@ TEST_F(MP_WindowClientCommandsTest, DeleteThroughAFolderList_DeletesOnlyThatFile
     EXPECT_EQ(dialogs().last(), QStringLiteral("Löschen|Möchten Sie diese Datei wirklich löschen?|0"));
 }
 
-TEST_F(MP_WindowClientCommandsTest, RemoveThroughADatabaseList_LeavesTheRestToTheList)
-{
-    auto database = MediaDatabase::open(MediaDatabase::defaultFile());
-    const QString folder = makeFolder("music", {"x.mp3", "y.mp3"});
-    const quint32 x = database->addMedia(song(folder + "/x.mp3").title("X"));
-    const quint32 y = database->addMedia(song(folder + "/y.mp3").title("Y"));
-    const quint32 group = database->addGroup(METADATA_GROUP_USER, QStringLiteral("Mine"));
-    ASSERT_TRUE(database->setGroupMembers(group, {x, y}));
-    playInListOrder();
-    MP_AufList list(group, METADATA_GROUP_USER, 2, 0, QString());
-    engine.list = &list;
-    client->setUserList(true);
-
-    HostDialogs::queueAnswer(1);
-    run("onMenuRemove");
-    EXPECT_EQ(database->groupMembers(group), QList<quint32>({y})) << "the list asked the database";
-    EXPECT_TRUE(emitted.isEmpty()) << "false from the list ends the command";
-    EXPECT_TRUE(QFile::exists(folder + "/x.mp3"));
-}
-
 TEST_F(MP_WindowClientCommandsTest, DeleteAndRemove_WhenPlaybackMovesOnUnderTheQuestion_ChangeNothingAndSaySo)
 {
     const QString folder = makeFolder("songs", {"a.mp3", "b.mp3", "c.mp3"});
@@ -235,14 +215,26 @@ TEST_F(MP_WindowClientCommandsTest, DeleteAndRemove_WhenPlaybackMovesOnUnderTheQ
                                       "Delete|Are you sure you want to delete this file?|1", "Delete|" + notice}));
 }
 
-TEST_F(MP_WindowClientCommandsTest, Delete_OfAFileReplacedUnderItsName_KeepsTheNewcomerAndSaysSo)
+TEST_F(MP_WindowClientCommandsTest, DatabaseLists_RemoveLeavesTheRestToTheList_DeleteKeepsAFileReplacedUnderItsName)
 {
     auto database = MediaDatabase::open(MediaDatabase::defaultFile());
+    QList<quint32> ids;
     for (const QString& name : QStringList{"x", "y"}) {
         const QString path = writeDataFile("music/" + name + ".mp3");
-        database->addMedia(song(path).title(name).stampOf(QFileInfo(path)));
+        ids << database->addMedia(song(path).title(name).stampOf(QFileInfo(path)));
     }
     playInListOrder();
+    const quint32 group = database->addGroup(METADATA_GROUP_USER, QStringLiteral("Mine"));
+    ASSERT_TRUE(database->setGroupMembers(group, ids));
+    MP_AufList playList(group, METADATA_GROUP_USER, 2, 0, QString());
+    engine.list = &playList;
+    client->setUserList(true);
+    HostDialogs::queueAnswer(1);
+    run("onMenuRemove");
+    EXPECT_EQ(database->groupMembers(group), QList<quint32>({ids.at(1)})) << "the list asked the database";
+    EXPECT_TRUE(emitted.isEmpty()) << "false from the list ends the command";
+
+    client->setUserList(false);
     MP_AufList library;
     engine.list = &library;
     // Another file under x.mp3's name: the list compares it with the size and
@@ -259,9 +251,9 @@ TEST_F(MP_WindowClientCommandsTest, Delete_OfAFileReplacedUnderItsName_KeepsTheN
     HostDialogs::queueAnswer(1);
     run("onMenuDelete");
     EXPECT_FALSE(QFile::exists(dataPath("music/y.mp3")));
-    EXPECT_EQ(dialogs().mid(1, 1), QStringList{"Delete|The file was not deleted: it was changed or replaced since it "
+    EXPECT_EQ(dialogs().mid(2, 1), QStringList{"Delete|The file was not deleted: it was changed or replaced since it "
                                                "was listed, or it cannot be deleted.|1"});
-    EXPECT_EQ(dialogs().size(), 3);
+    EXPECT_EQ(dialogs().size(), 4);
 }
 
 TEST_F(MP_WindowClientCommandsTest, Setup_OpensTheLibraryWithTheKindOfContentAndTheBackHideFlag)
