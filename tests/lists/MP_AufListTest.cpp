@@ -61,7 +61,7 @@ protected:
     std::unique_ptr<MediaDatabase> database;
 };
 
-TEST_F(MP_AufListTest, Navigation_RepeatWrapsBothWaysAndOtherwiseStopsAtTheEnds_AnEmptyListHasNoSteps)
+TEST_F(MP_AufListTest, Navigation_RepeatWrapsBothWaysAndOtherwiseStopsAtTheEnds_EvenFromOutsideTheList)
 {
     addSongs(5);
     setModes(0, true);
@@ -80,11 +80,9 @@ TEST_F(MP_AufListTest, Navigation_RepeatWrapsBothWaysAndOtherwiseStopsAtTheEnds_
     MP_AufList empty(QStringLiteral("Nobody"), QString(), QString(), QString(), 2, 0, QString());
     EXPECT_EQ(listSteps(empty, {"+1", "@-3"}), "0 0");
     EXPECT_TRUE(empty.getCurrent().isNull());
-}
 
-TEST_F(MP_AufListTest, FirstIndexOutsideTheList_PlaysTheNearestEnd)
-{
-    addSongs(5);
+    // A first index outside the list plays the nearest end.
+    setModes(0, false);
     MP_AufList pastTheEnd(QString(), QString(), QString(), QString(), 2, INT_MAX, QString());
     EXPECT_EQ(titleOf(pastTheEnd.getCurrent()), "Song 04") << "the last song, not none";
     MP_AufList beforeTheStart(QString(), QString(), QString(), QString(), 2, -7, QString());
@@ -93,11 +91,8 @@ TEST_F(MP_AufListTest, FirstIndexOutsideTheList_PlaysTheNearestEnd)
     // Repeat wraps from there without overflowing, whatever the steps:
     // 2147483647 = 5 * 429496729 + 2, and 2 - 2147483648 = 5 * -429496730 + 4.
     setModes(0, true);
-    MP_AufList repeating(QString(), QString(), QString(), QString(), 2, INT_MAX, QString());
-    EXPECT_EQ(listSteps(repeating, {"+1", "+2147483647", "-2147483648"}), "<0> <2> <4>");
-
-    setModes(0, false);
-    MP_AufList plain;
+    MP_AufList wrapping(QString(), QString(), QString(), QString(), 2, INT_MAX, QString());
+    EXPECT_EQ(listSteps(wrapping, {"+1", "+2147483647", "-2147483648"}), "<0> <2> <4>");
     EXPECT_EQ(listSteps(plain, {"+2147483647", "-2147483648"}), "<4 0>");
 }
 
