@@ -81,31 +81,28 @@ TEST_F(MP_ShareUtilityTest, EverySend_OfAMissingFile_ShowsTheNoticeAndSendsNothi
     EXPECT_FALSE(QDir(STUFF_Global::getDefaultMMCSDPartition()).exists()) << "nothing was copied";
 }
 
-TEST_F(MP_ShareUtilityTest, MessageAndBlog_SendTheSameRecordButForIsBlog)
+// Message and blog send the same record but for IsBlog; mail and Bluetooth name the
+// file by what follows its last slash, and a relative path without one is its own name.
+TEST_F(MP_ShareUtilityTest, Sends_MessageAndBlogDifferInIsBlog_MailAndBluetoothNameTheFile)
 {
     MP_ShareUtility::sendToMessage(media);
     MP_ShareUtility::sendToBlog(media);
-    const QString request = QStringLiteral(
-        R"({"args":[{"action":"SendMMSSMS","values":{"AutoDelete":"no","Files":"SONG","IsBlog":"%1",)"
-        R"("TextFileAsAttachment":"yes"}},false],"call":"invoke","kind":"action"})");
-    EXPECT_EQ(lines(), QStringList({request.arg("no"), request.arg("yes")}));
-}
-
-TEST_F(MP_ShareUtilityTest, EmailAndBluetooth_NameTheFileByWhatFollowsTheLastSlash)
-{
     MP_ShareUtility::sendToEmail(media);
     MP_ShareUtility::sendToBluetooth(media);
-    // A relative path without a slash is its own name.
     const QString previous = QDir::currentPath();
     ASSERT_TRUE(QDir::setCurrent(dataPath(QString())));
     MP_ShareUtility::sendToEmail(QStringLiteral("a.mp3"));
     MP_ShareUtility::sendToBluetooth(QStringLiteral("a.mp3"));
     QDir::setCurrent(previous);
 
+    const QString request = QStringLiteral(
+        R"({"args":[{"action":"SendMMSSMS","values":{"AutoDelete":"no","Files":"SONG","IsBlog":"%1",)"
+        R"("TextFileAsAttachment":"yes"}},false],"call":"invoke","kind":"action"})");
     const QString mail = QStringLiteral(R"({"args":[[{"flag":false,"name":"a.mp3","path":"%1"}]],"call":"sendMail","kind":"service"})");
     const QString push = QStringLiteral(R"({"args":[[{"flag":false,"info":{"description":"","name":"a.mp3"},"path":"%1"}]],)"
                                         R"("call":"shareByBt","kind":"service"})");
-    EXPECT_EQ(lines(), QStringList({mail.arg("SONG"), push.arg("SONG"), mail.arg("a.mp3"), push.arg("a.mp3")}));
+    EXPECT_EQ(lines(), QStringList({request.arg("no"), request.arg("yes"), mail.arg("SONG"), push.arg("SONG"),
+                                    mail.arg("a.mp3"), push.arg("a.mp3")}));
 }
 
 TEST_F(MP_ShareUtilityTest, RemovableMedia_CopiesTheBytesOnce_NeverOverWhatHoldsTheName)
