@@ -125,9 +125,10 @@ TEST_F(MP_CLIClientTest, Session_WithAListPlaying_ShowsItsEntryAndTheEngineRepor
     engine->setPlayList(nullptr);
 }
 
-TEST_F(MP_CLIClientTest, Reports_ReachTheDisplayInItsTerms)
+TEST_F(MP_CLIClientTest, Session_ReportsReachTheDisplayInItsTerms_ItsCommandsTheEngine_VolumeAndMuteTheStore)
 {
     createClient();
+    QSignalSpy quit(client.get(), &MP_CLIClient::quitApp);
     skipJournal();
     for (int state = MP_STATE_NONE; state <= MP_STATE_FINISHED + 1; ++state) {
         if (state != MP_STATE_ERROR)
@@ -149,12 +150,7 @@ TEST_F(MP_CLIClientTest, Reports_ReachTheDisplayInItsTerms)
                            "\"title\":\"Tide\"}]",
                            "informMessage [\"The connection to the server has failed\"]",
                            "informMessage [\"Connecting to server\"]"}));
-}
 
-TEST_F(MP_CLIClientTest, DisplayCommands_DriveTheEngine_VolumeAndMuteReachTheDisplayAndTheStore)
-{
-    createClient();
-    QSignalSpy quit(client.get(), &MP_CLIClient::quitApp);
     skipJournal();
     send(DisplayCommand::Kind::Volume, 3);
     send(DisplayCommand::Kind::Mute, 1);

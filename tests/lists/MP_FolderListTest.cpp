@@ -89,21 +89,18 @@ TEST_F(MP_FolderListTest, ListsTheStartFilesMediaClassInEachSortOrder_OnlyWhatAF
     EXPECT_EQ(videos.getReservedData(), nullptr);
 }
 
-TEST_F(MP_FolderListTest, Navigation_ClampsIntoTheList)
+TEST_F(MP_FolderListTest, Navigation_ClampsIntoTheList_FromAStartFileMissingOrFilteredOut)
 {
     MP_FolderList list(path("b.mp3"), MP_FolderList::SortByName);
     // Added beyond an int, a step still ends at the end.
     EXPECT_EQ(listSteps(list, {"@10", "-5", "@1", "+2147483647", "-2147483648"}), "<3 0> <1> <3 0>");
     EXPECT_TRUE(list.getItem(4).isNull());
     EXPECT_TRUE(list.getItem(-1).isNull());
-}
 
-TEST_F(MP_FolderListTest, StartFileMissingFilteredOrUnknown)
-{
+    // A start file that is missing plays the first; one of no media class lists nothing.
     MP_FolderList missing(path("zz.mp3"), MP_FolderList::SortByName);
     EXPECT_EQ(listed(missing), "A.wav* b.mp3 c.MP3 d.ogg");
 
-    // Exists but is of no media class: nothing is listed.
     MP_FolderList filtered(path("notes.txt"), MP_FolderList::SortByName);
     EXPECT_EQ(filtered.getNameFilter(), "");
     EXPECT_EQ(filtered.count(), 0u);
