@@ -20,7 +20,7 @@ protected:
     }
 };
 
-TEST_F(MP_RecentListTest, AddItem_MovesARepeatToTheNewestPlaceAndKeepsFifteen)
+TEST_F(MP_RecentListTest, AddItem_MovesARepeatToTheNewestPlaceAndKeepsFifteen_SaveToDBFillsTheHistoryNewestFirst)
 {
     EXPECT_EQ(MP_RecentList(MP_CONTENT_VIDEO).groupId(), 3u) << "the video history's group";
     MP_RecentList recent(MP_CONTENT_SOUND);
@@ -35,26 +35,23 @@ TEST_F(MP_RecentListTest, AddItem_MovesARepeatToTheNewestPlaceAndKeepsFifteen)
 
     EXPECT_EQ(MP_RecentList::getRecentList(MP_CONTENT_VIDEO), MP_RecentList::getVideoList());
     EXPECT_EQ(MP_RecentList::getRecentList(MP_CONTENT_UNKNOWN), nullptr);
-}
 
-TEST_F(MP_RecentListTest, SaveToDB_FillsTheHistoryGroupNewestFirst)
-{
+    // Saved, the history group holds the songs of the database, newest first.
     std::unique_ptr<MediaDatabase> database = MediaDatabase::open(MediaDatabase::defaultFile());
     ASSERT_TRUE(database);
     for (const char* name : {"one", "two", "three"})
         ASSERT_NE(database->addMedia(song(QStringLiteral("/music/%1.mp3").arg(name)).title(name)), 0u);
-    MP_RecentList recent(MP_CONTENT_SOUND);
-    recent.saveToDB();
+    MP_RecentList played(MP_CONTENT_SOUND);
+    played.saveToDB();
     EXPECT_TRUE(journal().isEmpty()) << "an empty collector writes nothing";
 
-    recent.addItem("/music/one.mp3");
-    recent.addItem("/music/unknown.mp3");  // not in the database: dropped
-    recent.addItem("/music/two.mp3");
-    recent.addItem("/music/three.mp3");
-    recent.saveToDB();
-    EXPECT_TRUE(recent.paths().isEmpty());
-    recent.addItem("/music/one.mp3");  // played again: to the front
-    recent.saveToDB();
+    played.addItem("/music/one.mp3");
+    played.addItem("/music/unknown.mp3");  // not in the database: dropped
+    played.addItem("/music/two.mp3");
+    played.addItem("/music/three.mp3");
+    played.saveToDB();
+    played.addItem("/music/one.mp3");  // played again: to the front
+    played.saveToDB();
 
     MP_AufList history(METADATA_AUDIO_HISTORY_GROUP_ID, METADATA_GROUP_PLAY_HISTORY, 2, 0, QString());
     ASSERT_EQ(history.count(), 3u);
