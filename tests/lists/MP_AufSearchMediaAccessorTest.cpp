@@ -56,7 +56,7 @@ QStringList pathsOf(const QValueList<MP_AUF_ITEM>& items)
 
 } // namespace
 
-TEST_F(MP_AufSearchMediaAccessorTest, CountsFetchesIdsAndAlbums_AFailedSearchChangesNoContainerAndNoCount)
+TEST_F(MP_AufSearchMediaAccessorTest, CountsFetchesIdsAndAlbums_ABadEntryIsEmpty_AFailedSearchChangesNothing)
 {
     QValueList<MP_AUF_ITEM> items{MP_AUF_ITEM(9, "/kept")};
     QValueList<unsigned int> ids;
@@ -86,6 +86,19 @@ TEST_F(MP_AufSearchMediaAccessorTest, CountsFetchesIdsAndAlbums_AFailedSearchCha
     const QString found = state();
     EXPECT_EQ(found, "3 songs, 2 albums: 2 /m/a.mp3,3 /m/c.mp3 | 2,1 | First,Second");
 
+    // An entry without id or path becomes the empty item.
+    const MetadataMediaField albumOnly{METADATA_CANDIDATE_ALBUM, 6, {0}};
+    MetadataMediaField fields[1] = {albumOnly};
+    fields[0].value.text = "First";
+    const MetadataMediaInfo info{1, fields};
+    MetadataSearchMediaResponse response{1, 1, &info};
+    QValueList<MP_AUF_ITEM> bad;
+    ASSERT_TRUE(m_accessor->getItems(0, 1, bad));  // sets the item output and window mode
+    MP_AufSearchMediaAccessor::AufGetFilterItemCallback(m_accessor.get(), &response);
+    ASSERT_EQ(bad.size(), 1);
+    EXPECT_TRUE(bad[0].isEmpty());
+    EXPECT_TRUE(bad[0].path.isNull());
+
     // A failed search changes no container and no count.
     metadataDestroyClient(m_handle);
     const int succeeded = int(m_accessor->getItems(0, 0, items)) + int(m_accessor->getAlbums(0, 0, albums))
@@ -93,20 +106,4 @@ TEST_F(MP_AufSearchMediaAccessorTest, CountsFetchesIdsAndAlbums_AFailedSearchCha
         + int(m_accessor->getAlbums(0, 10, albums));
     EXPECT_EQ(succeeded, 0);
     EXPECT_EQ(state(), found);
-}
-
-TEST_F(MP_AufSearchMediaAccessorTest, AnEntryWithoutIdOrPathBecomesTheEmptyItem)
-{
-    const MetadataMediaField albumOnly{METADATA_CANDIDATE_ALBUM, 6, {0}};
-    MetadataMediaField fields[1] = {albumOnly};
-    fields[0].value.text = "First";
-    const MetadataMediaInfo info{1, fields};
-    MetadataSearchMediaResponse response{1, 1, &info};
-
-    QValueList<MP_AUF_ITEM> items{MP_AUF_ITEM(9, "/old")};
-    ASSERT_TRUE(m_accessor->getItems(0, 1, items));  // sets the item output and window mode
-    MP_AufSearchMediaAccessor::AufGetFilterItemCallback(m_accessor.get(), &response);
-    ASSERT_EQ(items.size(), 1);
-    EXPECT_TRUE(items[0].isEmpty());
-    EXPECT_TRUE(items[0].path.isNull());
 }
