@@ -97,40 +97,33 @@ protected:
     std::unique_ptr<MP_MediafinderClient> client;
 };
 
-TEST_F(MP_MediafinderClientTest, LibrarySelection_PathPositionAndFiltersWithNullsThenTheSongIsStoredAsNamed)
+TEST_F(MP_MediafinderClientTest, NowPlaying_PathPositionAndTheSelectionThenTheSongIsStoredAsNamed)
 {
-    database->addMedia(song("/a/w.mp3").title("W").artist("Band"));
-    database->addMedia(song("/a/x.mp3").title("X").artist("Band"));
+    const quint32 w = database->addMedia(song("/a/w.mp3").title("W").artist("Band"));
+    const quint32 x = database->addMedia(song("/a/x.mp3").title("X").artist("Band"));
     play(new MP_AufList("Band", QString(), QString(), QString(), -1, 1, QString()));
-
+    // A library selection: its four texts, the ones not chosen as nulls.
     EXPECT_EQ(sent("NowPlayingSystemItem(QString, int, QString, QString, QString, QString)"),
               QStringList{QString("NowPlayingSystemItem(QString, int, QString, QString, QString, QString) ") + kPathX
                           + "00000001" + "0000000800420061006e0064" + kNull + kNull + kNull});
     // The files do not exist: the engine's error goes out unmapped.
     EXPECT_EQ(sent("NowplayingState(int)"), QStringList{"NowplayingState(int) 00000007"});
 
-    // What the store keeps of it is the store's own tests' business.
-    EXPECT_EQ(journalArgs("metadata", "saveLastPlayedSong"), (QList<QJsonArray>{{"/a/x.mp3", 1}}));
+    // A play list: its group's id.
+    const quint32 group = database->addGroup(METADATA_GROUP_USER, "Mine");
+    ASSERT_TRUE(database->setGroupMembers(group, {w, w, w, x}));
+    play(new MP_AufList(group, METADATA_GROUP_USER, -1, 3, QString()));
+    EXPECT_EQ(sent("NowplayingGroupItem(QString, int, int)"),
+              QStringList{QString("NowplayingGroupItem(QString, int, int) ") + kPathX + "00000003"
+                          + QString::number(group, 16).rightJustified(8, '0')});
 
     // A song named outside Latin-1 is stored as it is named (first in title order).
     const QString omega = QString::fromUtf8("/a/02 \xce\xa9\xce\xbc\xce\xad\xce\xb3\xce\xb1.wav");
     database->addMedia(song(omega).title("Omega").artist("Band"));
     play(new MP_AufList("Band", QString(), QString(), QString(), -1, 0, QString()));
-    EXPECT_EQ(journalArgs("metadata", "saveLastPlayedSong").value(1), (QJsonArray{omega, 0}));
-}
-
-TEST_F(MP_MediafinderClientTest, GroupList_PathPositionAndGroupId)
-{
-    const quint32 w = database->addMedia(song("/a/w.mp3").title("W"));
-    const quint32 x = database->addMedia(song("/a/x.mp3").title("X"));
-    const quint32 group = database->addGroup(METADATA_GROUP_USER, "Mine");
-    ASSERT_TRUE(database->setGroupMembers(group, {w, w, w, x}));
-    play(new MP_AufList(group, METADATA_GROUP_USER, -1, 3, QString()));
-
-    EXPECT_EQ(sent("NowplayingGroupItem(QString, int, int)"),
-              QStringList{QString("NowplayingGroupItem(QString, int, int) ") + kPathX + "00000003"
-                          + QString::number(group, 16).rightJustified(8, '0')});
-    EXPECT_EQ(journalArgs("metadata", "saveLastPlayedSong").value(0), (QJsonArray{"/a/x.mp3", 3}));
+    // What the store keeps of them is the store's own tests' business.
+    EXPECT_EQ(journalArgs("metadata", "saveLastPlayedSong"),
+              (QList<QJsonArray>{{"/a/x.mp3", 1}, {"/a/x.mp3", 3}, {omega, 0}}));
 }
 
 TEST_F(MP_MediafinderClientTest, ListDescriptionThatDoesNotHoldItsKind_SendsAndStoresNothing)
