@@ -96,9 +96,10 @@ TEST_F(MP_AufListTest, Navigation_RepeatWrapsBothWaysAndOtherwiseStopsAtTheEnds_
     EXPECT_EQ(listSteps(plain, {"+2147483647", "-2147483648"}), "<4 0>");
 }
 
-TEST_F(MP_AufListTest, Cache_HoldsAWindowOfTenAndRefetchesOnlyOutsideIt)
+TEST_F(MP_AufListTest, Cache_HoldsAWindowOfTen_ShuffledPlayPinsThePlayingSongAndDrawsANewOrderAtTheEnds)
 {
     addSongs(30);
+    setModes(0, true);
     MP_AufList list;
     const auto window = [&] { return QStringLiteral("%1-%2").arg(list.cacheTop()).arg(list.cacheBottom()); };
     QStringList windows{window()};
@@ -108,16 +109,6 @@ TEST_F(MP_AufListTest, Cache_HoldsAWindowOfTenAndRefetchesOnlyOutsideIt)
     }
     EXPECT_EQ(windows.join(' '), "0-10 10-20 10-20 20-30 9-19") << "inside the window: no search";
 
-    list.updateShuffle(MP_AufList::ShuffleSongs);
-    list.getItem(17);
-    EXPECT_EQ(list.cacheBottom() - list.cacheTop(), 1) << "shuffled play fetches one entry at a time";
-}
-
-TEST_F(MP_AufListTest, ShuffleSongs_PinsThePlayingSongAndDrawsANewOrderAtTheEnds)
-{
-    addSongs(10);
-    setModes(0, true);
-    MP_AufList list;
     list.moveTo(7);
     list.updateShuffle(MP_AufList::ShuffleSongs);
     EXPECT_EQ(titleOf(list.getCurrent()), "Song 07");
@@ -125,9 +116,10 @@ TEST_F(MP_AufListTest, ShuffleSongs_PinsThePlayingSongAndDrawsANewOrderAtTheEnds
     EXPECT_EQ(list.getPositionOfCurrentSong(), 7);
     EXPECT_EQ(std::make_pair(MP_AufContext::shuffle, MP_AufContext::shuffleSetting), std::make_pair(1, 1));
     QSet<QString> played;
-    for (int position = 0; position < 10; ++position)
+    for (int position = 0; position < 30; ++position)
         played.insert(list.getItem(position));
-    EXPECT_EQ(played.size(), 10) << "every song once";
+    EXPECT_EQ(played.size(), 30) << "every song once";
+    EXPECT_EQ(list.cacheBottom() - list.cacheTop(), 1) << "shuffled play fetches one entry at a time";
 
     // The order is drawn from the clock's second, so two draws in one test
     // can be alike: the draw itself shows in the shuffle's trace. Before play
@@ -135,10 +127,10 @@ TEST_F(MP_AufListTest, ShuffleSongs_PinsThePlayingSongAndDrawsANewOrderAtTheEnds
     // new order plays from its start.
     TraceCapture traces;
     list.skipSteps(-1);
-    EXPECT_EQ(list.getCurrentIndex(), 9);
+    EXPECT_EQ(list.getCurrentIndex(), 29);
     EXPECT_FALSE(list.getCurrent().isNull());
     list.skipSteps(1);
-    EXPECT_EQ(traces.text().count("shuffle: count=10, first=-1"), 2);
+    EXPECT_EQ(traces.text().count("shuffle: count=30, first=-1"), 2);
     EXPECT_EQ(list.getCurrentIndex(), 0);
 
     list.updateShuffle(MP_AufList::ShuffleOff);
