@@ -83,8 +83,9 @@ TEST_F(MP_IdleClientTest, StateAndTime_StoppedErrorAndFinishedReadAsPaused_Total
     client->updateTime(0, 0); // a first total of 0 is the stored one
     client->updateTime(1000, 65000);
     client->updateTime(2000, 65000);
-    for (const auto& [name, time] : {std::pair{"ElapsedTime", "0:00"}, {"ElapsedTime", "0:01"}, {"TotalTime", "1:05"},
-                                     {"ElapsedTime", "0:02"}})
+    const std::pair<const char*, const char*> times[] = {
+        {"ElapsedTime", "0:00"}, {"ElapsedTime", "0:01"}, {"TotalTime", "1:05"}, {"ElapsedTime", "0:02"}};
+    for (const auto& [name, time] : times)
         expected.push_back(info(name, QString::fromLatin1(time)));
     EXPECT_EQ(infos(), expected);
 

@@ -168,7 +168,8 @@ TEST_F(MP_MediafinderClientTest, Requests_StatusBeforeAnItem_UnhideAndEverything
     EXPECT_EQ(count("engine", "showPlayer"), 1);
 
     client.reset();
-    EXPECT_EQ(sent(), (QStringList{"MediaplayerStarted() ", "NowplayingState(int) 00000000", "MediaplayerExited() "}));
+    EXPECT_EQ(sent(),
+              (QStringList{"MediaplayerStarted() ", "NowplayingState(int) 00000000", "MediaplayerExited() "}));
     EXPECT_FALSE(QCopChannel::isRegistered("MF_MSG_CHANNEL")) << "no longer listening";
 }
 

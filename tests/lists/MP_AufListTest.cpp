@@ -104,7 +104,8 @@ TEST_F(MP_AufListTest, Cache_HoldsAWindowOfTen_ShuffledPlayPinsThePlayingSongAnd
     const auto window = [&] { return QStringLiteral("%1-%2").arg(list.cacheTop()).arg(list.cacheBottom()); };
     QStringList windows{window()};
     for (int position : {10, 12, 20, 9}) {
-        EXPECT_EQ(titleOf(list.getItem(position)), QStringLiteral("Song %1").arg(position, 2, 10, QLatin1Char('0')));
+        const QString title = QStringLiteral("Song %1").arg(position, 2, 10, QLatin1Char('0'));
+        EXPECT_EQ(titleOf(list.getItem(position)), title);
         windows << window();
     }
     EXPECT_EQ(windows.join(' '), "0-10 10-20 10-20 20-30 9-19") << "inside the window: no search";

@@ -221,7 +221,7 @@ TEST_F(MP_WindowClientCommandsTest, DeleteAndRemove_WhenPlaybackMovesOnUnderTheQ
                                       "Delete|Are you sure you want to delete this file?|1", "Delete|" + notice}));
 }
 
-TEST_F(MP_WindowClientCommandsTest, DatabaseLists_RemoveLeavesTheRestToTheList_DeleteKeepsAFileReplacedUnderItsName)
+TEST_F(MP_WindowClientCommandsTest, DatabaseLists_RemoveAsksTheList_DeleteKeepsAFileReplacedUnderItsName)
 {
     auto database = MediaDatabase::open(MediaDatabase::defaultFile());
     QList<quint32> ids;
@@ -257,8 +257,9 @@ TEST_F(MP_WindowClientCommandsTest, DatabaseLists_RemoveLeavesTheRestToTheList_D
     HostDialogs::queueAnswer(1);
     run("onMenuDelete");
     EXPECT_FALSE(QFile::exists(dataPath("music/y.mp3")));
-    EXPECT_EQ(dialogs().mid(2, 1), QStringList{"Delete|The file was not deleted: it was changed or replaced since it "
-                                               "was listed, or it cannot be deleted.|1"});
+    EXPECT_EQ(dialogs().mid(2, 1),
+              QStringList{"Delete|The file was not deleted: it was changed or replaced since it was listed, or it "
+                          "cannot be deleted.|1"});
     EXPECT_EQ(dialogs().size(), 4);
 }
 

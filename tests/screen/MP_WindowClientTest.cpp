@@ -160,14 +160,16 @@ TEST_F(MP_WindowClientTest, FeatureBitsAndTheFileDecideTheItems)
     QDir().mkpath(HostStorage::memoryCardPath());
     engine.path = dataPath("missing.mp3");
     open(MP_CONTENT_SOUND, MP_MEDIUM_LOCAL);
-    EXPECT_EQ(shown(menu, {1015, 1011}), "-1015 1011") << "a missing file cannot ring; the card is checked at every opening";
+    // A missing file cannot ring; the card is checked at every opening.
+    EXPECT_EQ(shown(menu, {1015, 1011}), "-1015 1011");
 
     HostPhone::setFlexBit(149, false);
     HostPhone::setFlexBit(512, false);
     engine.path = writable + "/a.mp3";
     makeClient();
     VmOptionsMenu& plain = open(MP_CONTENT_SOUND, MP_MEDIUM_LOCAL);
-    EXPECT_EQ(shown(plain, {1010, 1019, 1014, 1015}), "-1010 1019 1014 1015") << "without the check Ringtone stays";
+    EXPECT_EQ(shown(plain, {1010, 1019, 1014, 1015}), "-1010 1019 1014 1015")
+        << "without the check Ringtone stays";
 
     // Nothing saved to edit; then the bookmark bit, read at every build, hides both bookmark items.
     open(MP_CONTENT_SOUND, MP_MEDIUM_STREAM);

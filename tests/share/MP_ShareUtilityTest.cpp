@@ -166,7 +166,8 @@ TEST_F(MP_ShareUtilityTest, Contacts_GoThroughTheAddressBookLibraryAndFailQuietl
 
     HostJournal::startCapture();
     MP_AddressBook::setLibraryName("libvemoaddrbk-not-installed.so");
-    const bool applied[] = {MP_ShareUtility::applyToNewContact(media), MP_ShareUtility::applyToExistingContact(media)};
+    const bool applied[] = {MP_ShareUtility::applyToNewContact(media),
+                            MP_ShareUtility::applyToExistingContact(media)};
     MP_AddressBook::setLibraryName(QByteArray());
     EXPECT_FALSE(applied[0] || applied[1]);
     EXPECT_TRUE(lines().isEmpty()) << "nothing shown, nothing called";
