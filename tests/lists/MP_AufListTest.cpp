@@ -150,7 +150,7 @@ TEST_F(MP_AufListTest, ReservedData_DescribesHowTheListWasSelected)
     EXPECT_TRUE(MP_AufList(2, METADATA_GROUP_PLAY_HISTORY, 2, 0, QString()).isHistoryList());
 }
 
-TEST_F(MP_AufListTest, SetupMessages_ChangeTheModesOfTheirKindOfList)
+TEST_F(MP_AufListTest, SetupMessages_ChangeTheModesOfTheirKindOfList_UnlessUnreadableOrUnknown)
 {
     addSongs(3);
     addSong(QStringLiteral("Clip"), QStringLiteral("Videos"), 1, MediaKind::Video);
@@ -158,43 +158,36 @@ TEST_F(MP_AufListTest, SetupMessages_ChangeTheModesOfTheirKindOfList)
     MP_AufList videos(QStringLiteral("All"), QString(), -1, 0);
     QSignalSpy musicSpy(&music, SIGNAL(signalListUpdate(int, bool)));
     QSignalSpy videoSpy(&videos, SIGNAL(signalListUpdate(int, bool)));
-    // After each message, the shuffle and repeat modes each list reports, as
-    // "music 1/0 videos 0/0"; every list reports on every message.
+    // After each message (its payload in hex), the shuffle and repeat modes
+    // each list reports, as "music 1/0 videos 0/0".
     QStringList reported;
-    const auto send = [&](const char* message, int value) {
-        sendSetup(message, payload(qint32(value)));
+    const auto send = [&](const char* message, const char* hex) {
+        sendSetup(message, QByteArray::fromHex(hex));
         reported << QStringLiteral("music %1/%2 videos %3/%4")
                         .arg(musicSpy.last().at(0).toInt()).arg(musicSpy.last().at(1).toInt())
                         .arg(videoSpy.last().at(0).toInt()).arg(videoSpy.last().at(1).toInt());
     };
-    send("MP_MSG_SETUP_CHANGE_SHUFFLE_MUSIC", 1);  // a video list ignores the music settings
-    send("MP_MSG_SETUP_CHANGE_SHUFFLE_MUSIC", 2);  // albums, the highest mode, is known
-    send("MP_MSG_SETUP_CHANGE_REPEAT_VIDEO", 1);
-    send("MP_MSG_SOMETHING_ELSE", 2);
-    EXPECT_EQ(reported, QStringList({"music 1/0 videos 0/0", "music 2/0 videos 0/0", "music 2/0 videos 0/1",
-                                     "music 2/0 videos 0/1"}));
-    EXPECT_EQ(musicSpy.count() + videoSpy.count(), 8);
-}
-
-TEST_F(MP_AufListTest, SetupMessages_WithAnUnreadableValueOrUnknownMode_ChangeNothing)
-{
-    addSongs(3);
-    setModes(MP_AufList::ShuffleSongs, true);
-    MP_AufList music;
-    QSignalSpy spy(&music, SIGNAL(signalListUpdate(int, bool)));
-    // Payloads one byte short of the value (they used to read as 0 and switch
-    // the modes off) and one byte past it; shuffle modes above and below the known ones.
-    const std::pair<const char*, QByteArray> messages[] = {
-        {"MP_MSG_SETUP_CHANGE_SHUFFLE_MUSIC", "000000"}, {"MP_MSG_SETUP_CHANGE_REPEAT_MUSIC", "000000"},
-        {"MP_MSG_SETUP_CHANGE_SHUFFLE_MUSIC", "0000000000"}, {"MP_MSG_SETUP_CHANGE_REPEAT_MUSIC", "0000000000"},
-        {"MP_MSG_SETUP_CHANGE_SHUFFLE_MUSIC", "00000003"}, {"MP_MSG_SETUP_CHANGE_SHUFFLE_MUSIC", "ffffffff"},
-    };
-    for (const auto& [message, hex] : messages) {
-        sendSetup(message, QByteArray::fromHex(hex));
-        EXPECT_EQ(spy.last(), (QList<QVariant>{1, true})) << message << " with payload " << hex.data();
+    send("MP_MSG_SETUP_CHANGE_SHUFFLE_MUSIC", "00000001");  // a video list ignores the music settings
+    send("MP_MSG_SETUP_CHANGE_SHUFFLE_MUSIC", "00000002");  // albums, the highest mode, is known
+    send("MP_MSG_SETUP_CHANGE_REPEAT_VIDEO", "00000001");
+    send("MP_MSG_SETUP_CHANGE_REPEAT_MUSIC", "00000001");
+    QStringList expected{"music 1/0 videos 0/0", "music 2/0 videos 0/0", "music 2/0 videos 0/1",
+                         "music 2/1 videos 0/1"};
+    // Then nothing changes: another message; payloads one byte short of the
+    // value (they used to read as 0 and switch the modes off) and one byte
+    // past it; shuffle modes above and below the known ones.
+    send("MP_MSG_SOMETHING_ELSE", "00000002");
+    for (const char* message : {"MP_MSG_SETUP_CHANGE_SHUFFLE_MUSIC", "MP_MSG_SETUP_CHANGE_REPEAT_MUSIC"}) {
+        send(message, "000000");
+        send(message, "0000000000");
     }
-    EXPECT_EQ(spy.count(), 6) << "every message still reports the modes";
-    EXPECT_EQ(MP_AufContext::shuffle, 1);
+    send("MP_MSG_SETUP_CHANGE_SHUFFLE_MUSIC", "00000003");
+    send("MP_MSG_SETUP_CHANGE_SHUFFLE_MUSIC", "ffffffff");
+    for (int unchanged = 0; unchanged < 7; ++unchanged)
+        expected << "music 2/1 videos 0/1";
+    EXPECT_EQ(reported, expected);
+    EXPECT_EQ(musicSpy.count() + videoSpy.count(), 22) << "every list reports on every message";
+    EXPECT_EQ(MP_AufContext::shuffle, 2);
     EXPECT_TRUE(MP_AufContext::isRepeat);
 }
 
