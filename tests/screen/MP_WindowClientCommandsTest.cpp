@@ -1,6 +1,6 @@
 // The player screen's commands: leaving the player with and without a
 // download, deleting and removing through the two kinds of list, the setup
-// library and hiding a download.
+// library, hiding a download, bookmarks and the buy-more mark.
 
 #include <QDir>
 #include <QFile>

@@ -1,6 +1,7 @@
-// What leaves the library when the player shares, applies or marks the file
-// it shows: the journaled service calls, action records and dialogs, and the
-// files and database rows the host services leave behind.
+// What leaves the library when the player shares or applies the file it
+// shows: the journaled service calls, action records and dialogs, and the
+// files and database rows the host services leave behind. The buy-more mark
+// and saving a bookmark are tested through the window client's commands.
 
 #include <QApplication>
 #include <QDir>
