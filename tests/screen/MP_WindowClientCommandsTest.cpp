@@ -340,6 +340,7 @@ TEST_F(MP_WindowClientCommandsTest, BuyMore_NoticeOnlyWhenTheFlagWasSet)
     EXPECT_TRUE(traces.text().contains("MP_WindowClient::onMenuBuyMore, set Flag failed.\n"));
     EXPECT_EQ(journalArgs("metadata", "metadataSetBuyFlagByUri"),
               (QList<QJsonArray>{{folder + "/x.mp3", 1, 0}, {folder + "/unknown.mp3", 1, 0}}));
+    EXPECT_TRUE(database->mediaByPath(folder + "/x.mp3")->buy) << "the flag is stored";
 }
 
 } // namespace
