@@ -75,7 +75,6 @@ TEST_F(MP_CLIClientTest, Session_ShowsTheStoredVolumeAndEndsWithTheClient)
     // A stored level beyond the display's is held to the nearest one.
     const Case cases[] = {
         {-1, {"beginSession []", "informVolume [5]"}},
-        {0, {"beginSession []", "informMuteState [1]", "informVolume [0]"}},
         {7, {"beginSession []", "informVolume [7]"}},
         {-5, {"beginSession []", "informMuteState [1]", "informVolume [0]"}},
         {300, {"beginSession []", "informVolume [255]"}},
@@ -126,9 +125,10 @@ TEST_F(MP_CLIClientTest, Session_WithAListPlaying_ShowsItsEntryAndTheEngineRepor
     engine->setPlayList(nullptr);
 }
 
-TEST_F(MP_CLIClientTest, Reports_ReachTheDisplayInItsTerms)
+TEST_F(MP_CLIClientTest, Session_ReportsReachTheDisplayInItsTerms_ItsCommandsTheEngine_VolumeAndMuteTheStore)
 {
     createClient();
+    QSignalSpy quit(client.get(), &MP_CLIClient::quitApp);
     skipJournal();
     for (int state = MP_STATE_NONE; state <= MP_STATE_FINISHED + 1; ++state) {
         if (state != MP_STATE_ERROR)
@@ -150,13 +150,14 @@ TEST_F(MP_CLIClientTest, Reports_ReachTheDisplayInItsTerms)
                            "\"title\":\"Tide\"}]",
                            "informMessage [\"The connection to the server has failed\"]",
                            "informMessage [\"Connecting to server\"]"}));
-}
 
-TEST_F(MP_CLIClientTest, DisplayCommands_DriveTheEngine)
-{
-    createClient();
-    QSignalSpy quit(client.get(), &MP_CLIClient::quitApp);
     skipJournal();
+    send(DisplayCommand::Kind::Volume, 3);
+    send(DisplayCommand::Kind::Mute, 1);
+    send(DisplayCommand::Kind::Mute, 0);
+    EXPECT_EQ(take("display"), (QStringList{"informVolume [3]", "informMuteState [1]", "informMuteState [0]"}));
+    // Level 0 means muted to the next session: unmuting must not leave it.
+    EXPECT_EQ(take("settings"), (QStringList{"VolumeLevel=3", "VolumeLevel=0", "VolumeLevel=3"}));
     send(DisplayCommand::Kind::Play);
     send(DisplayCommand::Kind::Pause); // the engine only toggles: both keys do
     send(DisplayCommand::Kind::Stop);
@@ -164,24 +165,11 @@ TEST_F(MP_CLIClientTest, DisplayCommands_DriveTheEngine)
     send(DisplayCommand::Kind::Previous);
     send(DisplayCommand::Kind::Shift, -5000);
     send(DisplayCommand::Kind::ShiftFinished);
-    EXPECT_EQ(take("control"), (QStringList{"playPause []", "playPause []", "stop []", "next []", "previous []",
-                                            "seek [-5000]", "seekFinished []"}));
-    EXPECT_EQ(quit.count(), 0);
     send(DisplayCommand::Kind::Exit);
+    EXPECT_EQ(take("control"), (QStringList{"setVolume [3]", "setMute [true]", "setMute [false]", "playPause []",
+                                            "playPause []", "stop []", "next []", "previous []", "seek [-5000]",
+                                            "seekFinished []"}));
     EXPECT_EQ(quit.count(), 1);
-}
-
-TEST_F(MP_CLIClientTest, VolumeAndMute_ReachEngineAndDisplay_AndUnmutingStoresTheLevelAgain)
-{
-    createClient();
-    skipJournal();
-    send(DisplayCommand::Kind::Volume, 3);
-    send(DisplayCommand::Kind::Mute, 1);
-    send(DisplayCommand::Kind::Mute, 0);
-    EXPECT_EQ(take("control"), (QStringList{"setVolume [3]", "setMute [true]", "setMute [false]"}));
-    EXPECT_EQ(take("display"), (QStringList{"informVolume [3]", "informMuteState [1]", "informMuteState [0]"}));
-    // Level 0 means muted to the next session: unmuting must not leave it.
-    EXPECT_EQ(take("settings"), (QStringList{"VolumeLevel=3", "VolumeLevel=0", "VolumeLevel=3"}));
 
     // A session that starts muted has seen no level: unmuting stores the default.
     restartWithStoredVolume(0);

@@ -13,6 +13,7 @@
 #include "lists/MP_AufContext.h"
 #include "platform/QCopChannel.h"
 #include "tests/lists/TraceCapture.h"
+#include "tests/support/ListSteps.h"
 #include "tests/support/Payload.h"
 #include "tests/support/SongBuilder.h"
 #include "tests/support/TestEnvironment.h"
@@ -60,128 +61,78 @@ protected:
     std::unique_ptr<MediaDatabase> database;
 };
 
-TEST_F(MP_AufListTest, Navigation_RepeatWrapsBothWaysAndOtherwiseStopsAtTheEnds_AnEmptyListHasNoSteps)
+TEST_F(MP_AufListTest, Navigation_RepeatWrapsBothWaysAndOtherwiseStopsAtTheEnds_EvenFromOutsideTheList)
 {
     addSongs(5);
     setModes(0, true);
     MP_AufList repeating;
-    ASSERT_EQ(repeating.count(), 5u);
-    EXPECT_EQ(titleOf(repeating.getCurrent()), "Song 00");
-    repeating.moveTo(5);
-    EXPECT_EQ(repeating.getCurrentIndex(), 0);
-    repeating.moveTo(-1);
-    EXPECT_EQ(repeating.getCurrentIndex(), 4);
-    EXPECT_EQ(titleOf(repeating.getCurrent()), "Song 04");
-    repeating.skipSteps(1);
-    EXPECT_EQ(repeating.getCurrentIndex(), 0);
-    EXPECT_TRUE(repeating.hasPrevious());
+    EXPECT_EQ(listSteps(repeating, {"@5", "@-1", "+1"}), "<0> <4> <0>");
     EXPECT_EQ(titleOf(repeating.getItem(-1)), "Song 04") << "a position is wrapped before the look-up";
 
     setModes(0, false);
     MP_AufList plain;
-    plain.moveTo(3);
-    plain.skipSteps(3);
-    EXPECT_EQ(plain.getCurrentIndex(), 4);
-    EXPECT_FALSE(plain.hasNext());
-    plain.skipSteps(-9);
-    EXPECT_EQ(plain.getCurrentIndex(), 0);
-    EXPECT_FALSE(plain.hasPrevious());
+    EXPECT_EQ(listSteps(plain, {"@3", "+3", "-9"}), "<3> <4 0>");
     EXPECT_TRUE(plain.getItem(-1).isNull());
     EXPECT_TRUE(plain.getItem(5).isNull());
 
     // An empty selection has no steps, even shuffled and repeating.
     setModes(1, true);
     MP_AufList empty(QStringLiteral("Nobody"), QString(), QString(), QString(), 2, 0, QString());
-    EXPECT_EQ(empty.count(), 0u);
-    EXPECT_FALSE(empty.hasNext());
-    EXPECT_FALSE(empty.hasPrevious());
-    empty.skipSteps(1);
-    empty.moveTo(-3);
-    EXPECT_EQ(empty.getCurrentIndex(), 0);
+    EXPECT_EQ(listSteps(empty, {"+1", "@-3"}), "0 0");
     EXPECT_TRUE(empty.getCurrent().isNull());
-}
 
-TEST_F(MP_AufListTest, FirstIndexOutsideTheList_PlaysTheNearestEnd)
-{
-    addSongs(5);
+    // A first index outside the list plays the nearest end.
+    setModes(0, false);
     MP_AufList pastTheEnd(QString(), QString(), QString(), QString(), 2, INT_MAX, QString());
-    EXPECT_EQ(pastTheEnd.getCurrentIndex(), 4);
     EXPECT_EQ(titleOf(pastTheEnd.getCurrent()), "Song 04") << "the last song, not none";
     MP_AufList beforeTheStart(QString(), QString(), QString(), QString(), 2, -7, QString());
     EXPECT_EQ(titleOf(beforeTheStart.getCurrent()), "Song 00");
 
-    // Repeat wraps from there without overflowing, whatever the steps.
+    // Repeat wraps from there without overflowing, whatever the steps:
+    // 2147483647 = 5 * 429496729 + 2, and 2 - 2147483648 = 5 * -429496730 + 4.
     setModes(0, true);
-    MP_AufList repeating(QString(), QString(), QString(), QString(), 2, INT_MAX, QString());
-    repeating.skipSteps(1);
-    EXPECT_EQ(titleOf(repeating.getCurrent()), "Song 00") << "from the last song, one on";
-    repeating.skipSteps(INT_MAX);  // 2147483647 = 5 * 429496729 + 2
-    EXPECT_EQ(repeating.getCurrentIndex(), 2);
-    repeating.skipSteps(INT_MIN);  // 2 - 2147483648 = 5 * -429496730 + 4
-    EXPECT_EQ(repeating.getCurrentIndex(), 4);
-    EXPECT_EQ(titleOf(repeating.getItem(INT_MIN)), "Song 02");
-
-    setModes(0, false);
-    MP_AufList plain;
-    plain.skipSteps(INT_MAX);
-    EXPECT_EQ(plain.getCurrentIndex(), 4);
-    plain.skipSteps(INT_MIN);
-    EXPECT_EQ(plain.getCurrentIndex(), 0);
-    EXPECT_TRUE(plain.getItem(INT_MAX).isNull());
+    MP_AufList wrapping(QString(), QString(), QString(), QString(), 2, INT_MAX, QString());
+    EXPECT_EQ(listSteps(wrapping, {"+1", "+2147483647", "-2147483648"}), "<0> <2> <4>");
+    EXPECT_EQ(listSteps(plain, {"+2147483647", "-2147483648"}), "<4 0>");
 }
 
-TEST_F(MP_AufListTest, Cache_HoldsAWindowOfTenAndRefetchesOnlyOutsideIt)
+TEST_F(MP_AufListTest, Cache_HoldsAWindowOfTen_ShuffledPlayPinsThePlayingSongAndDrawsANewOrderAtTheEnds)
 {
     addSongs(30);
-    MP_AufList list;
-    EXPECT_EQ(list.cacheTop(), 0);
-    EXPECT_EQ(list.cacheBottom(), 10);
-
-    EXPECT_EQ(titleOf(list.getItem(10)), "Song 10");
-    EXPECT_EQ(list.cacheTop(), 10);
-    EXPECT_EQ(titleOf(list.getItem(12)), "Song 12");
-    EXPECT_EQ(list.cacheTop(), 10) << "inside the window: no search";
-    EXPECT_EQ(titleOf(list.getItem(20)), "Song 20");
-    EXPECT_EQ(list.cacheTop(), 20);
-    EXPECT_EQ(list.cacheBottom(), 30);
-    EXPECT_EQ(titleOf(list.getItem(9)), "Song 09");
-    EXPECT_EQ(list.cacheTop(), 9);
-    EXPECT_EQ(list.cacheBottom(), 19);
-
-    list.updateShuffle(MP_AufList::ShuffleSongs);
-    list.getItem(17);
-    EXPECT_EQ(list.cacheBottom() - list.cacheTop(), 1) << "shuffled play fetches one entry at a time";
-}
-
-TEST_F(MP_AufListTest, ShuffleSongs_PinsThePlayingSongAndDrawsANewOrderAtTheEnds)
-{
-    addSongs(10);
     setModes(0, true);
     MP_AufList list;
+    const auto window = [&] { return QStringLiteral("%1-%2").arg(list.cacheTop()).arg(list.cacheBottom()); };
+    QStringList windows{window()};
+    for (int position : {10, 12, 20, 9}) {
+        const QString title = QStringLiteral("Song %1").arg(position, 2, 10, QLatin1Char('0'));
+        EXPECT_EQ(titleOf(list.getItem(position)), title);
+        windows << window();
+    }
+    EXPECT_EQ(windows.join(' '), "0-10 10-20 10-20 20-30 9-19") << "inside the window: no search";
+
     list.moveTo(7);
     list.updateShuffle(MP_AufList::ShuffleSongs);
-    EXPECT_EQ(list.getCurrentIndex(), 0);
     EXPECT_EQ(titleOf(list.getCurrent()), "Song 07");
+    EXPECT_EQ(list.getCurrentIndex(), 0);
     EXPECT_EQ(list.getPositionOfCurrentSong(), 7);
-    EXPECT_EQ(MP_AufContext::shuffle, 1);
-    EXPECT_EQ(MP_AufContext::shuffleSetting, 1);
+    EXPECT_EQ(std::make_pair(MP_AufContext::shuffle, MP_AufContext::shuffleSetting), std::make_pair(1, 1));
     QSet<QString> played;
-    for (int position = 0; position < 10; ++position)
+    for (int position = 0; position < 30; ++position)
         played.insert(list.getItem(position));
-    EXPECT_EQ(played.size(), 10) << "every song once";
+    EXPECT_EQ(played.size(), 30) << "every song once";
+    EXPECT_EQ(list.cacheBottom() - list.cacheTop(), 1) << "shuffled play fetches one entry at a time";
 
     // The order is drawn from the clock's second, so two draws in one test
-    // can be alike: the draw itself shows in the shuffle's trace.
+    // can be alike: the draw itself shows in the shuffle's trace. Before play
+    // position 0 a new order plays from its end; exactly one past the end, a
+    // new order plays from its start.
     TraceCapture traces;
-    const auto draws = [&] { return traces.text().count("shuffle: count=10, first=-1"); };
-    list.skipSteps(-1);  // before play position 0: a new order, from its end
-    EXPECT_EQ(list.getCurrentIndex(), 9);
+    list.skipSteps(-1);
+    EXPECT_EQ(list.getCurrentIndex(), 29);
     EXPECT_FALSE(list.getCurrent().isNull());
-    EXPECT_EQ(draws(), 1);
-    list.skipSteps(1);   // exactly one past the end: a new order, from its start
+    list.skipSteps(1);
+    EXPECT_EQ(traces.text().count("shuffle: count=30, first=-1"), 2);
     EXPECT_EQ(list.getCurrentIndex(), 0);
-    EXPECT_FALSE(list.getCurrent().isNull());
-    EXPECT_EQ(draws(), 2);
 
     list.updateShuffle(MP_AufList::ShuffleOff);
     EXPECT_EQ(list.getCurrent(), list.getItem(list.getCurrentIndex())) << "back in list order on the same song";
@@ -189,18 +140,17 @@ TEST_F(MP_AufListTest, ShuffleSongs_PinsThePlayingSongAndDrawsANewOrderAtTheEnds
 
 TEST_F(MP_AufListTest, ReservedData_DescribesHowTheListWasSelected)
 {
-    EXPECT_EQ(MP_AufList().getReservedData()->toHex(), "00000000" "ffffffff" "ffffffff" "ffffffff" "ffffffff");
+    // A text not chosen is a null, an empty one is empty; the browser's test reads
+    // a play list's description from its message.
     MP_AufList artist(QStringLiteral("Ab"), QString(), QString(), QStringLiteral(""), 2, 0, QString());
     EXPECT_EQ(artist.getReservedData()->toHex(), "00000000" "0000000400410062" "ffffffff" "ffffffff" "00000000");
-    MP_AufList group(7, METADATA_GROUP_USER, 2, 0, QString());
-    EXPECT_EQ(group.getReservedData()->toHex(), "00000001" "00000007");
     MP_AufList videos(QStringLiteral("All"), QString(), -1, 0);
     EXPECT_EQ(videos.getReservedData()->toHex(), "00000002" "00000000");
     EXPECT_TRUE(videos.isVideoList());
     EXPECT_TRUE(MP_AufList(2, METADATA_GROUP_PLAY_HISTORY, 2, 0, QString()).isHistoryList());
 }
 
-TEST_F(MP_AufListTest, SetupMessages_ChangeTheModesOfTheirKindOfList)
+TEST_F(MP_AufListTest, SetupMessages_ChangeTheModesOfTheirKindOfList_UnlessUnreadableOrUnknown)
 {
     addSongs(3);
     addSong(QStringLiteral("Clip"), QStringLiteral("Videos"), 1, MediaKind::Video);
@@ -208,48 +158,36 @@ TEST_F(MP_AufListTest, SetupMessages_ChangeTheModesOfTheirKindOfList)
     MP_AufList videos(QStringLiteral("All"), QString(), -1, 0);
     QSignalSpy musicSpy(&music, SIGNAL(signalListUpdate(int, bool)));
     QSignalSpy videoSpy(&videos, SIGNAL(signalListUpdate(int, bool)));
-    const auto send = [](const char* message, int value) { sendSetup(message, payload(qint32(value))); };
-
-    send("MP_MSG_SETUP_CHANGE_SHUFFLE_MUSIC", 1);
-    EXPECT_EQ(music.shuffleMode(), 1);
-    EXPECT_EQ(videos.shuffleMode(), 0) << "a video list ignores the music settings";
-    ASSERT_EQ(musicSpy.count(), 1);
-    EXPECT_EQ(musicSpy.last(), (QList<QVariant>{1, false}));
-    EXPECT_EQ(videoSpy.last(), (QList<QVariant>{0, false})) << "but still reports its modes";
-
-    send("MP_MSG_SETUP_CHANGE_SHUFFLE_MUSIC", 2);
-    EXPECT_EQ(music.shuffleMode(), 2) << "albums, the highest mode, is known";
-
-    send("MP_MSG_SETUP_CHANGE_REPEAT_VIDEO", 1);
-    EXPECT_TRUE(videos.isRepeat());
-    EXPECT_FALSE(music.isRepeat());
-
-    send("MP_MSG_SOMETHING_ELSE", 2);
-    EXPECT_EQ(musicSpy.last(), (QList<QVariant>{2, false}));
-    EXPECT_EQ(videoSpy.last(), (QList<QVariant>{0, true}));
-}
-
-TEST_F(MP_AufListTest, SetupMessages_WithAnUnreadableValueOrUnknownMode_ChangeNothing)
-{
-    addSongs(3);
-    setModes(MP_AufList::ShuffleSongs, true);
-    MP_AufList music;
-    QSignalSpy spy(&music, SIGNAL(signalListUpdate(int, bool)));
-    auto reported = [&] { return std::make_pair(spy.last().at(0).toInt(), spy.last().at(1).toBool()); };
-    // Short payloads used to read as 0 and switch the modes off.
-    const QList<QByteArray> unreadable{"", "00", "000000", "0000000000"};
-    for (const QByteArray& hex : unreadable) {
-        for (const char* message : {"MP_MSG_SETUP_CHANGE_SHUFFLE_MUSIC", "MP_MSG_SETUP_CHANGE_REPEAT_MUSIC"}) {
-            sendSetup(message, QByteArray::fromHex(hex));
-            EXPECT_EQ(reported(), std::make_pair(1, true)) << message << " with payload \"" << hex.data() << '"';
-        }
+    // After each message (its payload in hex), the shuffle and repeat modes
+    // each list reports, as "music 1/0 videos 0/0".
+    QStringList reported;
+    const auto send = [&](const char* message, const char* hex) {
+        sendSetup(message, QByteArray::fromHex(hex));
+        reported << QStringLiteral("music %1/%2 videos %3/%4")
+                        .arg(musicSpy.last().at(0).toInt()).arg(musicSpy.last().at(1).toInt())
+                        .arg(videoSpy.last().at(0).toInt()).arg(videoSpy.last().at(1).toInt());
+    };
+    send("MP_MSG_SETUP_CHANGE_SHUFFLE_MUSIC", "00000001");  // a video list ignores the music settings
+    send("MP_MSG_SETUP_CHANGE_SHUFFLE_MUSIC", "00000002");  // albums, the highest mode, is known
+    send("MP_MSG_SETUP_CHANGE_REPEAT_VIDEO", "00000001");
+    send("MP_MSG_SETUP_CHANGE_REPEAT_MUSIC", "00000001");
+    QStringList expected{"music 1/0 videos 0/0", "music 2/0 videos 0/0", "music 2/0 videos 0/1",
+                         "music 2/1 videos 0/1"};
+    // Then nothing changes: another message; payloads one byte short of the
+    // value (they used to read as 0 and switch the modes off) and one byte
+    // past it; shuffle modes above and below the known ones.
+    send("MP_MSG_SOMETHING_ELSE", "00000002");
+    for (const char* message : {"MP_MSG_SETUP_CHANGE_SHUFFLE_MUSIC", "MP_MSG_SETUP_CHANGE_REPEAT_MUSIC"}) {
+        send(message, "000000");
+        send(message, "0000000000");
     }
-    for (const QByteArray& hex : {QByteArray("00000003"), QByteArray("ffffffff"), QByteArray("7fffffff")}) {
-        sendSetup("MP_MSG_SETUP_CHANGE_SHUFFLE_MUSIC", QByteArray::fromHex(hex));
-        EXPECT_EQ(reported(), std::make_pair(1, true)) << "shuffle mode " << hex.data();
-    }
-    EXPECT_EQ(spy.count(), 2 * unreadable.size() + 3) << "every message still reports the modes";
-    EXPECT_EQ(MP_AufContext::shuffle, 1);
+    send("MP_MSG_SETUP_CHANGE_SHUFFLE_MUSIC", "00000003");
+    send("MP_MSG_SETUP_CHANGE_SHUFFLE_MUSIC", "ffffffff");
+    for (int unchanged = 0; unchanged < 7; ++unchanged)
+        expected << "music 2/1 videos 0/1";
+    EXPECT_EQ(reported, expected);
+    EXPECT_EQ(musicSpy.count() + videoSpy.count(), 22) << "every list reports on every message";
+    EXPECT_EQ(MP_AufContext::shuffle, 2);
     EXPECT_TRUE(MP_AufContext::isRepeat);
 }
 
@@ -322,7 +260,6 @@ TEST_F(MP_AufListAlbumTest, WithoutAFirstSong_PlaysEveryAlbumWholeOnceAndRetrace
     EXPECT_EQ(QSet<QString>(forward.begin(), forward.end()).size(), 17) << "every song exactly once";
     const QStringList order = albumRuns(forward);
     EXPECT_EQ(order.size(), 6) << "each album in one piece";
-    EXPECT_EQ(QSet<QString>(order.begin(), order.end()).size(), 6);
     EXPECT_EQ(forward.first().section(' ', 1).toInt(), 1);
 
     QStringList back = walk(list, -1);
@@ -335,11 +272,10 @@ TEST_F(MP_AufListAlbumTest, FirstAlbumPlaysFirstFromTheFirstSong_IsSkippedLater_
     setModes(MP_AufList::ShuffleAlbums, false);
     // Whole-list position 10 is "Delta 2".
     MP_AufList list(QString(), QString(), QString(), QString(), 2, 10, QStringLiteral("Delta"));
-    EXPECT_EQ(titleOf(list.getCurrent()), "Delta 2");
     const QStringList forward = walk(list);
     EXPECT_EQ(forward.mid(0, 4), (QStringList{"Delta 2", "Delta 3", "Delta 4", "Delta 5"}));
+    // Fourteen songs in five albums: the first album does not come round again.
     EXPECT_EQ(forward.size(), 14);
-    EXPECT_EQ(forward.filter("Delta").size(), 4) << "the first album does not come round again";
     EXPECT_EQ(albumRuns(forward).size(), 5);
 
     MP_AufList again(QString(), QString(), QString(), QString(), 2, 10, QStringLiteral("Delta"));
@@ -361,7 +297,6 @@ TEST_F(MP_AufListAlbumTest, SwitchedOnWhileAnotherAlbumPlays_GoesOnFromThePlayin
     ASSERT_EQ(titleOf(list.getCurrent()), "Bravo 2");
     QSignalSpy changed(&list, SIGNAL(signalCurrentChanged()));
     list.updateShuffle(MP_AufList::ShuffleAlbums);
-    EXPECT_EQ(titleOf(list.getCurrent()), "Bravo 2");
     EXPECT_EQ(changed.count(), 0) << "the same song plays on";
     const QStringList forward = walk(list);
     EXPECT_EQ(forward.mid(0, 3), (QStringList{"Bravo 2", "Bravo 3", "Bravo 4"}));
@@ -377,7 +312,6 @@ TEST_F(MP_AufListAlbumTest, DatabaseChange_KeepsTheAlbumThatPlays)
     QSignalSpy updated(&list, SIGNAL(signalListUpdate(int, bool)));
     addSong(QStringLiteral("Zulu 1"), QStringLiteral("Zulu"), 1);  // another album, elsewhere in the list
     ASSERT_TRUE(waitUntil([&] { return updated.count() > 0; }, 3000));
-    EXPECT_EQ(titleOf(list.getCurrent()), "Delta 1");
     const QStringList forward = walk(list);
     EXPECT_EQ(forward.mid(0, 5), (QStringList{"Delta 1", "Delta 2", "Delta 3", "Delta 4", "Delta 5"}));
     EXPECT_EQ(forward.size(), 16) << "then every other album once, the new one too";
@@ -443,7 +377,7 @@ protected:
     QString playing;
 };
 
-TEST_P(MP_AufListChangeTest, CurrentSongDeleted_MovesOnToAnotherSong)
+TEST_P(MP_AufListChangeTest, CurrentSongDeleted_MovesOnToAnotherSong_AnEmptiedSelectionReportsAnEmptyList)
 {
     QSignalSpy changed(list.get(), SIGNAL(signalCurrentChanged()));
     ASSERT_TRUE(database->removeMedia(idOf(playing)));
@@ -454,6 +388,11 @@ TEST_P(MP_AufListChangeTest, CurrentSongDeleted_MovesOnToAnotherSong)
     if (GetParam() == MP_AufList::ShuffleOff) {
         EXPECT_EQ(titleOf(list->getCurrent()), "Song 3") << "the next song in list order";
     }
+
+    for (quint32 id : ids)
+        database->removeMedia(id);
+    ASSERT_TRUE(waitUntil([&] { return changed.count() > 1 && list->count() == 0; }, 3000));
+    EXPECT_TRUE(list->getCurrent().isNull());
 }
 
 TEST_P(MP_AufListChangeTest, OtherSongsRemovedOrAdded_TheSameSongPlaysOn)
@@ -478,15 +417,6 @@ TEST_P(MP_AufListChangeTest, OtherSongsRemovedOrAdded_TheSameSongPlaysOn)
     EXPECT_EQ(changed.count(), 0);
 }
 
-TEST_P(MP_AufListChangeTest, SelectionEmptied_ReportsAnEmptyList)
-{
-    QSignalSpy changed(list.get(), SIGNAL(signalCurrentChanged()));
-    for (quint32 id : ids)
-        database->removeMedia(id);
-    ASSERT_TRUE(waitUntil([&] { return changed.count() > 0 && list->count() == 0; }, 3000));
-    EXPECT_TRUE(list->getCurrent().isNull());
-}
-
 INSTANTIATE_TEST_SUITE_P(EachShuffleMode, MP_AufListChangeTest,
                          ::testing::Values(MP_AufList::ShuffleOff, MP_AufList::ShuffleSongs, MP_AufList::ShuffleAlbums));
 
@@ -507,7 +437,6 @@ TEST_F(MP_AufListTest, RemoveItem_TakesTheCurrentOutOfItsGroupOrDeletesItsFile)
     MP_AufList playList(group, METADATA_GROUP_USER, 2, 1, QString());
     EXPECT_EQ(titleOf(playList.getCurrent()), "song0");
     EXPECT_FALSE(playList.removeItem(0)) << "only the current entry can be removed";
-    EXPECT_TRUE(journalLines("metadata", "metadataRemoveItemsFromGroup").isEmpty());
     EXPECT_FALSE(playList.removeItem(1)) << "removal reports false: the list changes when the database says so";
     const QList<QJsonObject> removals = journalLines("metadata", "metadataRemoveItemsFromGroup");
     ASSERT_EQ(removals.size(), 1);
@@ -515,7 +444,6 @@ TEST_F(MP_AufListTest, RemoveItem_TakesTheCurrentOutOfItsGroupOrDeletesItsFile)
     EXPECT_EQ(record.value("groupId").toInt(), int(group));
     EXPECT_EQ(record.value("positions").toArray(), QJsonArray{1});
     EXPECT_TRUE(QFile::exists(dataPath("files/song0.mp3"))) << "the file stays";
-    EXPECT_EQ(database->groupMembers(group).size(), 2);
     // The whole play list deleted: nothing of it is served any more.
     QSignalSpy emptied(&playList, SIGNAL(signalCurrentChanged()));
     ASSERT_TRUE(database->removeGroup(group));

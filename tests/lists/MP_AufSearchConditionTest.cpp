@@ -31,18 +31,24 @@ QStringList filtersOf(const MetadataSearchMediaRequest& request)
     return filters;
 }
 
+// The rest of the request: "list TYPE sort KEY/DIRECTION storage N grouping N
+// take TYPE,TYPE page FIRST+COUNT".
+QString shapeOf(const MetadataSearchMediaRequest& request)
+{
+    QStringList candidates;
+    for (uint32_t i = 0; i < request.candidateCount; ++i)
+        candidates.append(QString::number(request.candidates[i]));
+    return QStringLiteral("list %1 sort %2/%3 storage %4 grouping %5 take %6 page %7+%8")
+        .arg(request.listTypes[0]).arg(request.sort->key).arg(request.sort->direction).arg(request.storageLocation)
+        .arg(request.groupingFlag).arg(candidates.join(',')).arg(request.firstIndex).arg(request.resultCount);
+}
+
 struct ConditionCase {
     const char* name;
     MakeRequest make;
-    uint32_t listType;
     QStringList filters;
-    const char* sort;         // key/direction
-    int storage;
-    uint32_t grouping;
-    const char* candidates;   // types, comma-separated
-    int count;
-    int start;
-    QByteArray trace;
+    QByteArray shape;
+    QByteArray trace = {};  // what is traced, if anything
 };
 
 MakeRequest music(QString artist, QString album, QString genre, QString composer,
@@ -79,24 +85,27 @@ TEST(MP_AufSearchConditionTest, EachSelection_AsksTheDatabaseForItsFiltersSortAn
     const auto items = [](int start, int count) {
         return [=](Condition& c) { return c.getRequest(start, count, false); };
     };
-    // name, request, list type, filters, sort, storage, grouping, candidates, count, start, trace
+    // The library's songs sorted by title, a page at a time; the videos all at once, newest first.
+    const auto songs = [](const char* page) {
+        return QByteArray("list 0 sort 0/0 storage 1 grouping 0 take 0,2 page ") + page;
+    };
+    const QByteArray videos = "list 2 sort 10/1 storage 0 grouping 0 take 0,2 page 0+1";
     const ConditionCase cases[] = {
-        {"every song", music(kNull, kNull, kNull, kNull, items(20, 10)),
-         0u, {"2/2/0/null"}, "0/0", 1, 0, "0,2", 10, 20, ""},
+        {"every song", music(kNull, kNull, kNull, kNull, items(20, 10)), {"2/2/0/null"}, songs("20+10")},
         {"all four, ids only",
          music("Aurora Lane", QString::fromUtf8("Kvöldljóð"), "Pop", "Edda",
                [](Condition& c) { return c.getRequest(0, 0, true); }),
-         0u, {"9/0/12/Aurora Lane", QString::fromUtf8("12/0/13/Kvöldljóð"), "11/0/4/Pop", "10/0/5/Edda"},
-         "9/0", 1, 0, "0", 0, 0, ""},
-        {"empty album is a filter but sorts by title", music(kNull, "", kNull, kNull, items(0, 5)),
-         0u, {"12/0/1/"}, "0/0", 1, 0, "0,2", 5, 0, ""},
+         {"9/0/12/Aurora Lane", QString::fromUtf8("12/0/13/Kvöldljóð"), "11/0/4/Pop", "10/0/5/Edda"},
+         "list 0 sort 9/0 storage 1 grouping 0 take 0 page 0+0"},
+        {"empty album is a filter but sorts by title", music(kNull, "", kNull, kNull, items(0, 5)), {"12/0/1/"},
+         songs("0+5")},
         {"album restriction adds one filter",
          music("Aurora Lane", kNull, kNull, kNull,
                [](Condition& c) {
                    c.setAlbum("Paper Boats");
                    return c.getRequest(4, 2, false);
                }),
-         0u, {"9/0/12/Aurora Lane", "12/0/12/Paper Boats"}, "0/0", 1, 0, "0,2", 2, 4, ""},
+         {"9/0/12/Aurora Lane", "12/0/12/Paper Boats"}, songs("4+2")},
         {"null album lifts the restriction",
          music("Aurora Lane", kNull, kNull, kNull,
                [](Condition& c) {
@@ -104,14 +113,14 @@ TEST(MP_AufSearchConditionTest, EachSelection_AsksTheDatabaseForItsFiltersSortAn
                    c.setAlbum(kNull);
                    return c.getRequest(0, 10, false);
                }),
-         0u, {"9/0/12/Aurora Lane"}, "0/0", 1, 0, "0,2", 10, 0, ""},
+         {"9/0/12/Aurora Lane"}, songs("0+10")},
         {"album names replace the restriction",
          music("Aurora Lane", kNull, kNull, kNull,
                [](Condition& c) {
                    c.setAlbum("Paper Boats");
                    return c.getAlbumsRequest(1, 3);
                }),
-         0u, {"9/0/12/Aurora Lane", "12/2/0/null"}, "8/0", 1, 1, "20", 3, 1, ""},
+         {"9/0/12/Aurora Lane", "12/2/0/null"}, "list 0 sort 8/0 storage 1 grouping 1 take 20 page 1+3"},
         {"the restriction returns with setAlbum",
          music(kNull, kNull, "Pop", kNull,
                [](Condition& c) {
@@ -119,7 +128,7 @@ TEST(MP_AufSearchConditionTest, EachSelection_AsksTheDatabaseForItsFiltersSortAn
                    c.setAlbum("Afterglow");
                    return c.getRequest(0, 10, false);
                }),
-         0u, {"11/0/4/Pop", "12/0/10/Afterglow"}, "0/0", 1, 0, "0,2", 10, 0, ""},
+         {"11/0/4/Pop", "12/0/10/Afterglow"}, songs("0+10")},
         {"the restriction outlives an album-name request",
          music("Aurora Lane", kNull, kNull, kNull,
                [](Condition& c) {
@@ -127,20 +136,21 @@ TEST(MP_AufSearchConditionTest, EachSelection_AsksTheDatabaseForItsFiltersSortAn
                    c.getAlbumsRequest(0, 0);
                    return c.getRequest(0, 10, false);
                }),
-         0u, {"9/0/12/Aurora Lane", "12/0/12/Paper Boats"}, "0/0", 1, 0, "0,2", 10, 0, ""},
+         {"9/0/12/Aurora Lane", "12/0/12/Paper Boats"}, songs("0+10")},
         {"the album of one entry", music(kNull, kNull, "Pop", kNull, [](Condition& c) {
              return c.getEntryAlbumRequest(5);
          }),
-         0u, {"11/0/4/Pop"}, "0/0", 1, 0, "20", 1, 5, ""},
-        {"user group", group(7, 0), 5u, {"18/0/4/#7"}, "11/0", 2, 0, "0,2", 10, 3, ""},
-        {"play history", group(2, 2), 7u, {"18/0/4/#2"}, "11/0", 2, 0, "0,2", 10, 3, ""},
-        {"unsupported group type searches a user group", group(9, 1), 5u, {"18/0/4/#9"}, "11/0", 2, 0, "0,2", 10, 3,
+         {"11/0/4/Pop"}, "list 0 sort 0/0 storage 1 grouping 0 take 20 page 5+1"},
+        {"user group", group(7, 0), {"18/0/4/#7"}, "list 5 sort 11/0 storage 2 grouping 0 take 0,2 page 3+10"},
+        {"play history", group(2, 2), {"18/0/4/#2"}, "list 7 sort 11/0 storage 2 grouping 0 take 0,2 page 3+10"},
+        {"unsupported group type searches a user group", group(9, 1), {"18/0/4/#9"},
+         "list 5 sort 11/0 storage 2 grouping 0 take 0,2 page 3+10",
          "[MP_AufSearchCondition] Error!!! Unsupported group type: 1\n"},
-        {"all videos", video("All", kNull), 2u, {"2/2/0/null"}, "10/1", 0, 0, "0,2", 1, 0, ""},
-        {"captured videos", video("Captured", kNull), 2u, {"16/0/4/#0"}, "10/1", 0, 0, "0,2", 1, 0, ""},
-        {"downloaded videos", video("Downloaded", kNull), 2u, {"16/0/4/#1"}, "10/1", 0, 0, "0,2", 1, 0, ""},
-        {"videos by date", video("By Date", "2024-05"), 2u, {"14/0/8/2024-05"}, "10/1", 0, 0, "0,2", 1, 0, ""},
-        {"selection types are case-sensitive", video("all", kNull), 2u, {}, "10/1", 0, 0, "0,2", 1, 0,
+        {"all videos", video("All", kNull), {"2/2/0/null"}, videos},
+        {"captured videos", video("Captured", kNull), {"16/0/4/#0"}, videos},
+        {"downloaded videos", video("Downloaded", kNull), {"16/0/4/#1"}, videos},
+        {"videos by date", video("By Date", "2024-05"), {"14/0/8/2024-05"}, videos},
+        {"selection types are case-sensitive", video("all", kNull), {}, videos,
          "[MP_AufSearchCondition] Error!!! Invalid selectionType: all!\n"},
     };
     for (const ConditionCase& row : cases) {
@@ -149,21 +159,10 @@ TEST(MP_AufSearchConditionTest, EachSelection_AsksTheDatabaseForItsFiltersSortAn
         std::unique_ptr<Condition> condition;
         const MetadataSearchMediaRequest* request = row.make(condition);
         ASSERT_NE(request, nullptr);
-        ASSERT_EQ(request->listTypeCount, 1u);
-        EXPECT_EQ(request->listTypes[0], row.listType);
+        ASSERT_EQ(request->listTypeCount * 10 + request->sortCount, 11u);
         EXPECT_EQ(filtersOf(*request), row.filters);
-        ASSERT_EQ(request->sortCount, 1u);
-        EXPECT_EQ(QStringLiteral("%1/%2").arg(request->sort->key).arg(request->sort->direction), row.sort);
-        EXPECT_EQ(request->storageLocation, row.storage);
-        EXPECT_EQ(request->reserved1, 0u);
-        EXPECT_EQ(request->groupingFlag, row.grouping);
-        QStringList candidates;
-        for (uint32_t i = 0; i < request->candidateCount; ++i)
-            candidates.append(QString::number(request->candidates[i]));
-        EXPECT_EQ(candidates.join(','), row.candidates);
-        EXPECT_EQ(request->resultCount, row.count);
-        EXPECT_EQ(request->firstIndex, row.start);
-        EXPECT_EQ(request->reserved2, 1u);
+        EXPECT_EQ(shapeOf(*request).toUtf8(), row.shape);
+        EXPECT_EQ(request->reserved1 * 10 + request->reserved2, 1u);
         EXPECT_EQ(trace.text(), row.trace);
     }
 }

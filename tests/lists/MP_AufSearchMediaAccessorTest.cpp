@@ -7,7 +7,6 @@
 #include "host/platform/media/database/MediaDatabase.h"
 #include "lists/MP_AufSearchCondition.h"
 #include "platform/Metadata.h"
-#include "tests/lists/TraceCapture.h"
 #include "tests/support/SongBuilder.h"
 #include "tests/support/TestEnvironment.h"
 
@@ -57,73 +56,54 @@ QStringList pathsOf(const QValueList<MP_AUF_ITEM>& items)
 
 } // namespace
 
-TEST_F(MP_AufSearchMediaAccessorTest, CountsFetchesIdsAndAlbums_AFailedSearchChangesNoContainerAndNoCount)
+TEST_F(MP_AufSearchMediaAccessorTest, CountsFetchesIdsAndAlbums_ABadEntryIsEmpty_AFailedSearchChangesNothing)
 {
     QValueList<MP_AUF_ITEM> items{MP_AUF_ITEM(9, "/kept")};
+    QValueList<unsigned int> ids;
+    QStringList albums{"kept"};
+    const auto state = [&] {
+        QStringList idTexts;
+        for (unsigned int id : ids)
+            idTexts << QString::number(id);
+        return QStringLiteral("%1 songs, %2 albums: ").arg(m_accessor->count()).arg(m_accessor->albumCount())
+            + QStringList{pathsOf(items).join(','), idTexts.join(','), albums.join(',')}.join(" | ");
+    };
+    // A request for no entries counts them and leaves the container as it is.
     EXPECT_TRUE(m_accessor->getItems(0, 0, items));
-    EXPECT_EQ(m_accessor->count(), 3);
-    EXPECT_EQ(pathsOf(items), QStringList({"9 /kept"}));
+    EXPECT_TRUE(m_accessor->getAlbums(0, 0, albums));
+    EXPECT_EQ(state(), "3 songs, 2 albums: 9 /kept |  | kept");
 
     EXPECT_TRUE(m_accessor->getItems(1, 10, items));
-    EXPECT_EQ(pathsOf(items), QStringList({"1 /m/b.mp3", "3 /m/c.mp3"}));
-
-    QValueList<unsigned int> ids;
     EXPECT_TRUE(m_accessor->getIds(0, 2, ids));
-    EXPECT_EQ(ids, (QValueList<unsigned int>{2, 1}));
-    EXPECT_EQ(pathsOf(items), QStringList({"1 /m/b.mp3", "3 /m/c.mp3"}));
-
-    QStringList albums{"kept"};
-    EXPECT_TRUE(m_accessor->getAlbums(0, 0, albums));
-    EXPECT_EQ(m_accessor->albumCount(), 2);
-    EXPECT_EQ(albums, QStringList({"kept"}));
     EXPECT_TRUE(m_accessor->getAlbums(0, 5, albums));
-    EXPECT_EQ(albums, QStringList({"First", "Second"}));
+    EXPECT_EQ(state(), "3 songs, 2 albums: 1 /m/b.mp3,3 /m/c.mp3 | 2,1 | First,Second");
 
+    // A window of one album does not touch the count.
     m_accessor->setAlbum("First");
     EXPECT_TRUE(m_accessor->getItems(5, 10, items));
     EXPECT_TRUE(items.isEmpty());
     EXPECT_TRUE(m_accessor->getItems(0, 10, items));
-    EXPECT_EQ(pathsOf(items), QStringList({"2 /m/a.mp3", "3 /m/c.mp3"}));
-    EXPECT_EQ(m_accessor->count(), 3);  // a window does not touch the count
+    const QString found = state();
+    EXPECT_EQ(found, "3 songs, 2 albums: 2 /m/a.mp3,3 /m/c.mp3 | 2,1 | First,Second");
 
-    int index = 7;
-    EXPECT_FALSE(m_accessor->getIndex(2, index));
-    EXPECT_EQ(index, 0);
-    EXPECT_FALSE(m_accessor->removeItem(0, "/m/a.mp3"));
-
-    // A failed search changes no container and no count.
-    metadataDestroyClient(m_handle);
-    EXPECT_FALSE(m_accessor->getItems(0, 0, items));
-    EXPECT_FALSE(m_accessor->getAlbums(0, 0, albums));
-    EXPECT_FALSE(m_accessor->getItems(0, 10, items));
-    EXPECT_FALSE(m_accessor->getIds(0, 10, ids));
-    EXPECT_FALSE(m_accessor->getAlbums(0, 10, albums));
-    EXPECT_EQ(m_accessor->count(), 3);
-    EXPECT_EQ(m_accessor->albumCount(), 2);
-    EXPECT_EQ(pathsOf(items), QStringList({"2 /m/a.mp3", "3 /m/c.mp3"}));
-    EXPECT_EQ(ids, (QValueList<unsigned int>{2, 1}));
-    EXPECT_EQ(albums, QStringList({"First", "Second"}));
-}
-
-TEST_F(MP_AufSearchMediaAccessorTest, AnEntryWithoutIdOrPathBecomesTheEmptyItem)
-{
+    // An entry without id or path becomes the empty item.
     const MetadataMediaField albumOnly{METADATA_CANDIDATE_ALBUM, 6, {0}};
     MetadataMediaField fields[1] = {albumOnly};
     fields[0].value.text = "First";
     const MetadataMediaInfo info{1, fields};
     MetadataSearchMediaResponse response{1, 1, &info};
-
-    QValueList<MP_AUF_ITEM> items{MP_AUF_ITEM(9, "/old")};
-    ASSERT_TRUE(m_accessor->getItems(0, 1, items));  // sets the item output and window mode
-    TraceCapture trace;
+    QValueList<MP_AUF_ITEM> bad;
+    ASSERT_TRUE(m_accessor->getItems(0, 1, bad));  // sets the item output and window mode
     MP_AufSearchMediaAccessor::AufGetFilterItemCallback(m_accessor.get(), &response);
-    ASSERT_EQ(items.size(), 1);
-    EXPECT_TRUE(items[0].isEmpty());
-    EXPECT_TRUE(items[0].path.isNull());
-    EXPECT_EQ(trace.text(), "[MP_AufSearchMediaAccessor] MP_AufSearchMediaAccessor::getObjectID, failed!\n");
-    EXPECT_EQ(MP_AufSearchMediaAccessor::getAlbumName(&info), "First");
+    ASSERT_EQ(bad.size(), 1);
+    EXPECT_TRUE(bad[0].isEmpty());
+    EXPECT_TRUE(bad[0].path.isNull());
 
-    response.actualNum = 0;
-    MP_AufSearchMediaAccessor::AufGetFilterItemCallback(m_accessor.get(), &response);
-    EXPECT_TRUE(items.isEmpty());
+    // A failed search changes no container and no count.
+    metadataDestroyClient(m_handle);
+    const int succeeded = int(m_accessor->getItems(0, 0, items)) + int(m_accessor->getAlbums(0, 0, albums))
+        + int(m_accessor->getItems(0, 10, items)) + int(m_accessor->getIds(0, 10, ids))
+        + int(m_accessor->getAlbums(0, 10, albums));
+    EXPECT_EQ(succeeded, 0);
+    EXPECT_EQ(state(), found);
 }

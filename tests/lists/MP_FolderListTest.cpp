@@ -5,11 +5,13 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include <climits>
+#include <utility>
 
 #include <gtest/gtest.h>
 
 #include <sys/stat.h>
+
+#include "tests/support/ListSteps.h"
 
 namespace {
 
@@ -49,32 +51,19 @@ protected:
         return result;
     }
 
+    // The files listed, the current one marked with '*'.
+    static QString listed(MP_FolderList& list)
+    {
+        QStringList result = names(list);
+        if (!result.isEmpty())
+            result[list.getCurrentIndex()] += '*';
+        return result.join(' ');
+    }
+
     QTemporaryDir folder;
 };
 
-TEST_F(MP_FolderListTest, ListsTheStartFilesMediaClassInEachSortOrder)
-{
-    MP_FolderList byName(path("b.mp3"), MP_FolderList::SortByName);
-    EXPECT_EQ(names(byName), (QStringList{"A.wav", "b.mp3", "c.MP3", "d.ogg"}));
-    EXPECT_EQ(byName.getCurrentIndex(), 1);
-    EXPECT_EQ(byName.getCurrent(), path("b.mp3"));
-
-    MP_FolderList byTime(path("b.mp3"), MP_FolderList::SortByTime);
-    EXPECT_EQ(names(byTime), (QStringList{"A.wav", "d.ogg", "b.mp3", "c.MP3"})) << "newest first";
-    MP_FolderList bySize(path("b.mp3"), MP_FolderList::SortBySize);
-    EXPECT_EQ(names(bySize), (QStringList{"b.mp3", "c.MP3", "A.wav", "d.ogg"})) << "largest first";
-    MP_FolderList byType(path("b.mp3"), MP_FolderList::SortByType);
-    EXPECT_EQ(names(byType), (QStringList{"b.mp3", "c.MP3", "d.ogg", "A.wav"})) << "by extension, then name";
-    MP_FolderList unknownSort(path("b.mp3"), 42);
-    EXPECT_EQ(names(unknownSort), names(byName));
-
-    MP_FolderList videos(path("clip.mp4"), MP_FolderList::SortByName);
-    EXPECT_EQ(names(videos), QStringList{"clip.mp4"});
-    EXPECT_EQ(videos.getNameFilter().split(';').first(), "*.mp4");
-    EXPECT_EQ(videos.getReservedData(), nullptr);
-}
-
-TEST_F(MP_FolderListTest, ListsOnlyWhatAFileManagerShows)
+TEST_F(MP_FolderListTest, ListsTheStartFilesMediaClassInEachSortOrder_OnlyWhatAFileManagerShows)
 {
     make("._b.mp3", 4096, 0);  // the resource fork a memory card gets from another computer
     make(".hidden.wav", 10, 0);
@@ -82,82 +71,71 @@ TEST_F(MP_FolderListTest, ListsOnlyWhatAFileManagerShows)
     ASSERT_EQ(::mkfifo(QFile::encodeName(path("f.mp3")).constData(), 0600), 0);
     ASSERT_TRUE(QFile::link(path("gone.mp3"), path("g.mp3")));  // a dangling link
 
-    MP_FolderList list(path("b.mp3"), MP_FolderList::SortByName);
-    EXPECT_EQ(names(list), (QStringList{"A.wav", "b.mp3", "c.MP3", "d.ogg"}));
-    EXPECT_EQ(list.getCurrentIndex(), 1);
+    const std::pair<int, const char*> sorts[] = {
+        {MP_FolderList::SortByName, "A.wav b.mp3* c.MP3 d.ogg"},
+        {MP_FolderList::SortByTime, "A.wav d.ogg b.mp3* c.MP3"},  // newest first
+        {MP_FolderList::SortBySize, "b.mp3* c.MP3 A.wav d.ogg"},  // largest first
+        {MP_FolderList::SortByType, "b.mp3* c.MP3 d.ogg A.wav"},  // by extension, then name
+        {42, "A.wav b.mp3* c.MP3 d.ogg"},                         // an unknown order: by name
+    };
+    for (const auto& [sort, expected] : sorts) {
+        MP_FolderList list(path("b.mp3"), sort);
+        EXPECT_EQ(listed(list), expected) << sort;
+    }
+
+    MP_FolderList videos(path("clip.mp4"), MP_FolderList::SortByName);
+    EXPECT_EQ(listed(videos), "clip.mp4*");
+    EXPECT_EQ(videos.getNameFilter().split(';').first(), "*.mp4");
+    EXPECT_EQ(videos.getReservedData(), nullptr);
 }
 
-TEST_F(MP_FolderListTest, Navigation_ClampsIntoTheList)
+TEST_F(MP_FolderListTest, Navigation_ClampsIntoTheList_FromAStartFileMissingOrFilteredOut)
 {
     MP_FolderList list(path("b.mp3"), MP_FolderList::SortByName);
-    list.moveTo(10);
-    EXPECT_EQ(list.getCurrentIndex(), 3);
-    EXPECT_FALSE(list.hasNext());
-    EXPECT_TRUE(list.hasPrevious());
-    list.skipSteps(-5);
-    EXPECT_EQ(list.getCurrentIndex(), 0);
-    EXPECT_FALSE(list.hasPrevious());
-    list.moveTo(1);
-    list.skipSteps(INT_MAX);  // added beyond an int, the step still ends at the end
-    EXPECT_EQ(list.getCurrentIndex(), 3);
-    list.skipSteps(INT_MIN);
-    EXPECT_EQ(list.getCurrentIndex(), 0);
+    // Added beyond an int, a step still ends at the end.
+    EXPECT_EQ(listSteps(list, {"@10", "-5", "@1", "+2147483647", "-2147483648"}), "<3 0> <1> <3 0>");
     EXPECT_TRUE(list.getItem(4).isNull());
     EXPECT_TRUE(list.getItem(-1).isNull());
-}
 
-TEST_F(MP_FolderListTest, StartFileMissingFilteredOrUnknown)
-{
+    // A start file that is missing plays the first; one of no media class lists nothing.
     MP_FolderList missing(path("zz.mp3"), MP_FolderList::SortByName);
-    EXPECT_EQ(missing.count(), 4u);
-    EXPECT_EQ(missing.getCurrentIndex(), 0);
+    EXPECT_EQ(listed(missing), "A.wav* b.mp3 c.MP3 d.ogg");
 
-    // Exists but is of no media class: nothing is listed.
     MP_FolderList filtered(path("notes.txt"), MP_FolderList::SortByName);
     EXPECT_EQ(filtered.getNameFilter(), "");
     EXPECT_EQ(filtered.count(), 0u);
     EXPECT_TRUE(filtered.getCurrent().isNull());
-    EXPECT_FALSE(filtered.hasNext());
-    EXPECT_FALSE(filtered.hasPrevious());
-    filtered.moveTo(3);
-    EXPECT_EQ(filtered.getCurrentIndex(), 0);
+    EXPECT_EQ(listSteps(filtered, {"@3"}), "0");
 }
 
 TEST_F(MP_FolderListTest, RemoveItem_DeletesTheFileAndKeepsTheIndexInside)
 {
-    MP_FolderList list(path("c.MP3"), MP_FolderList::SortByName);  // [A, b, c, d], current c
-    ASSERT_EQ(list.getCurrentIndex(), 2);
-
-    EXPECT_TRUE(list.removeItem(0));  // before the current: it stays on its file
+    MP_FolderList list(path("c.MP3"), MP_FolderList::SortByName);
+    // Before the current: it stays on its file. The current: the next takes
+    // its place, or the new last one when it was the last.
+    QStringList steps;
+    for (int index : {0, 1, 1, 0}) {
+        EXPECT_TRUE(list.removeItem(index)) << index;
+        steps << listed(list);
+    }
+    EXPECT_EQ(steps, QStringList({"b.mp3 c.MP3* d.ogg", "b.mp3 d.ogg*", "b.mp3*", ""}));
     EXPECT_FALSE(QFile::exists(path("A.wav")));
-    EXPECT_EQ(list.getCurrent(), path("c.MP3"));
-    EXPECT_EQ(list.getCurrentIndex(), 1);
-
-    EXPECT_TRUE(list.removeItem(2));  // after the current: it stays
-    EXPECT_EQ(list.getCurrent(), path("c.MP3"));
-
-    list.moveTo(0);
-    EXPECT_TRUE(list.removeItem(0));  // the current: the next takes its place
-    EXPECT_EQ(list.getCurrent(), path("c.MP3"));
-
-    EXPECT_TRUE(list.removeItem(0));  // the current and last: the list is empty, index 0
-    EXPECT_EQ(list.count(), 0u);
     EXPECT_EQ(list.getCurrentIndex(), 0);
     EXPECT_TRUE(list.getCurrent().isNull());
     EXPECT_FALSE(list.removeItem(0));
 }
 
-TEST_F(MP_FolderListTest, RemoveItem_FailedDeletionChangesNothing_RemovingTheLastPlaysTheNewLast)
+TEST_F(MP_FolderListTest, RemoveItem_OfAFileGoneOrReplacedBehindTheListsBack_ChangesNothing)
 {
     MP_FolderList list(path("b.mp3"), MP_FolderList::SortByName);
-    QFile::remove(path("A.wav"));  // gone behind the list's back
+    QFile::remove(path("A.wav"));
     EXPECT_FALSE(list.removeItem(0));
-    EXPECT_EQ(list.count(), 4u);
-    EXPECT_EQ(list.getCurrent(), path("b.mp3"));
-
-    list.moveTo(3);
-    EXPECT_TRUE(list.removeItem(3));
-    EXPECT_EQ(list.getCurrent(), path("c.MP3"));
+    // Another file under the listed name is not the one the user chose to delete.
+    ASSERT_TRUE(QFile::remove(path("b.mp3")));
+    make("b.mp3", 7, 0);
+    EXPECT_FALSE(list.removeItem(1));
+    EXPECT_TRUE(QFile::exists(path("b.mp3")));
+    EXPECT_EQ(listed(list), "A.wav b.mp3* c.MP3 d.ogg");
 }
 
 } // namespace

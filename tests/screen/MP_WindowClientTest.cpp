@@ -64,6 +64,15 @@ protected:
 
     QString rightKey() { return engine.widget.getSoftKey(false)->text(1); }
 
+    /** Which of @p ids the menu shows, e.g. "1005 -1006" (a minus: hidden). */
+    static QString shown(const VmOptionsMenu& menu, std::initializer_list<int> ids)
+    {
+        QStringList result;
+        for (int id : ids)
+            result << (menu.isItemVisible(id) ? QString::number(id) : QStringLiteral("-%1").arg(id));
+        return result.join(' ');
+    }
+
     FakeScreenEngine engine;
     QString writable;
     std::unique_ptr<MP_WindowClient> client;
@@ -71,24 +80,6 @@ protected:
 };
 
 } // namespace
-
-TEST_F(MP_WindowClientTest, ScreenLookupAndNames)
-{
-    MP_WindowClient& screen = makeClient();
-    const int expected[2][4] = {{0, 4, 2, 6}, {1, 5, 3, 7}};
-    for (int content = 1; content <= 2; ++content) {
-        for (int medium = 0; medium <= 3; ++medium) {
-            engine.content = content;
-            engine.medium = medium;
-            EXPECT_EQ(screen.getCurrentScreenIndex(), expected[content - 1][medium]) << content << "/" << medium;
-        }
-    }
-    engine.content = MP_CONTENT_UNKNOWN;
-    EXPECT_EQ(screen.getCurrentScreenIndex(), -1);
-    EXPECT_EQ(screen.getScreenName(7), QStringLiteral("pd_video"));
-    EXPECT_TRUE(screen.getScreenName(8).isNull());
-    EXPECT_TRUE(screen.getScreenName(-1).isNull());
-}
 
 TEST_F(MP_WindowClientTest, MenuIsMadeOnceAndBuiltPerScreen)
 {
@@ -99,24 +90,28 @@ TEST_F(MP_WindowClientTest, MenuIsMadeOnceAndBuiltPerScreen)
     EXPECT_EQ(screen.getMenu(), menu) << "a second report makes no second menu";
     EXPECT_EQ(engine.widget.getSoftKey(false)->text(0), QStringLiteral("Options"));
     EXPECT_EQ(engine.widget.getSoftKey(false)->optMenu(0), menu);
-    EXPECT_EQ(rightKey(), QStringLiteral("Back"));
 
+    // Each kind of content by each medium has its screen, and every item of
+    // every screen connects to a command the client has.
+    QStringList screens;
+    for (int content = MP_CONTENT_SOUND; content <= MP_CONTENT_VIDEO; ++content) {
+        for (int medium = MP_MEDIUM_LOCAL; medium <= MP_MEDIUM_TRANSFER_SESSION; ++medium) {
+            const QString name = open(content, medium).menuName();
+            screens << QStringLiteral("%1:%2").arg(screen.getCurrentScreenIndex()).arg(name);
+            EXPECT_FALSE(menu->itemIds().isEmpty()) << content << "/" << medium;
+        }
+    }
+    EXPECT_EQ(screens.join(' '), "0:sound_control 4:stream_sound 2:pd_sound 6:pd_sound "
+                                  "1:video_control 5:stream_video 3:pd_video 7:pd_video");
+    EXPECT_FALSE(traces.text().contains("cannot run")) << traces.text().constData();
     open(MP_CONTENT_SOUND, MP_MEDIUM_LOCAL);
-    EXPECT_EQ(menu->menuName(), QStringLiteral("sound_control"));
     EXPECT_EQ(menu->itemText(1011), QStringLiteral("Memory Card")) << "the table's text, not the parser's";
     open(MP_CONTENT_VIDEO, MP_MEDIUM_LOCAL);
-    EXPECT_EQ(menu->menuName(), QStringLiteral("video_control"));
     EXPECT_EQ(menu->itemText(2009), QStringLiteral("100(%)"));
-    open(MP_CONTENT_SOUND, MP_MEDIUM_TRANSFER_SESSION);
-    EXPECT_EQ(menu->menuName(), QStringLiteral("pd_sound"));
     open(MP_CONTENT_UNKNOWN, MP_MEDIUM_LOCAL);
     EXPECT_TRUE(menu->itemIds().isEmpty()) << "no screen, no items";
-    // Every item of every screen connects to a command the client has.
-    for (int content = MP_CONTENT_SOUND; content <= MP_CONTENT_VIDEO; ++content) {
-        for (int medium = MP_MEDIUM_LOCAL; medium <= MP_MEDIUM_TRANSFER_SESSION; ++medium)
-            EXPECT_FALSE(open(content, medium).itemIds().isEmpty()) << content << "/" << medium;
-    }
-    EXPECT_FALSE(traces.text().contains("cannot run")) << traces.text().constData();
+    EXPECT_TRUE(screen.getScreenName(8).isNull());
+    EXPECT_TRUE(screen.getScreenName(-1).isNull());
 }
 
 TEST_F(MP_WindowClientTest, DeleteAndRemoveFollowTheItemThatPlaysAndTheList)
@@ -127,8 +122,7 @@ TEST_F(MP_WindowClientTest, DeleteAndRemoveFollowTheItemThatPlaysAndTheList)
     engine.list = &list;
     MP_WindowClient& screen = makeClient();
     VmOptionsMenu& menu = open(MP_CONTENT_SOUND, MP_MEDIUM_LOCAL);
-    EXPECT_TRUE(menu.isItemVisible(1005)) << "a writable folder of a library list";
-    EXPECT_FALSE(menu.isItemVisible(1006));
+    EXPECT_EQ(shown(menu, {1005, 1006}), "1005 -1006") << "a writable folder of a library list";
 
     // The next song is preloaded: same screen, so the menu is not rebuilt,
     // but the rules follow the item as soon as the engine reports the step.
@@ -139,62 +133,50 @@ TEST_F(MP_WindowClientTest, DeleteAndRemoveFollowTheItemThatPlaysAndTheList)
     open(MP_CONTENT_SOUND, MP_MEDIUM_LOCAL);
     EXPECT_TRUE(menu.isItemVisible(1005)) << "decided again at every opening";
 
+    // At once: a user list offers Remove wherever the file lies, never Delete.
     screen.setUserList(true);
-    EXPECT_FALSE(menu.isItemVisible(1005)) << "at once: a user list never offers Delete";
-    EXPECT_TRUE(menu.isItemVisible(1006)) << "a user list offers Remove wherever the file lies";
-    screen.setUserList(false);
-    EXPECT_TRUE(menu.isItemVisible(1005));
-    EXPECT_FALSE(menu.isItemVisible(1006)) << "a library list deletes files: no Remove";
+    EXPECT_EQ(shown(menu, {1005, 1006}), "-1005 1006");
 
-    // A single file plays without a list: nothing to delete it from or remove it from.
+    // A single file plays without a list: nothing to remove it from (in a
+    // user list) or delete it from (in a library list).
     engine.list = nullptr;
     open(MP_CONTENT_VIDEO, MP_MEDIUM_LOCAL);
+    EXPECT_FALSE(menu.isItemVisible(2006));
+    screen.setUserList(false);
     EXPECT_FALSE(menu.isItemVisible(2005));
-    EXPECT_FALSE(menu.isItemVisible(2006));
-    screen.setUserList(true);
-    EXPECT_FALSE(menu.isItemVisible(2006));
 }
 
-TEST_F(MP_WindowClientTest, FeatureBitsAndTheFileDecideTheLocalItems)
+TEST_F(MP_WindowClientTest, FeatureBitsAndTheFileDecideTheItems)
 {
     HostPhone::setFlexBit(149, true);
     HostPhone::setFlexBit(512, true);
     makeClient();
+    // The blog bit is set; the file is not of the media library, and there is no memory card.
     VmOptionsMenu& menu = open(MP_CONTENT_SOUND, MP_MEDIUM_LOCAL);
-    EXPECT_TRUE(menu.isItemVisible(1010)) << "blog bit set";
-    EXPECT_FALSE(menu.isItemVisible(1019)) << "not a file of the media library";
-    EXPECT_FALSE(menu.isItemVisible(1014));
-    EXPECT_FALSE(menu.isItemVisible(1011)) << "no memory card";
+    EXPECT_EQ(shown(menu, {1010, 1019, 1014, 1011}), "1010 -1019 -1014 -1011");
 
     auto database = MediaDatabase::open(MediaDatabase::defaultFile());
     database->addMedia(song(engine.path).title("A"));
     QDir().mkpath(HostStorage::memoryCardPath());
     engine.path = dataPath("missing.mp3");
     open(MP_CONTENT_SOUND, MP_MEDIUM_LOCAL);
-    EXPECT_FALSE(menu.isItemVisible(1015)) << "a missing file cannot ring";
-    EXPECT_TRUE(menu.isItemVisible(1011)) << "the card is checked at every opening";
+    // A missing file cannot ring; the card is checked at every opening.
+    EXPECT_EQ(shown(menu, {1015, 1011}), "-1015 1011");
 
     HostPhone::setFlexBit(149, false);
     HostPhone::setFlexBit(512, false);
     engine.path = writable + "/a.mp3";
     makeClient();
     VmOptionsMenu& plain = open(MP_CONTENT_SOUND, MP_MEDIUM_LOCAL);
-    EXPECT_FALSE(plain.isItemVisible(1010));
-    EXPECT_TRUE(plain.isItemVisible(1019));
-    EXPECT_TRUE(plain.isItemVisible(1014));
-    EXPECT_TRUE(plain.isItemVisible(1015)) << "without the check Ringtone stays";
-}
+    EXPECT_EQ(shown(plain, {1010, 1019, 1014, 1015}), "-1010 1019 1014 1015")
+        << "without the check Ringtone stays";
 
-TEST_F(MP_WindowClientTest, BookmarkBitHidesBothBookmarkItems)
-{
-    makeClient();
-    VmOptionsMenu& menu = open(MP_CONTENT_SOUND, MP_MEDIUM_STREAM);
-    EXPECT_TRUE(menu.isItemVisible(6003));
-    EXPECT_FALSE(menu.isItemVisible(6002)) << "nothing saved to edit";
+    // Nothing saved to edit; then the bookmark bit, read at every build, hides both bookmark items.
+    open(MP_CONTENT_SOUND, MP_MEDIUM_STREAM);
+    EXPECT_EQ(shown(plain, {6003, 6002}), "6003 -6002");
     HostPhone::setFlexBit(492, true);
     open(MP_CONTENT_VIDEO, MP_MEDIUM_STREAM);
-    EXPECT_FALSE(menu.isItemVisible(7002)) << "the bit is read at every build";
-    EXPECT_FALSE(menu.isItemVisible(7001));
+    EXPECT_EQ(shown(plain, {7002, 7001}), "-7002 -7001");
 }
 
 TEST_F(MP_WindowClientTest, DynamicItemsTakeTheRegisteredActions_ReplacedAndRemovedById)
@@ -222,14 +204,13 @@ TEST_F(MP_WindowClientTest, DownloadStateDrivesKeysAndItemsOnce)
 {
     MP_WindowClient& screen = makeClient();
     VmOptionsMenu& menu = open(MP_CONTENT_SOUND, MP_MEDIUM_PROGRESSIVE_DOWNLOAD);
-    EXPECT_FALSE(menu.isItemVisible(4001));
-    EXPECT_TRUE(menu.isItemEnabled(4004));
+    const auto state = [&] {
+        return shown(menu, {4001}) + (menu.isItemEnabled(4004) ? " 4004" : " off 4004") + ' ' + rightKey();
+    };
+    EXPECT_EQ(state(), "-4001 4004 Back");
 
     screen.updateListInfo(nullptr);
-    EXPECT_TRUE(screen.isDownloading());
-    EXPECT_TRUE(menu.isItemVisible(4001));
-    EXPECT_FALSE(menu.isItemEnabled(4004));
-    EXPECT_EQ(rightKey(), QStringLiteral("Cancel"));
+    EXPECT_EQ(state(), "4001 off 4004 Cancel");
 
     // A second report of the same state leaves what was changed meanwhile.
     menu.setItemVisible(4001, false);
@@ -251,14 +232,10 @@ TEST_F(MP_WindowClientTest, TransferSessionStartsAtTheFirstProgressAndCancels)
     MP_WindowClient& screen = makeClient();
     screen.updateDownloadProgress(30, 500);
     screen.updateDownloadProgress(60, 900);
-    EXPECT_EQ(Journal::callsWithArgs(journal(), {"service"}),
-              MessageLines({"service:DLM_TransSession::DLM_TransSession [0,0]",
-                            R"(service:DLM_TransSession::registerTransObjs [[{"destination":")" + engine.path.toStdString()
-                                + R"(","kind":0,"mode":1,"name":"","reserved":[0,0],"size":0,"source":"Song"}],1])",
-                            "service:DLM_TransSession::startSession [0]",
-                            "service:DLM_TransSession::transObjProgress [500,30,0]",
-                            "service:DLM_TransSession::transObjProgress [900,60,0]"}))
-        << "started once; the total goes first";
+    // The session's own calls are its test's; started once, the total goes first.
+    EXPECT_EQ(journalLines("service", "DLM_TransSession::startSession").size(), 1);
+    EXPECT_EQ(journalArgs("service", "DLM_TransSession::transObjProgress"),
+              (QList<QJsonArray>{{500, 30, 0}, {900, 60, 0}}));
 
     ASSERT_TRUE(HostDownloadManager::cancelNewest());
     EXPECT_TRUE(traces.text().contains("MP_WindowClient::onFTSignalCancelFromDLM\n"));

@@ -29,7 +29,7 @@ std::string done(int cause)
 
 } // namespace
 
-TEST_F(MP_DLMSessionTest, NothingIsReportedBeforeTheStart)
+TEST_F(MP_DLMSessionTest, NothingIsReportedBeforeTheStart_ThenOneObjectAndTheCauseOnlyWithTheObject)
 {
     MP_DLMSession session("", "", nullptr, nullptr);
     session.transObjProgress(10, 20, 0);
@@ -37,11 +37,7 @@ TEST_F(MP_DLMSessionTest, NothingIsReportedBeforeTheStart)
     session.sessionDone(1, 0);
     EXPECT_TRUE(serviceCalls().empty());
     EXPECT_FALSE(HostDownloadManager::cancelNewest()) << "no platform session was opened";
-}
 
-TEST_F(MP_DLMSessionTest, StartRegistersOneObjectAndDoneSendsTheCauseOnlyWithTheObject)
-{
-    MP_DLMSession session("", "", nullptr, nullptr);
     session.sessionStart("Song", "/dl/a.mp3");
     session.transObjProgress(40, 1000, 0);
     session.sessionDone(1, 7);
