@@ -1,13 +1,16 @@
+#include "host/platform/HostJournal.h"
 #include "host/platform/display/HostDisplay.h"
 #include "host/platform/phone/HostPhone.h"
 #include "platform/MP_CommonPlayer.h"
+#include "tests/support/Journal.h"
 #include "tests/support/MainWindowFixture.h"
+#include "tests/support/Payload.h"
 
 namespace {
 
 using MP_MainWindowFlipTest = MainWindowFixture;
 
-TEST_F(MP_MainWindowFlipTest, FlipClosedBeforeTheEngine_TheEngineComesWithTheDisplayClient)
+TEST_F(MP_MainWindowFlipTest, FlipClosedBeforeTheEngine_TheEngineComesWithTheDisplayClient_EveryClientGoesBeforeIt)
 {
     create(QStringLiteral("/music/song.mp3"));
     // No engine yet: the flip is noted, and nothing else can happen.
@@ -17,16 +20,23 @@ TEST_F(MP_MainWindowFlipTest, FlipClosedBeforeTheEngine_TheEngineComesWithTheDis
 
     ASSERT_TRUE(waitForEngine());
     ASSERT_NE(window->cliClient(), nullptr);
-    const QStringList calls = journalCalls();
-    EXPECT_LT(calls.indexOf("engine:MP_CreateCommonPlayer"), calls.indexOf("display:beginSession"));
+    const QStringList made = journalCalls();
+    EXPECT_LT(made.indexOf("engine:MP_CreateCommonPlayer"), made.indexOf("display:beginSession"));
 
-    // The display client goes first when the engine is released.
+    // Every client (the media browser, idle, Bluetooth and screen ones, then the display's, which ends
+    // its session first) unregisters before the engine goes; the idle screen's plug-in is told.
+    HostJournal::startCapture();
     window->freeCommonPlayer();
     EXPECT_EQ(window->cliClient(), nullptr);
-    const QStringList after = journalCalls();
-    EXPECT_EQ(after.mid(after.indexOf("display:endSession")),
-              (QStringList{"display:endSession", "engine:removeListListener", "engine:removePlayerListener",
-                           "engine:MP_DestroyCommonPlayer"}));
+    EXPECT_EQ(window->idleClient(), nullptr);
+    EXPECT_EQ(channelMessages("VEMO/HSFRAMEWORK"),
+              MessageLines{"deactivePlugIn() " + payloadHex(QStringLiteral("IdleMusicPlayer"))});
+    QStringList calls;
+    for (int client = 0; client < 4; ++client)
+        calls << "engine:removeListListener" << "engine:removePlayerListener";
+    calls << "display:endSession" << "engine:removeListListener" << "engine:removePlayerListener"
+          << "engine:MP_DestroyCommonPlayer";
+    EXPECT_EQ(journalCalls(), calls);
 }
 
 TEST_F(MP_MainWindowFlipTest, TheFlipOpeningWhileStopped_LeavesTheDisplayUntilTheNextChange)

@@ -11,7 +11,6 @@ namespace {
 
 const std::string kName = payloadHex(QStringLiteral("IdleMusicPlayer"));
 const std::string kActive = "activePlugIn() " + kName;
-const std::string kDeactive = "deactivePlugIn() " + kName;
 
 class MP_MainWindowIdleTest : public MainWindowFixture {
 protected:
@@ -44,20 +43,6 @@ TEST_F(MP_MainWindowIdleTest, Hide_ActivatesThePluginOnce_StoresHidePlaying_Clos
     EXPECT_EQ(journalLines("engine", "closePlayerWindow").size(), 2);
     // A new style restarting the plug-in and the idle screen's quit request
     // are rows of the channels' contract test.
-}
-
-TEST_F(MP_MainWindowIdleTest, IdleClient_GoesBeforeTheEngine)
-{
-    ASSERT_TRUE(waitUntil([&] { return window->idleClient() != nullptr; }));
-    HostJournal::startCapture();
-    window->freeCommonPlayer();
-    EXPECT_EQ(window->idleClient(), nullptr);
-    EXPECT_EQ(channelMessages("VEMO/HSFRAMEWORK"), MessageLines{kDeactive});
-    // Every client (the media browser, idle, Bluetooth, screen ones) unregisters, then the engine goes.
-    QStringList clientRemovals;
-    for (int client = 0; client < 4; ++client)
-        clientRemovals << "engine:removeListListener" << "engine:removePlayerListener";
-    EXPECT_EQ(journalCalls(), clientRemovals + QStringList{"engine:MP_DestroyCommonPlayer"});
 }
 
 } // namespace

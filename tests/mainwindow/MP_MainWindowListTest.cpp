@@ -48,20 +48,7 @@ TEST_F(MP_MainWindowListTest, TheCurrentListAgainOrALauncherOnARunningPlayer_Onl
     EXPECT_EQ(journalCalls(), (QStringList{"engine:showPlayer", "engine:showPlayer"}));
 }
 
-TEST_F(MP_MainWindowListTest, ListRunningEmpty_QuitsThePlayer)
-{
-    window->setList(new MP_AufList(), false, false, false, true, MP_LAUNCH_LIST);
-    window->onCurrentItemChanged();
-    EXPECT_EQ(journalLines("engine", "notifyCurrentChanged").size(), 1);
-    EXPECT_TRUE(journalLines("engine", "closePlayerWindow").isEmpty());
-
-    window->freeCurrentList();
-    EXPECT_EQ(journalArgs("engine", "setPlayList").last(), QJsonArray{QJsonValue()});
-    window->onCurrentItemChanged();
-    EXPECT_EQ(journalLines("engine", "closePlayerWindow").size(), 1);
-}
-
-TEST_F(MP_MainWindowListTest, ListRunningDownToOneSong_PlaysOn)
+TEST_F(MP_MainWindowListTest, AListChange_QuitsThePlayerOnlyWhenTheEnginesListRanEmpty)
 {
     window->setList(new MP_AufList(), false, false, false, true, MP_LAUNCH_LIST);
     // The engine plays a list of its own, with one song left in it.
@@ -70,7 +57,11 @@ TEST_F(MP_MainWindowListTest, ListRunningDownToOneSong_PlaysOn)
     window->onCurrentItemChanged();
     EXPECT_EQ(journalLines("engine", "notifyCurrentChanged").size(), 1);
     EXPECT_TRUE(journalLines("engine", "closePlayerWindow").isEmpty());
-    window->commonPlayer()->setPlayList(window->currentList());
+
+    window->freeCurrentList();
+    EXPECT_EQ(journalArgs("engine", "setPlayList").last(), QJsonArray{QJsonValue()});
+    window->onCurrentItemChanged();
+    EXPECT_EQ(journalLines("engine", "closePlayerWindow").size(), 1);
 }
 
 TEST_F(MP_MainWindowListTest, FreeCurrentList_SavesThePlayedSongsToTheHistory)

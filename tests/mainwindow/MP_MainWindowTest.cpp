@@ -1,16 +1,12 @@
 #include "mainwindow/MP_MainWindow.h"
 
 #include <QCoreApplication>
-#include <QJsonArray>
-#include <QRegularExpression>
 
-#include <climits>
 #include <memory>
 
 #include "lists/MP_AufContext.h"
 #include "lists/MP_AufList.h"
 #include "platform/QCopChannel.h"
-#include "tests/support/Journal.h"
 #include "tests/support/MainWindowFixture.h"
 
 // The exported entry points, as the application reaches them.
@@ -59,12 +55,9 @@ TEST_F(MP_MainWindowTest, Startup_WithFile_PlaysItAfterTheTimerAndPostsNoEvent)
     window->installEventFilter(&counter);
     EXPECT_EQ(window->commonPlayer(), nullptr);
 
+    // What the engine is told is the spine scenario's check.
     ASSERT_TRUE(waitForEngine());
     EXPECT_EQ(counter.count, 0);
-    // The clients' listener registrations are their own tests' business.
-    EXPECT_EQ(Journal::callsWithArgsMatching(journal(), QRegularExpression("^engine:(?!(add|remove)\\w+Listener)")),
-              (MessageLines{"engine:MP_CreateCommonPlayer [false,1]", "engine:setShuffleRepeat [false,false]",
-                            "engine:setFile [\"/music/song.mp3\"]", "engine:autoPlay [false]"}));
 }
 
 TEST_F(MP_MainWindowTest, EngineLifecycle_FreeTwiceThenOpenMakesANewEngine)
@@ -97,9 +90,7 @@ TEST_F(MP_MainWindowTest, TearDown_ReleasesEngineThenStoresHidePlayingFalse)
     window.reset();
 
     EXPECT_FALSE(QCopChannel::isRegistered("VEMO/System"));
-    ASSERT_TRUE(journalCalls().contains("engine:MP_DestroyCommonPlayer"));
-    EXPECT_EQ(journal().last(), (QJsonObject{{"kind", "settings"}, {"app", 71}, {"group", "MediaControlItem"},
-                                             {"key", "HidePlaying"}, {"value", false}}));
+    // That HidePlaying=false is written after the engine went is the spine scenario's check.
     EXPECT_FALSE(storedSetting("HidePlaying", true));
 
     MP_DeleteMainWindow(nullptr);  // ignored
@@ -123,12 +114,11 @@ TEST_F(MP_MainWindowTest, ReadSetting_ForcedShuffleKeepsTheStoredSettingApart_Un
     EXPECT_EQ(storedSetting("MusicShuffle", 0), 0) << "reading writes nothing";
 
     // A stored shuffle mode outside the three is off.
-    for (const int stored : {3, 99, -1, INT_MAX}) {
+    for (const int stored : {3, -1}) {
         store("MusicShuffle", stored);
         window->readSetting(false, false);
         EXPECT_EQ(MP_AufContext::shuffleSetting, 0) << stored;
         EXPECT_EQ(MP_AufContext::shuffle, 0) << stored;
-        EXPECT_EQ(storedSetting("MusicShuffle", 0), stored) << "reading writes nothing";
     }
     store("VideoShuffle", 7);
     window->readSetting(true, true);

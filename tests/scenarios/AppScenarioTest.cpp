@@ -90,12 +90,6 @@ TEST(AppScenarioTest, WithoutADisplay_EndsWhenNothingWillPlayOrTheCommandLineIsB
     EXPECT_EQ(scenario.errorOutput(), "mp.host.metadata: cannot use " + database + " : file is not a database\n"
                                       "mediaplayer: nothing to play: the media database cannot be used (" + database
                                           + ": file is not a database)\n");
-    // One that cannot even be opened (a folder stands in its place), the same.
-    ASSERT_TRUE(QFile::remove(database) && QDir().mkpath(database));
-    EXPECT_EQ(scenario.runWithoutScript({}), 3);
-    EXPECT_EQ(scenario.errorOutput(), "mp.host.metadata: cannot use " + database + " : unable to open database file\n"
-                                      "mediaplayer: nothing to play: the media database cannot be used (" + database
-                                          + ": unable to open database file)\n");
 }
 
 // The engine steps past files that are gone a part of the run at a time: its
@@ -131,20 +125,6 @@ TEST(AppScenarioTest, Journal_EachRunWritesItsOwn_ARefusedCommandLineNone)
     QFile written(journal);
     ASSERT_TRUE(written.open(QIODevice::ReadOnly));
     EXPECT_FALSE(written.readAll().contains("an earlier run's line"));
-}
-
-TEST(AppScenarioTest, WithoutADisplay_AHeadsetResumeThatNobodyStartsEnds)
-{
-    ScenarioRun scenario;
-    ASSERT_TRUE(scenario.scanSampleLibrary());
-    ASSERT_EQ(scenario.run(ScenarioRun::script("play_artist.mps"),
-                           {"--action", "PlayUserListInMediaplayer", "Type=0", "GroupObjectID=4", "FirstIndex=0",
-                            "StorageLocation=2"}),
-              0);
-
-    EXPECT_EQ(scenario.runWithoutScript({"--action", "PlayMediaInMediaPlayer", "Launcher=BTAvrcpKeys"}), 3);
-    EXPECT_EQ(scenario.errorOutput(), "mediaplayer: nothing to play: the list was prepared but not started\n");
-    EXPECT_EQ(scenario.argsOf("engine", "setPlayList").size(), 1);
 }
 
 TEST(AppScenarioTest, BadLines_StopTheScriptWithABoundedMessage)

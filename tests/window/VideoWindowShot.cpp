@@ -9,7 +9,6 @@
 
 #include <QApplication>
 #include <QImage>
-#include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -33,8 +32,7 @@ constexpr int kTolerance = 24;
 
 int fail(const char* why)
 {
-    std::fprintf(stderr, "mp_video_shot: %s\n", why);
-    return 1;
+    return ShotProgram::failed("mp_video_shot", why);
 }
 
 bool near(QRgb seen, quint32 painted)
@@ -78,12 +76,9 @@ int main(int argc, char** argv)
                                   kWaitMilliseconds))
         return fail("no video frame was drawn");
     engine.getPlayerControl()->pause();
-    window->repaint();
-    QCoreApplication::processEvents();
-
-    const QImage shot = QGuiApplication::primaryScreen()->grabWindow(0).toImage();
-    if (!shot.save(QString::fromLocal8Bit(argv[1]), "PNG"))
-        return fail("cannot save the picture");
+    const QImage shot = ShotProgram::paintAndGrab({window}, QString::fromLocal8Bit(argv[1]));
+    if (shot.isNull())
+        return fail("the screen could not be grabbed and saved");
     const QRect area(view->mapToGlobal(QPoint(0, 0)), view->size());
     const QRgb centre = shot.pixel(area.center());
     if (!near(centre, video.rgb)) {

