@@ -1,8 +1,10 @@
 // The spine end to end: the application loads the library, which plays the
-// passed file through the engine, hears the phone's and the engine's reports
-// as a script drives them, and tears down in order.
+// passed file through the engine, shows its player screen's options menu,
+// hears the phone's and the engine's reports as a script drives them, and
+// tears down in order.
 
 #include <QJsonArray>
+#include <QJsonDocument>
 #include <QJsonObject>
 #include <QRegularExpression>
 
@@ -17,7 +19,14 @@ namespace {
 
 const QString kSong = QStringLiteral("Music/Aurora Lane/Northern Lights/01 First Light.wav");
 
-TEST(SpineScenarioTest, PassedFile_PlaysThroughTheLibrary_ReportsReachEveryListener_AndItTearsDownInOrder)
+// None of these items is disabled; the toolkit reports a hidden item as not
+// enabled as well, since it cannot be chosen.
+QJsonObject item(int id, int parentId, const char* text, bool visible)
+{
+    return {{"id", id}, {"parentId", parentId}, {"text", text}, {"visible", visible}, {"enabled", visible}};
+}
+
+TEST(SpineScenarioTest, PassedFile_PlaysThroughTheLibrary_ShowsItsSoundMenu_ReportsReachEveryListener_TearsDownInOrder)
 {
     ScenarioRun scenario;
     ASSERT_EQ(scenario.run(ScenarioRun::script("play_passed_file.mps"), {kSong}), 0) << qPrintable(scenario.errorOutput());
@@ -41,6 +50,26 @@ TEST(SpineScenarioTest, PassedFile_PlaysThroughTheLibrary_ReportsReachEveryListe
         EXPECT_EQ(args.at(1).toInt(), 6000);
     }
     EXPECT_EQ(elapsed, (QList<int>{0, 1000, 2000, 3000}));
+
+    // The options menu, as the script opened it.
+    const QList<QJsonObject> menus = Journal::linesOf(scenario.journal(), "menu", QString());
+    ASSERT_EQ(menus.size(), 1);
+    EXPECT_EQ(menus.first().value("menu").toString(), QStringLiteral("sound_control"));
+    // Not in the media library: no Buy More, no Playlist, and (the ringtone
+    // check being on by default) no Ringtone. A fresh data folder has its
+    // memory card in and the blog bit on. No Bluetooth client yet: its two
+    // items are hidden. A single file plays without a list: no Delete.
+    const QJsonArray expected{item(1001, 0, "Hide", true),           item(1002, 0, "Manage", true),
+                              item(1004, 1002, "Properties", true),  item(1005, 0, "Delete", false),
+                              item(1006, 0, "Remove", false),        item(1007, 0, "Send to", true),
+                              item(1008, 1007, "Message", true),     item(1009, 1007, "Email", true),
+                              item(1010, 1007, "Blog", true),        item(1011, 1007, "Memory Card", true),
+                              item(1012, 1007, "Bluetooth", true),   item(1013, 0, "Apply to", true),
+                              item(1014, 1013, "Playlist", false),   item(1015, 1013, "Ringtone", false),
+                              item(1016, 0, "Use Bluetooth", false), item(1017, 0, "Use Handset", false),
+                              item(1019, 0, "Buy More", false),      item(1018, 0, "Setup", true)};
+    const auto compact = [](const QJsonArray& items) { return QJsonDocument(items).toJson(QJsonDocument::Compact); };
+    EXPECT_EQ(compact(menus.first().value("items").toArray()).toStdString(), compact(expected).toStdString());
 
     // The profile and engine commands, then.
     EXPECT_EQ(scenario.argsOf("phone", "setFlexBit"), (QList<QJsonArray>{{492, true}}));

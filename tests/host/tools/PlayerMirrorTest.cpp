@@ -169,6 +169,7 @@ TEST_F(PlayerMirrorTest, RequestsAreTheIdleScreensAndOnlyWhileThePlayerRuns_ASee
     playing();
     requests.play();            // already playing: a Play would pause
     requests.pause();
+    requests.stop();
     requests.seek(7400000);     // one and a half steps round to one
     requests.seek(-12600000);
     requests.seek(2000000);     // less than half a step
@@ -178,12 +179,20 @@ TEST_F(PlayerMirrorTest, RequestsAreTheIdleScreensAndOnlyWhileThePlayerRuns_ASee
     requests.setLoopStatus("Track");
     requests.setLoopStatus("Sometimes");
     requests.raise();
-    EXPECT_EQ(sent, (MessageLines{"/MP/Idle/Req/Pause ",
+    requests.previous();
+    requests.playPause();
+    requests.quit();
+    browser("NowplayingState(int)", payload(qint32(2)));
+    requests.stop();
+    requests.play();
+    // How the player acts on each message is the channel contract test's.
+    EXPECT_EQ(sent, (MessageLines{"/MP/Idle/Req/Pause ", "/MP/Idle/Req/Pause ",
                                   "/MP/Idle/Req/Seek/Forth 00000001", "/MP/Idle/Req/Seek/END ",
                                   "/MP/Idle/Req/Seek/BACK 00000003", "/MP/Idle/Req/Seek/END ",
                                   "/MP/Idle/Req/Seek/Forth 00000008", "/MP/Idle/Req/Seek/END ",
-                                  "/MP/Idle/Req/Shuffle ", "/MP/Idle/Req/Repeat ",
-                                  "/MP/Idle/Req/Restore "}));
+                                  "/MP/Idle/Req/Shuffle ", "/MP/Idle/Req/Repeat ", "/MP/Idle/Req/Restore ",
+                                  "/MP/Idle/Req/Prev ", "/MP/Idle/Req/Play ", "/MP/Idle/Req/Quit ",
+                                  "/MP/Idle/Req/Play "}));
     EXPECT_EQ(settings.shuffle, 1) << "the shuffle request applies the stored mode";
 
     // Seeks beyond the item are Next or the start, whatever the offset.

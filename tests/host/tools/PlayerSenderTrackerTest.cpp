@@ -71,19 +71,8 @@ TEST_F(PlayerSenderTrackerTest, TheNewestPlayerIsFollowed_AndWhenItGoesTheNewest
     EXPECT_EQ(followed(), (QStringList{":1.12", ":1.30", ":1.12", ":1.4", ""}));
 }
 
-TEST_F(PlayerSenderTrackerTest, ABridgeOfItsOwnPlayer_FollowsThatPlayerAlone)
-{
-    tracker.followOnly(":1.4");
-    idle(":1.4", "/MP/Idle/Info/State", state(1));
-    browser(":1.9", "MediaplayerStarted()");
-    EXPECT_EQ(tracker.players(), QStringList{":1.4"}) << "a newer player is another bridge's";
-    EXPECT_EQ(tracker.player(), ":1.4");
-    feed.nameLeft(":1.4");
-    browser(":1.9", "NowplayingState(int)", state(2));
-    EXPECT_EQ(tracker.player(), "");
-    EXPECT_FALSE(mirror.isPresent());
-}
-
+// A bridge of its own player (followOnly) is the process test's: it shows that player, not a newer one,
+// and ends with it.
 TEST_F(PlayerSenderTrackerTest, NewsOfAPlayerThatLeftNeverBringsItBack)
 {
     // Its last news, its death, then news that was under way: in this order

@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QtEndian>
 
@@ -54,20 +55,9 @@ QStringList filesUnder(const QString& folder)
 
 }  // namespace
 
-TEST(WavSynthTest, WavFile_HoldsPcmHeaderAndExactData)
-{
-    const WavSynth synth(8000);
-    const QByteArray pcm = synth.melody(7, 3);
-    ASSERT_EQ(pcm.size(), 48000);
-    const QByteArray wav = synth.wavFile(pcm);
-    ASSERT_EQ(wav.size(), 44 + 48000);
-    // RIFF of 36 + 48000 bytes; fmt: PCM, mono, 8000 Hz, 16000 bytes/s, block 2, 16 bits; data of 48000.
-    EXPECT_EQ(wav.left(44).toHex(), "52494646a4bb000057415645666d74201000000001000100401f0000803e0000"
-                                    "020010006461746180bb0000");
-    EXPECT_EQ(wav.mid(44), pcm);
-}
-
-TEST(WavSynthTest, Melody_IsAudibleFadedAndDeterministic)
+// The wave header's fields are read back by TagLib in the song's test; that the
+// melody is the same from run to run, by the second run's files left as they are.
+TEST(WavSynthTest, Melody_IsAudibleAndFaded)
 {
     const WavSynth synth(11025);
     const QByteArray pcm = synth.melody(42, 2);
@@ -79,9 +69,7 @@ TEST(WavSynthTest, Melody_IsAudibleFadedAndDeterministic)
     EXPECT_LT(peak, 32767);  // never clipped
     EXPECT_EQ(qFromLittleEndian<qint16>(pcm.constData()), 0);                  // faded in
     EXPECT_EQ(qFromLittleEndian<qint16>(pcm.constData() + pcm.size() - 2), 0); // faded out
-    EXPECT_EQ(synth.melody(42, 2), pcm);
-    EXPECT_NE(synth.melody(43, 2), pcm);
-    EXPECT_TRUE(synth.melody(42, 0).isEmpty());
+    EXPECT_NE(synth.melody(43, 2), pcm) << "each song its own tune";
 }
 
 class SampleLibraryTest : public ::testing::Test {
@@ -122,8 +110,10 @@ TEST_F(SampleLibraryTest, Song_ReadsBackTagsAndDuration)
                            toQString(properties["DATE"].toString())}),
               QStringList({"Белая ночь", "Árós Quartet", "Kvöldljóð", "Classical", "Sigrún Hallsdóttir", "1998-12-01"}));
     EXPECT_EQ(tag->track(), 2u);
-    const TagLib::AudioProperties& sound = *wav.audioProperties();
-    EXPECT_EQ(std::tuple(sound.lengthInMilliseconds(), sound.sampleRate(), sound.channels()), std::tuple(8000, 11025, 1));
+    const TagLib::RIFF::WAV::Properties& sound = *wav.audioProperties();
+    EXPECT_EQ(std::tuple(sound.lengthInMilliseconds(), sound.sampleRate(), sound.channels(), sound.bitsPerSample(),
+                         sound.format()),
+              std::tuple(8000, 11025, 1, 16, 1));
 }
 
 TEST_F(SampleLibraryTest, UntaggedRecordings_HaveSoundButNoTitle)
@@ -143,18 +133,11 @@ TEST_F(SampleLibraryTest, PlayList_EntriesResolveToSongs)
 {
     const QString listPath = path(QStringLiteral("Playlists/Evening.m3u"));
     const QStringList lines = QString::fromUtf8(readAll(listPath)).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    ASSERT_FALSE(lines.isEmpty());
-    EXPECT_EQ(lines.first(), QStringLiteral("#EXTM3U"));
-    EXPECT_EQ(lines.at(1), QStringLiteral("#EXTINF:7,Aurora Lane - Harbour Wind"));
-    const QDir listFolder = QFileInfo(listPath).dir();
-    int entries = 0;
-    for (const QString& line : lines) {
-        if (line.startsWith(QLatin1Char('#')))
-            continue;
-        ++entries;
-        EXPECT_TRUE(QFileInfo::exists(listFolder.filePath(line))) << qPrintable(line);
-    }
-    EXPECT_EQ(entries, 6);
+    ASSERT_EQ(lines.mid(0, 2), (QStringList{"#EXTM3U", "#EXTINF:7,Aurora Lane - Harbour Wind"}));
+    const QStringList entries = lines.filter(QRegularExpression("^[^#]"));
+    EXPECT_EQ(entries.size(), 6);
+    for (const QString& entry : entries)
+        EXPECT_TRUE(QFileInfo::exists(QFileInfo(listPath).dir().filePath(entry))) << qPrintable(entry);
 }
 
 TEST_F(SampleLibraryTest, SecondRun_KeepsCompleteFilesAndRepairsADamagedOne)
