@@ -183,13 +183,11 @@ TEST_F(MP_MainWindowEventsTest, CardEvent_QuitsWhateverTheFlagOrPayload_OtherMes
     startPlaying(dataPath("song.mp3"));
     window->slotSystemMessage("cardHotplugEvent(int)", payload(1, 1));
     EXPECT_EQ(closeCounter.closes, 0);
-
-    // Through the channel, as the phone sends it; a payload cut short is still a card event.
-    QCopChannel::send("VEMO/System", "cardHotplugEvent(int,int)", payload(1, 1));
-    QCopChannel::send("VEMO/System", "cardHotplugEvent(int,int)", payload(1, 0).left(7));
-    processEvents();
-    EXPECT_EQ(closeCounter.closes, 2);
-    EXPECT_EQ(quits(), 2);
+    // A payload cut short is still a card event. (A whole one through the channel, as the phone sends
+    // it, is the toolkit scenario's.)
+    window->slotSystemMessage("cardHotplugEvent(int,int)", payload(1, 0).left(7));
+    EXPECT_EQ(closeCounter.closes, 1);
+    EXPECT_EQ(quits(), 1);
 }
 
 TEST_F(MP_MainWindowEventsTest, JumpKey_BeforeTheFirstReport_WaitsForIt_AndQuitsOnlyForVideo)

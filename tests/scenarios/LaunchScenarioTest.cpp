@@ -107,15 +107,6 @@ TEST_F(LaunchScenarioTest, CapturedVideo_ReplacesTheLibraryAndKeepsTheEngine)
     EXPECT_TRUE(scenario.argsOf("report", "updateMetaInfo").last().at(0).toString().startsWith("clip"));
 }
 
-// The script's qcop command sends as another program would. (That a video list
-// ignores the music settings is the list's test.)
-TEST_F(LaunchScenarioTest, SetupChangeMessages_ReachTheEngineThroughThePlayingList)
-{
-    ASSERT_EQ(run("setup_change.mps", kPlayAuroraLane), 0);
-    EXPECT_EQ(scenario.argsOf("engine", "setShuffleRepeat"),
-              (QList<QJsonArray>{{false, false}, {true, false}, {true, true}}));
-}
-
 TEST_F(LaunchScenarioTest, SongsRemovedBeforeThePlayingOne_PreviousStillPlaysTheSongBeforeIt)
 {
     const QStringList wholeLibraryFromDriftwood{"--action", "PlayMusicListInMediaplayer", "isAllArtist=1",
