@@ -1,13 +1,18 @@
 // The bridge's picture of the player, fed the player's messages by hand, and
-// the requests it makes of the player in return.
+// the requests it makes of the player in return; and which process it
+// follows, from the senders of the player's messages and the processes
+// leaving the bus, with what reaches its picture when those come in the order
+// that once made ghosts.
 
 #include <QDBusObjectPath>
 #include <QSignalSpy>
 
 #include "host/contracts/IdleScreenChannel.h"
 #include "host/contracts/MediaBrowserChannel.h"
+#include "host/tools/mp-mpris/PlayerFeed.h"
 #include "host/tools/mp-mpris/PlayerMirror.h"
 #include "host/tools/mp-mpris/PlayerRequests.h"
+#include "host/tools/mp-mpris/PlayerSenderTracker.h"
 #include "tests/support/BridgeStandIns.h"
 #include "tests/support/Journal.h"
 #include "tests/support/Payload.h"
@@ -207,6 +212,77 @@ TEST_F(PlayerMirrorTest, RequestsAreTheIdleScreensAndOnlyWhileThePlayerRuns_ASee
                                   "/MP/Idle/Req/Seek/BACK 00000005", "/MP/Idle/Req/Seek/END ",
                                   "/MP/Idle/Req/Seek/BACK 00000005", "/MP/Idle/Req/Seek/END ",
                                   "/MP/Idle/Req/Seek/Forth 00000020", "/MP/Idle/Req/Seek/END "}));
+}
+
+class PlayerSenderTrackerTest : public PlayerMirrorTest {
+protected:
+    void idle(const QString& sender, const QCString& message, const QByteArray& data = {})
+    {
+        feed.channelMessage(sender, IdleScreenChannel::kChannel, message, data);
+    }
+    void browser(const QString& sender, const QCString& message, const QByteArray& data = {})
+    {
+        feed.channelMessage(sender, MediaBrowserChannel::kNewsChannel, message, data);
+    }
+    QStringList followed() const
+    {
+        QStringList names;
+        for (const QList<QVariant>& call : changes)
+            names.append(call.at(0).toString());
+        return names;
+    }
+
+    PlayerSenderTracker tracker;
+    PlayerFeed feed{tracker, mirror};
+    QSignalSpy changes{&tracker, &PlayerSenderTracker::playerChanged};
+};
+
+TEST_F(PlayerSenderTrackerTest, TheNewestPlayerIsFollowed_AndWhenItGoesTheNewestOfTheOthers)
+{
+    idle(":1.9", "/MP/Idle/Req/Next");
+    feed.channelMessage(":1.9", "MF_MSG_CHANNEL", "queryMPNowPlaying()", {});
+    idle("", "/MP/Idle/Info/State", payload(qint32(1)));
+    EXPECT_EQ(tracker.player(), "") << "requests, other channels and nameless senders name no player";
+
+    idle(":1.12", "/MP/Idle/Info/State", payload(qint32(1)));
+    idle(":1.4", "/MP/Idle/Info/State", payload(qint32(2)));
+    browser(":1.30", "MediaplayerStarted()");
+    EXPECT_EQ(tracker.players(), (QStringList{":1.4", ":1.12", ":1.30"})) << "in the order they connected";
+    EXPECT_EQ(tracker.player(), ":1.30");
+    idle(":1.12", "/MP/Idle/Info/State", payload(qint32(1)));
+    EXPECT_EQ(mirror.playbackStatus(), "Stopped") << "news of a player not followed is not shown";
+
+    tracker.nameLeft(":1.9");
+    browser(":1.30", "MediaplayerExited()");
+    EXPECT_EQ(tracker.player(), ":1.12");
+    idle(":1.12", "/MP/Idle/Info/State", payload(qint32(1)));
+    EXPECT_EQ(mirror.playbackStatus(), "Playing");
+    feed.nameLeft(":1.12");
+    EXPECT_EQ(tracker.player(), ":1.4");
+    EXPECT_EQ(mirror.playbackStatus(), "Stopped") << "what was shown was the gone player's";
+    idle(":1.4", "/MP/Idle/Info/Exit");
+    EXPECT_EQ(followed(), (QStringList{":1.12", ":1.30", ":1.12", ":1.4", ""}));
+}
+
+// A bridge of its own player (followOnly) is the process test's: it shows that player, not a newer one,
+// and ends with it.
+TEST_F(PlayerSenderTrackerTest, NewsOfAPlayerThatLeftNeverBringsItBack)
+{
+    // Its last news, its death, then news that was under way: in this order
+    // two paths once delivered them, and the dead player stayed on show.
+    idle(":1.5", "/MP/Idle/Info/State", payload(qint32(1)));
+    EXPECT_TRUE(mirror.isPresent());
+    feed.nameLeft(":1.5");
+    idle(":1.5", "/MP/Idle/Info/State", payload(qint32(1)));
+    browser(":1.5", "NowplayingState(int)", payload(qint32(1)));
+    EXPECT_FALSE(mirror.isPresent());
+    EXPECT_EQ(mirror.playbackStatus(), "Stopped");
+    EXPECT_EQ(tracker.player(), "");
+
+    // The next player is followed as usual.
+    browser(":1.6", "MediaplayerStarted()");
+    browser(":1.6", "NowplayingState(int)", payload(qint32(2)));
+    EXPECT_EQ(mirror.playbackStatus(), "Paused");
 }
 
 } // namespace
