@@ -44,15 +44,7 @@ QString firstSong()
     return *std::min_element(songs.begin(), songs.end());
 }
 
-bool fail(const char* why)
-{
-    return ShotProgram::fail("mp_window_shot", why);
-}
-
-int failed(const char* why)
-{
-    return ShotProgram::failed("mp_window_shot", why);
-}
+const char* const kProgram = "mp_window_shot";
 
 bool check(const QImage& shot, const VmKbMainWidget& window, const QMenu& menu)
 {
@@ -62,12 +54,12 @@ bool check(const QImage& shot, const VmKbMainWidget& window, const QMenu& menu)
     const QRect menuArea(menu.pos(), menu.size());
     const QPoint belowCentre = windowArea.center() + QPoint(0, windowArea.height() / 4);
     if (shot.pixel(belowCentre) == background && !ShotProgram::hasDetail(shot, windowArea))
-        return fail("the window is not in the picture");
+        return ShotProgram::fail(kProgram, "the window is not in the picture");
     if (!menu.isVisible() || shot.pixel(menuArea.center()) == background)
-        return fail("the options menu is not in the picture");
+        return ShotProgram::fail(kProgram, "the options menu is not in the picture");
     const auto* title = window.findChild<QLabel*>(QStringLiteral("title"));
     if (!title || !ShotProgram::hasDetail(shot, QRect(title->mapToGlobal(QPoint(0, 0)), title->size())))
-        return fail("the title area is one colour");
+        return ShotProgram::fail(kProgram, "the title area is one colour");
     return true;
 }
 
@@ -85,30 +77,30 @@ int main(int argc, char** argv)
 
     const QString library = data.filePath(QStringLiteral("library"));
     if (!SampleLibraryWriter(library).write())
-        return failed("no sample library");
+        return ShotProgram::failed(kProgram, "no sample library");
     const QString song = library + QLatin1Char('/') + firstSong();
 
     HostPhone::prepareDataFolder();
     HostEngineClock::setManual(true);
     auto player = std::make_unique<MP_MainWindow>(song, nullptr, nullptr, 0);
     if (!QTest::qWaitFor([] { return HostEngine::liveEngine() != nullptr; }, kWaitMilliseconds))
-        return failed("the player made no engine");
+        return ShotProgram::failed(kProgram, "the player made no engine");
     VmKbMainWidget* window = HostEngine::liveEngine()->getMainWidget();
     window->move(40, 40);
     // The player screen builds its menu when the first meta information comes.
     HostEngineClock::advance(1000);
     VmSoftKey* keys = window->getSoftKey(false);
     if (!keys || !QTest::qWaitFor([keys] { return keys->optMenu(0) != nullptr; }, kWaitMilliseconds))
-        return failed("the player screen built no options menu");
+        return ShotProgram::failed(kProgram, "the player screen built no options menu");
     VmOptionsMenu* menu = keys->optMenu(0);
     if (!QTest::qWaitForWindowExposed(window, kWaitMilliseconds))
-        return failed("the window did not appear");
+        return ShotProgram::failed(kProgram, "the window did not appear");
     keys->click(0);
     if (!QTest::qWaitForWindowExposed(menu->qmenu(), kWaitMilliseconds))
-        return failed("the menu did not appear");
+        return ShotProgram::failed(kProgram, "the menu did not appear");
     const QImage shot = ShotProgram::paintAndGrab({window, menu->qmenu()}, QString::fromLocal8Bit(argv[1]));
     if (shot.isNull())
-        return failed("the screen could not be grabbed and saved");
+        return ShotProgram::failed(kProgram, "the screen could not be grabbed and saved");
     const bool ok = check(shot, *window, *menu->qmenu());
     menu->hideMenu();
     player.reset();

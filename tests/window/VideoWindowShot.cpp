@@ -30,10 +30,7 @@ constexpr int kWaitMilliseconds = 10000;
 // JPEG and the decoder's colour conversion move a channel by a few steps.
 constexpr int kTolerance = 24;
 
-int fail(const char* why)
-{
-    return ShotProgram::failed("mp_video_shot", why);
-}
+const char* const kProgram = "mp_video_shot";
 
 bool near(QRgb seen, quint32 painted)
 {
@@ -59,7 +56,7 @@ int main(int argc, char** argv)
     const QString library = data.filePath(QStringLiteral("library"));
     SampleLibraryWriter writer(library);
     if (!writer.write())
-        return fail("no sample library");
+        return ShotProgram::failed(kProgram, "no sample library");
     // The downloaded trailer: blue, so that neither black nor the window's grey passes for it.
     const SampleVideo& video = SampleCatalogue::videos().at(2);
 
@@ -70,15 +67,15 @@ int main(int argc, char** argv)
     engine.setFile(library + QLatin1Char('/') + video.relativePath);
     engine.autoPlay(false);
     if (!QTest::qWaitForWindowExposed(window, kWaitMilliseconds))
-        return fail("the window did not appear");
+        return ShotProgram::failed(kProgram, "the window did not appear");
     const auto* view = window->findChild<HostVideoView*>(QStringLiteral("video"));
     if (!view || !QTest::qWaitFor([&] { return !view->frame().isNull() && engine.position() >= 1000; },
                                   kWaitMilliseconds))
-        return fail("no video frame was drawn");
+        return ShotProgram::failed(kProgram, "no video frame was drawn");
     engine.getPlayerControl()->pause();
     const QImage shot = ShotProgram::paintAndGrab({window}, QString::fromLocal8Bit(argv[1]));
     if (shot.isNull())
-        return fail("the screen could not be grabbed and saved");
+        return ShotProgram::failed(kProgram, "the screen could not be grabbed and saved");
     const QRect area(view->mapToGlobal(QPoint(0, 0)), view->size());
     const QRgb centre = shot.pixel(area.center());
     if (!near(centre, video.rgb)) {

@@ -66,13 +66,6 @@ protected:
         ProjectProgram::start(process, program, arguments);
     }
 
-    /** Starts the player on the album from its first song, journaled to m_run's journal; true once it
-     *  waits for the test. */
-    bool startPlayer()
-    {
-        return startPlayerOn(m_player, "journal", albumScript(0), "await: listening on TEST/Control for done");
-    }
-
     /** Starts mp-mpris and connects the test to the bus; true once it offers the player. */
     bool startBridge()
     {
@@ -278,12 +271,15 @@ bool journalShowsANext(const QString& path)
 
 // That the bus carries a message's bytes between processes as they were sent
 // is qcop's test: the player, qcop and the bridge share the bus's one client.
-TEST_F(PlayerProcessTest, TheBridgeFollowsThePlayerAndDrivesIt_ASecondBridgeTakesAnInstanceName)
+TEST_F(PlayerProcessTest, TheBridgeFollowsThePlayerAndDrivesIt_ReadsBackShuffleAndLoop_ASecondTakesAnInstanceName)
 {
+    const QByteArray keys = "await TEST/Control keys 60000\nsetupkey 0x4002 pressed\nsetupkey 0x4002 released\n"
+                            "await TEST/Control again 60000\nsetupkey 0x4002 pressed\nsetupkey 0x4002 released\n";
     ASSERT_TRUE(startBridge());
     EXPECT_EQ(playbackStatus(), "Stopped");
 
-    ASSERT_TRUE(startPlayer());
+    ASSERT_TRUE(startPlayerOn(m_player, "keys", albumScript(0, "TEST/Control", keys),
+                              "await: listening on TEST/Control for keys"));
     ASSERT_TRUE(waitFor([] { return title() == "First Light"; })) << title().toStdString();
     // Its values are the channel contract test's; here, the types they cross the bus in.
     const QVariantMap metadata = bridgeMetadata();
@@ -302,10 +298,27 @@ TEST_F(PlayerProcessTest, TheBridgeFollowsThePlayerAndDrivesIt_ASecondBridgeTake
     EXPECT_TRUE(waitFor([] { return title() == "Harbour Wind"; }));
     ASSERT_TRUE(callBridge("Next"));
     EXPECT_TRUE(waitFor([] { return !title().isEmpty() && title() != "Harbour Wind"; }));
-    EXPECT_EQ(journalArgs(journalOf("journal"), "control", "seek").size(), 0) << "already at the start";
-    EXPECT_EQ(journalArgs(journalOf("journal"), "control", "next").size(), 2);
+    EXPECT_EQ(journalArgs(journalOf("keys"), "control", "seek").size(), 0) << "already at the start";
+    EXPECT_EQ(journalArgs(journalOf("keys"), "control", "next").size(), 2);
     ASSERT_TRUE(callBridge("Pause"));
     EXPECT_TRUE(waitFor([] { return playbackStatus() == "Paused"; }));
+
+    // Each change is read back before the next: the player reads the mode the bridge stored.
+    const auto shuffleIs = [](bool on) { return waitFor([on] { return playerProperty("Shuffle") == QVariant(on); }); };
+    const std::pair<QString, QVariant> asked[] = {
+        {"Shuffle", true}, {"Shuffle", false}, {"LoopStatus", "Playlist"}, {"Shuffle", true}, {"LoopStatus", "None"}};
+    for (const auto& [name, value] : asked) {
+        ASSERT_TRUE(setBridgeProperty(name, value));
+        EXPECT_TRUE(waitFor([&] { return playerProperty(name) == value; })) << name.toStdString();
+    }
+    EXPECT_TRUE(shuffleIs(false)) << "changing repeat turns shuffle off";
+    // The player screen's key, twice: on, then back off.
+    tell("TEST/Control", "keys");
+    EXPECT_TRUE(shuffleIs(true));
+    ProjectProgram::readUntil(m_player, QProcess::StandardError, "await: listening on TEST/Control for again");
+    tell("TEST/Control", "again");
+    EXPECT_TRUE(shuffleIs(false));
+    ProjectProgram::readUntil(m_player, QProcess::StandardError, "await: listening on TEST/Control for done");
 
     start(m_second, "mp-mpris", {"--data-dir", m_run.dataDir() + "/data"});
     ASSERT_TRUE(m_second.waitForStarted(kWaitMs));
@@ -315,41 +328,6 @@ TEST_F(PlayerProcessTest, TheBridgeFollowsThePlayerAndDrivesIt_ASecondBridgeTake
 
     // The player goes and comes back; the bridge follows.
     ASSERT_EQ(endPlayer(), 0) << m_player.readAllStandardError().toStdString();
-    EXPECT_TRUE(waitFor([] { return playbackStatus() == "Stopped" && bridgeMetadata().isEmpty(); }));
-    ASSERT_TRUE(startPlayer());
-    EXPECT_TRUE(waitFor([] { return playbackStatus() == "Playing"; }));
-    ASSERT_EQ(endPlayer(), 0);
-}
-
-TEST_F(PlayerProcessTest, ShuffleAndLoopStatusReadBackWhatTheDesktopAsked_AndTheShuffleKeyTwiceReturns)
-{
-    const QByteArray keys = "await TEST/Control keys 60000\nsetupkey 0x4002 pressed\nsetupkey 0x4002 released\n"
-                            "await TEST/Control again 60000\nsetupkey 0x4002 pressed\nsetupkey 0x4002 released\n";
-    ASSERT_TRUE(startBridge());
-    ASSERT_TRUE(startPlayerOn(m_player, "keys", albumScript(0, "TEST/Control", keys),
-                              "await: listening on TEST/Control for keys"));
-    ASSERT_TRUE(waitFor([] { return playbackStatus() == "Playing"; }));
-    const auto shuffleIs = [](bool on) { return waitFor([on] { return playerProperty("Shuffle") == QVariant(on); }); };
-
-    // Each change is read back before the next: the player reads the mode the bridge stored.
-    const std::pair<QString, QVariant> asked[] = {
-        {"Shuffle", true}, {"Shuffle", false}, {"LoopStatus", "Playlist"}, {"Shuffle", true}, {"LoopStatus", "None"}};
-    for (const auto& [name, value] : asked) {
-        ASSERT_TRUE(setBridgeProperty(name, value));
-        EXPECT_TRUE(waitFor([&] { return playerProperty(name) == value; })) << name.toStdString();
-    }
-    EXPECT_TRUE(shuffleIs(false)) << "changing repeat turns shuffle off";
-
-    // The player screen's key, twice: on, then back off.
-    tell("TEST/Control", "keys");
-    EXPECT_TRUE(shuffleIs(true));
-    ProjectProgram::readUntil(m_player, QProcess::StandardError, "await: listening on TEST/Control for again");
-    tell("TEST/Control", "again");
-    EXPECT_TRUE(shuffleIs(false));
-    ProjectProgram::readUntil(m_player, QProcess::StandardError, "await: listening on TEST/Control for done");
-    tell("TEST/Control", "done");
-    ASSERT_TRUE(m_player.waitForFinished(kWaitMs));
-    EXPECT_EQ(m_player.exitCode(), 0) << m_player.readAllStandardError().toStdString();
     // What the engine was told after the list's installation, as the window applied it.
     const QList<QJsonArray> told = journalArgs(journalOf("keys"), "engine", "setShuffleRepeat");
     ASSERT_GE(told.size(), 12);
@@ -360,6 +338,10 @@ TEST_F(PlayerProcessTest, ShuffleAndLoopStatusReadBackWhatTheDesktopAsked_AndThe
                                  {true, true}, {true, true},       // Shuffle on
                                  {false, false}, {false, false},   // LoopStatus None
                                  {true, false}, {false, false}})); // the key twice
+    EXPECT_TRUE(waitFor([] { return playbackStatus() == "Stopped" && bridgeMetadata().isEmpty(); }));
+    ASSERT_TRUE(startPlayerOn(m_player, "again", albumScript(0), "await: listening on TEST/Control for done"));
+    EXPECT_TRUE(waitFor([] { return playbackStatus() == "Playing"; }));
+    ASSERT_EQ(endPlayer(), 0);
 }
 
 TEST_F(PlayerProcessTest, OfTwoPlayersTheNewestIsFollowedAndDriven_ThenTheOneLeft)
