@@ -99,31 +99,27 @@ TEST_F(MP_MainWindowTest, TearDown_ReleasesEngineThenStoresHidePlayingFalse)
 TEST_F(MP_MainWindowTest, ReadSetting_ForcedShuffleKeepsTheStoredSettingApart_UnknownModesAreOff)
 {
     create();
-    store("MusicShuffle", 0);
     store("MusicRepeat", true);
+    // The setting, then the mode the list gets, then repeat, after each read.
+    const auto read = [this](bool isVideo, bool forceShuffle) {
+        window->readSetting(isVideo, forceShuffle);
+        return QStringLiteral("%1 %2 %3")
+            .arg(MP_AufContext::shuffleSetting)
+            .arg(MP_AufContext::shuffle)
+            .arg(MP_AufContext::isRepeat);
+    };
     store("VideoShuffle", 2);
-    window->readSetting(false, true);
-    EXPECT_EQ(MP_AufContext::shuffleSetting, 0);
-    EXPECT_EQ(MP_AufContext::shuffle, 1);
-    EXPECT_TRUE(MP_AufContext::isRepeat);
-
-    window->readSetting(true, false);
-    EXPECT_EQ(MP_AufContext::shuffleSetting, 2);
-    EXPECT_EQ(MP_AufContext::shuffle, 2);
-    EXPECT_FALSE(MP_AufContext::isRepeat) << "absent VideoRepeat reads as false";
-    EXPECT_EQ(storedSetting("MusicShuffle", 0), 0) << "reading writes nothing";
-
-    // A stored shuffle mode outside the three is off.
+    EXPECT_EQ(read(true, false), "2 2 0") << "absent VideoRepeat reads as false";
+    // A stored shuffle mode outside the three is off; a launch that asks for shuffled songs still gets them.
+    store("VideoShuffle", 7);
+    EXPECT_EQ(read(true, true), "0 1 0");
     for (const int stored : {3, -1}) {
         store("MusicShuffle", stored);
-        window->readSetting(false, false);
-        EXPECT_EQ(MP_AufContext::shuffleSetting, 0) << stored;
-        EXPECT_EQ(MP_AufContext::shuffle, 0) << stored;
+        EXPECT_EQ(read(false, false), "0 0 1") << stored;
     }
-    store("VideoShuffle", 7);
-    window->readSetting(true, true);
-    EXPECT_EQ(MP_AufContext::shuffleSetting, 0);
-    EXPECT_EQ(MP_AufContext::shuffle, 1) << "a launch that asks for shuffled songs still gets them";
+    store("MusicShuffle", 0);
+    EXPECT_EQ(read(false, true), "0 1 1");
+    EXPECT_EQ(storedSetting("MusicShuffle", 0), 0) << "reading writes nothing";
 }
 
 TEST_F(MP_MainWindowTest, FreeCurrentList_ClearsTheLastPlayedRecord)

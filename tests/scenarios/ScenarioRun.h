@@ -45,8 +45,6 @@ public:
     QString dataDir() const { return m_dataDir.path(); }
 
 private:
-    int runApplication(const QStringList& arguments);
-
     QTemporaryDir m_dataDir;
     QTemporaryDir m_scriptDir;
     QString m_journalPath;
