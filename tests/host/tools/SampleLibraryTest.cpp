@@ -15,7 +15,6 @@
 #include <memory>
 #include <tuple>
 
-#include <taglib/fileref.h>
 #include <taglib/tpropertymap.h>
 #include <taglib/wavfile.h>
 
@@ -28,18 +27,6 @@ QByteArray readAll(const QString& path)
 }
 
 quint32 le32(const QByteArray& bytes, int offset) { return qFromLittleEndian<quint32>(bytes.constData() + offset); }
-
-// The size of the named RIFF chunk, or -1 when the file has none.
-qint64 chunkSize(const QByteArray& wav, const QByteArray& id)
-{
-    for (int pos = 12; pos + 8 <= wav.size();) {
-        const quint32 size = le32(wav, pos + 4);
-        if (wav.mid(pos, 4) == id)
-            return size;
-        pos += 8 + int(size) + int(size % 2);
-    }
-    return -1;
-}
 
 QString toQString(const TagLib::String& text) { return QString::fromStdString(text.to8Bit(true)); }
 
@@ -97,8 +84,7 @@ TEST_F(SampleLibraryTest, Song_ReadsBackTagsAndDuration)
     const QString file = path(QStringLiteral("Music/Árós Quartet/Kvöldljóð/02 Белая ночь.wav"));
     const QByteArray bytes = readAll(file);
     ASSERT_FALSE(bytes.isEmpty());
-    EXPECT_EQ(le32(bytes, 4), quint32(bytes.size() - 8));
-    EXPECT_EQ(chunkSize(bytes, "data"), 8 * 11025 * 2);
+    EXPECT_EQ(le32(bytes, 4), quint32(bytes.size() - 8)) << "the RIFF size counts the tag's chunk";
 
     TagLib::RIFF::WAV::File wav(QFile::encodeName(file).constData());
     ASSERT_TRUE(wav.isValid());
@@ -121,11 +107,10 @@ TEST_F(SampleLibraryTest, UntaggedRecordings_HaveSoundButNoTitle)
     const QStringList files = filesUnder(path(QStringLiteral("Music/Unsorted")));
     ASSERT_EQ(files.size(), 3);
     for (const QString& file : files) {
-        EXPECT_EQ(chunkSize(readAll(file), "ID3 "), -1) << qPrintable(file);
-        const TagLib::FileRef ref(QFile::encodeName(file).constData());
-        ASSERT_FALSE(ref.isNull()) << qPrintable(file);
-        EXPECT_TRUE(ref.tag()->title().isEmpty()) << qPrintable(file);
-        EXPECT_GE(ref.audioProperties()->lengthInMilliseconds(), 4000) << qPrintable(file);
+        TagLib::RIFF::WAV::File wav(QFile::encodeName(file).constData());
+        ASSERT_TRUE(wav.isValid()) << qPrintable(file);
+        EXPECT_FALSE(wav.hasID3v2Tag() || wav.hasInfoTag()) << qPrintable(file);
+        EXPECT_GE(wav.audioProperties()->lengthInMilliseconds(), 4000) << qPrintable(file);
     }
 }
 
