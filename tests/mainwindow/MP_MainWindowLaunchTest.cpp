@@ -49,9 +49,6 @@ protected:
     }
     SongBuilder songFile(const QString& name) { return song(writeDataFile("music/" + name)); }
 
-    // Without a launch action the start-up event would install the whole
-    // library; a request made now comes first.
-    void startWindow() { create(); }
     void request(const QString& name, const QList<QPair<QString, QString>>& values)
     {
         AM_ActionData action(name);
@@ -68,7 +65,7 @@ TEST_F(MP_MainWindowLaunchTest, LibrarySelection_EveryFieldAndNonLatinNameSurviv
 {
     addFile(songFile("kino.mp3").title("Gruppa krovi").artist("Кино").album("Звезда").genre("Рок").composer("Цой"));
     addFile(songFile("other.mp3").title("Other").artist("Other"));
-    startWindow();
+    create();  // a request made now comes before the start-up installs the library
     request("PlayMusicListInMediaplayer", {{"isAllArtist", "0"}, {"Artist", "Кино"}, {"isAllAlbum", "0"},
                                            {"Album", "Звезда"}, {"isAllGenre", "0"}, {"Genre", "Рок"},
                                            {"isAllComposer", "0"}, {"Composer", "Цой"}, {"StorageLocation", "2"},
@@ -97,7 +94,7 @@ TEST_F(MP_MainWindowLaunchTest, Resume_KeepsAListWithOneFileLeftAndReplacesOneWi
     const QString first = addFile(songFile("1.mp3").title("A").artist("Band"));
     const QString second = addFile(songFile("2.mp3").title("B").artist("Band"));
     addFile(songFile("3.mp3").title("C").artist("Solo"));
-    startWindow();
+    create();
     request("PlayMusicListInMediaplayer", {{"isAllArtist", "0"}, {"Artist", "Band"}, {"isAllAlbum", "1"},
                                            {"isAllGenre", "1"}, {"isAllComposer", "1"}, {"StorageLocation", "2"}});
 
@@ -116,7 +113,7 @@ TEST_F(MP_MainWindowLaunchTest, CapturedVideo_ReplacesTheListKeepsEngineAndSetti
 {
     addFile(songFile("clip.mp4").title("Clip").video().createdBy(int(METADATA_CREATED_CAPTURED)));
     const QString played = addFile(songFile("song.mp3").title("Song"));
-    startWindow();
+    create();
     request("PlayMusicListInMediaplayer", {{"isAllArtist", "1"}, {"isAllAlbum", "1"}, {"isAllGenre", "1"},
                                            {"isAllComposer", "1"}, {"StorageLocation", "2"}});
     MP_RecentList::getAudioList()->addItem(played);
@@ -144,7 +141,7 @@ TEST_F(MP_MainWindowLaunchTest, CapturedVideo_ReplacesTheListKeepsEngineAndSetti
 
 TEST_F(MP_MainWindowLaunchTest, NewList_TheEngineLetsGoOfNothingDeletedAndGetsTheNewList)
 {
-    startWindow();
+    create();
     QPointer<MP_AufList> first = new MP_AufList();
     window->setList(first, false, false, false, false, MP_LAUNCH_LIST);
     int linesWhenDeleted = -1;

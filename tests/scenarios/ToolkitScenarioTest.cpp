@@ -69,7 +69,6 @@ TEST(ToolkitScenarioTest, BadWords_StopTheScriptNamingWhatIsExpected)
     };
     EXPECT_EQ(runLine("softkey middle"), "softkey: expects left or right");
     EXPECT_EQ(runLine("profile 70000 on"), "profile: expects a feature bit (0 to 65535) and on or off");
-    EXPECT_EQ(runLine("profile 149 yes"), "profile: expects a feature bit (0 to 65535) and on or off");
     EXPECT_EQ(runLine("engine speed 2"), "engine: expects medium N, progress A B, complete or state N");
     EXPECT_EQ(runLine("engine medium 4"), "engine: medium 4 is none of 0 to 3");
     EXPECT_EQ(runLine("engine progress 30"), "engine: expects progress A B");
