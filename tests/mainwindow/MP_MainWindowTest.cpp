@@ -1,25 +1,33 @@
 // The main window through its exported entry points, as the application
 // reaches them: its start-up, its engine, and the clients that live with the
 // engine: the idle screen's, to whose plug-in hiding hands over, and the
-// display's, which the flip brings.
+// display's, which the flip brings. Then its events: return-to-idle requests,
+// the end key, closing and quitting, the setup keys, the jump key and the
+// memory card.
 
 #include "mainwindow/MP_MainWindow.h"
 
 #include <QCoreApplication>
+#include <QJsonArray>
+#include <QSignalSpy>
 
 #include <memory>
+#include <utility>
 
 #include "clients/MP_IdleClient.h"
 #include "host/platform/HostJournal.h"
 #include "host/platform/display/HostDisplay.h"
+#include "host/platform/media/database/MediaDatabase.h"
 #include "host/platform/phone/HostPhone.h"
 #include "lists/MP_AufContext.h"
 #include "lists/MP_AufList.h"
 #include "platform/MP_CommonPlayer.h"
 #include "platform/QCopChannel.h"
+#include "platform/VmKbMainWidget.h"
 #include "tests/support/Journal.h"
 #include "tests/support/MainWindowFixture.h"
 #include "tests/support/Payload.h"
+#include "tests/support/SongBuilder.h"
 
 namespace {
 
@@ -222,6 +230,199 @@ TEST_F(MP_MainWindowFlipTest, DisplayExit_QuitsThePlayer)
     ASSERT_TRUE(waitUntil([&] { return window->cliClient() != nullptr; }));
     ASSERT_TRUE(HostDisplay::send({DisplayCommand::Kind::Exit, 0}));
     EXPECT_TRUE(journalCalls().contains("engine:closePlayerWindow"));
+}
+
+// Counts the close events the window receives: what quitting does to it.
+class CloseCounter : public QObject {
+public:
+    int closes = 0;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::Close)
+            ++closes;
+        return QObject::eventFilter(watched, event);
+    }
+};
+
+class MP_MainWindowEventsTest : public MainWindowFixture {
+protected:
+    // A window whose engine plays @p passedFile (a missing file still
+    // reports its content type, from its name); nothing to hide to.
+    void startPlaying(const QString& passedFile)
+    {
+        create(passedFile);
+        ASSERT_TRUE(waitForEngine());
+        processEvents();
+        HostJournal::startCapture();
+    }
+    void create(const QString& passedFile)
+    {
+        MainWindowFixture::create(passedFile).installEventFilter(&closeCounter);
+        quitSpy = std::make_unique<QSignalSpy>(window.get(), &MP_MainWindow::quitApp);
+    }
+    void installList()
+    {
+        std::unique_ptr<MediaDatabase> database = MediaDatabase::open(MediaDatabase::defaultFile());
+        ASSERT_TRUE(database);
+        ASSERT_NE(database->addMedia(song("/music/a.mp3").title("A")), 0u);
+        ASSERT_NE(database->addMedia(song("/music/b.mp3").title("B")), 0u);
+        window->setList(new MP_AufList(), false, false, false, false, MP_LAUNCH_LIST);
+        HostJournal::startCapture();
+    }
+    static QStringList storedWrites() { return Journal::settingsWritten(journal()); }
+    int quits() const { return int(journalLines("engine", "closePlayerWindow").size()); }
+
+    CloseCounter closeCounter;
+    std::unique_ptr<QSignalSpy> quitSpy;
+};
+
+TEST_F(MP_MainWindowEventsTest, ReturnToIdle_FlipReasonsAndEndKeyActLater_OtherReasonsAreIgnored)
+{
+    // A video does not play on hidden: every way out quits.
+    startPlaying(dataPath("clip.mp4"));
+    for (int reason : {-5001, -5003, -5000}) {
+        const int before = closeCounter.closes;
+        window->onAskReturnToIdle(reason);
+        EXPECT_EQ(closeCounter.closes, before) << "not inside the application's callback, reason " << reason;
+        EXPECT_TRUE(waitUntil([&] { return closeCounter.closes == before + 1; })) << "reason " << reason;
+    }
+    EXPECT_EQ(quits(), 3);
+    EXPECT_EQ(journalLines("engine", "flipClosed").size(), 0) << "the player screen did not want to hide";
+
+    for (int reason : {-5002, -4999})
+        window->onAskReturnToIdle(reason);
+    processEvents();
+    EXPECT_EQ(closeCounter.closes, 3);
+    EXPECT_EQ(quitSpy->count(), 0) << "not a captured-video launch";
+}
+
+TEST_F(MP_MainWindowEventsTest, EndKeyCloseAndAppIcon_NeedTheEngine_ThenTheFocusedScreensEndKeyQuits)
+{
+    create(dataPath("clip.mp4"));
+    // Called directly, before the event loop made the engine.
+    window->onClosePlayer();
+    window->onClickAppIcon();
+    window->onEndKeyPressed();
+    window->onFlipClosed();
+    EXPECT_EQ(closeCounter.closes, 1) << "the flip closing quits even without an engine";
+    EXPECT_EQ(journalCalls().filter("engine:"), QStringList());
+
+    ASSERT_TRUE(waitForEngine());
+    VmKbMainWidget* screen = window->commonPlayer()->getMainWidget();
+    screen->activateWindow();
+    screen->setFocus();
+    ASSERT_TRUE(waitUntil([&] { return screen->hasFocus(); }));
+    HostJournal::startCapture();
+    window->onEndKeyPressed();
+    EXPECT_EQ(closeCounter.closes, 2);
+    EXPECT_EQ(quits(), 1);
+    window->onClosePlayer();
+    window->onClickAppIcon();
+    EXPECT_EQ(journalCalls().filter("engine:"),
+              (QStringList{"engine:closePlayerWindow", "engine:closePlayerWindow", "engine:showPlayer"}));
+    EXPECT_EQ(closeCounter.closes, 2) << "they only move the player screen";
+}
+
+// The end key away from the player screen while music plays hides it as closing the flip would: the
+// toolkit scenario's phone commands; that hiding stores HidePlaying, the idle test's.
+
+TEST_F(MP_MainWindowEventsTest, ShuffleKey_AppliesTheStoredMode_RepeatKeyInvertsRepeatAndTurnsShuffleOff)
+{
+    startPlaying(dataPath("song.mp3"));
+    window->onSetupKeyClicked(0x4002, false);
+    window->onSetupKeyClicked(0x4003, false);
+    EXPECT_EQ(journalCalls(), QStringList()) << "without a list";
+    installList();
+    store("MusicRepeat", true);
+    store("MusicShuffle", 1);  // the asker stores the mode before the key comes
+    window->onSetupKeyClicked(0x4002, true);
+    window->onSetupKeyClicked(0x4004, false);
+    EXPECT_EQ(journalCalls(), QStringList()) << "presses and other codes are ignored";
+
+    // 3: a mode this player does not know counts as off.
+    for (const auto& [stored, applied] : {std::pair{2, 2}, {3, 0}}) {
+        store("MusicShuffle", stored);
+        window->onSetupKeyClicked(0x4002, false);
+        EXPECT_EQ(MP_AufContext::shuffle, applied) << stored;
+    }
+    window->onSetupKeyClicked(0x4003, false);
+    EXPECT_FALSE(MP_AufContext::isRepeat);
+    window->onSetupKeyClicked(0x4003, false);
+    EXPECT_TRUE(MP_AufContext::isRepeat);
+    // The shuffle key writes nothing; the engine and the list get the repeat key's new mode.
+    EXPECT_EQ(storedWrites(), (QStringList{"MusicRepeat=true", "MusicShuffle=1", "MusicShuffle=2", "MusicShuffle=3",
+                                           "MusicRepeat=false", "MusicShuffle=0", "MusicRepeat=true",
+                                           "MusicShuffle=0"}));
+    EXPECT_EQ(journalArgs("engine", "setShuffleRepeat"),
+              (QList<QJsonArray>{{true, true}, {false, true}, {false, false}, {false, true}}));
+}
+
+TEST_F(MP_MainWindowEventsTest, ToggleKey_StartsTheRecorder_OrAfterACapturedVideoAsksTheApplicationToEnd)
+{
+    create(dataPath("clip.mp4"));
+    window->onSetupKeyClicked(0x4006, false);
+    EXPECT_EQ(journalArgs("action", "invoke"),
+              (QList<QJsonArray>{{QJsonObject{{"action", "RecordingVideo"}, {"values", QJsonObject()}}, false}}));
+    EXPECT_EQ(closeCounter.closes, 1);
+    EXPECT_EQ(quitSpy->count(), 0);
+
+    window->playCapturedVideo();
+    HostJournal::startCapture();
+    window->onSetupKeyClicked(0x4006, false);
+    EXPECT_EQ(journalArgs("action", "invoke").size(), 0);
+    EXPECT_EQ(closeCounter.closes, 2);
+    EXPECT_EQ(quitSpy->count(), 1);
+}
+
+TEST_F(MP_MainWindowEventsTest, CardEvent_QuitsWhateverTheFlagOrPayload_OtherMessagesAreIgnored)
+{
+    startPlaying(dataPath("song.mp3"));
+    window->slotSystemMessage("cardHotplugEvent(int)", payload(1, 1));
+    EXPECT_EQ(closeCounter.closes, 0);
+    // A payload cut short is still a card event. (A whole one through the channel, as the phone sends
+    // it, is the toolkit scenario's.)
+    window->slotSystemMessage("cardHotplugEvent(int,int)", payload(1, 0).left(7));
+    EXPECT_EQ(closeCounter.closes, 1);
+    EXPECT_EQ(quits(), 1);
+}
+
+TEST_F(MP_MainWindowEventsTest, JumpKey_BeforeTheFirstReport_WaitsForIt_AndQuitsOnlyForVideo)
+{
+    // Called directly: the event loop must not turn, or the engine reports first.
+    create(dataPath("clip.mp4"));
+    const QByteArray jump = payload(0x1048, 1);
+    window->slotKeyMessage("keyMsg(int,int)", jump);
+    window->slotContentTypeChanged(MP_CONTENT_VIDEO);
+    EXPECT_EQ(closeCounter.closes, 1) << "quits at the first report";
+    window->slotContentTypeChanged(MP_CONTENT_VIDEO);
+    EXPECT_EQ(closeCounter.closes, 1) << "the pending key was used up";
+
+    // Known video: other keys, types, names and short payloads do nothing.
+    window->slotKeyMessage("keyMsg(int,int)", payload(0x1048, 0));
+    window->slotKeyMessage("keyMsg(int,int)", payload(0x1049, 1));
+    window->slotKeyMessage("keyMsg(int,int)", jump.left(7));
+    window->slotKeyMessage("keyMsg(int)", jump);
+    EXPECT_EQ(closeCounter.closes, 1);
+    window->slotKeyMessage("keyMsg(int,int)", jump);
+    EXPECT_EQ(closeCounter.closes, 2);
+    window->slotContentTypeChanged(MP_CONTENT_SOUND);
+    window->slotKeyMessage("keyMsg(int,int)", jump);
+    EXPECT_EQ(closeCounter.closes, 2) << "music plays on";
+}
+
+TEST_F(MP_MainWindowEventsTest, JumpKey_BeforeAMusicReport_IsDropped)
+{
+    create(dataPath("song.mp3"));
+    window->slotKeyMessage("keyMsg(int,int)", payload(0x1048, 1));
+    window->slotContentTypeChanged(MP_CONTENT_SOUND);
+    window->slotContentTypeChanged(MP_CONTENT_VIDEO);
+    EXPECT_EQ(closeCounter.closes, 0);
+
+    // The key-event channel reaches the handler.
+    QCopChannel::send("VEMO/KeyEvent", "keyMsg(int,int)", payload(0x1048, 1));
+    EXPECT_TRUE(waitUntil([&] { return closeCounter.closes == 1; }));
 }
 
 } // namespace

@@ -67,8 +67,6 @@ protected:
         ASSERT_TRUE(s_folder->isValid());
         SampleLibraryWriter writer(s_folder->path());
         ASSERT_TRUE(writer.write()) << qPrintable(writer.errorString());
-        EXPECT_EQ(writer.filesWritten(), 33);
-        EXPECT_EQ(writer.filesUnchanged(), 0);
     }
     static void TearDownTestSuite() { s_folder.reset(); }
 
