@@ -3,7 +3,8 @@
 // real readers and senders of its messages: qcop's decoder and payload
 // builder, the bridge's mirror of the player, and the setup screen. A message
 // renamed, or a payload type changed, on either side breaks one of these.
-// (Which message each of the bridge's requests sends is its own test's.)
+// (Which message each of the bridge's requests sends is its own test's.) Last,
+// how qcop's decoder reads a payload that does not keep a contract.
 
 #include <QDBusObjectPath>
 #include <QUrl>
@@ -264,6 +265,28 @@ TEST_F(ChannelContractTest, EveryDeclaredRequest_ReachesThePlayerWithItsTypes_An
         sent.insert({row.channel, row.name});
     }
     EXPECT_EQ(sent, declared(MessageDirection::ToPlayer));
+}
+
+TEST(PayloadDecoderTest, DecodesByTheTypesTheNameGivesElseShowsTheBytes)
+{
+    const QByteArray keyPayload = QByteArray::fromHex("00000005ffffffff");
+    EXPECT_EQ(PayloadDecoder::describe("keyMsg(int,int)", keyPayload), (QStringList{"int:5", "int:-1"}));
+    EXPECT_EQ(PayloadDecoder::describe("keyMsg(int,int)", QByteArray::fromHex("000000050000")),
+              QStringList{"raw:000000050000"})
+        << "a short payload is not read past its end";
+    EXPECT_EQ(PayloadDecoder::describe("keyMsg(int,int)", keyPayload + '\x01'), QStringList{"raw:00000005ffffffff01"})
+        << "bytes left over";
+    EXPECT_EQ(PayloadDecoder::describe("f(QString,QString,Q_INT8)", QByteArray::fromHex("ffffffff00000000") + "\x07"),
+              (QStringList{"str:null", "str:\"\"", "i8:7"}));
+    EXPECT_EQ(PayloadDecoder::describe("f(QByteArray,QByteArray)", QByteArray::fromHex("00000002abcd00000000")),
+              (QStringList{"bytes:abcd", "bytes:"}));
+    EXPECT_EQ(PayloadDecoder::describe("f(QString)", QByteArray::fromHex("0000000600220061005c")),
+              QStringList{"str:\"\\\"a\\\\\""});
+    EXPECT_EQ(PayloadDecoder::describe("f(QString)", QByteArray::fromHex("7fffffff0041")), QStringList{"raw:7fffffff0041"})
+        << "a length beyond the payload";
+    EXPECT_EQ(PayloadDecoder::describe("f(QRect)", keyPayload), QStringList{"raw:00000005ffffffff"});
+    EXPECT_EQ(PayloadDecoder::describe("noTypes", keyPayload), QStringList{"raw:00000005ffffffff"});
+    EXPECT_EQ(PayloadDecoder::describe("applyStyle()", QByteArray()), QStringList());
 }
 
 } // namespace
