@@ -31,13 +31,6 @@ bool fail(const char* dialog, const char* why)
     return ShotProgram::fail("mp_dialog_shots", qPrintable(QStringLiteral("%1: %2").arg(dialog, why)));
 }
 
-// Whether the left half of @p field, inside its frame, holds more than one
-// colour: text, where an empty field's frame or a box's arrow would not count.
-bool showsText(const QImage& shot, const QWidget& field)
-{
-    return ShotProgram::hasDetail(shot, QRect(field.mapToGlobal(QPoint(4, 4)), field.size() - QSize(field.width() / 2 + 4, 8)));
-}
-
 // Shows @p dialog away from the screen's corner, saves the screen as @p picture
 // and checks that a person sees the dialog and the text of @p field.
 bool shownAndSeen(const char* name, QWidget& dialog, const QWidget& field, const QString& picture)
@@ -57,7 +50,10 @@ bool shownAndSeen(const char* name, QWidget& dialog, const QWidget& field, const
     const QPoint margin = area.topLeft() + QPoint(4, 4);
     if (!shot.rect().contains(area) || shot.pixel(margin) == background)
         return fail(name, "the dialog is not in the picture");
-    return showsText(shot, field) || fail(name, "its field is one colour");
+    // Text in the left half of the field, inside its frame, where an empty field's frame or a box's
+    // arrow would not count.
+    const QRect text(field.mapToGlobal(QPoint(4, 4)), field.size() - QSize(field.width() / 2 + 4, 8));
+    return ShotProgram::hasDetail(shot, text) || fail(name, "its field is one colour");
 }
 
 QByteArray bytesOf(const QString& path)
