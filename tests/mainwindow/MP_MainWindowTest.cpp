@@ -38,16 +38,23 @@
 
 namespace {
 
-// Counts the start-up events that reach a window.
-class StartupEventCounter : public QObject {
+// Counts the events of one type that reach a window: the start-up's, or the
+// closes that quitting makes.
+class EventCounter : public QObject {
 public:
+    explicit EventCounter(int type) : m_type(type) {}
     int count = 0;
-    bool eventFilter(QObject*, QEvent* event) override
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
     {
-        if (event->type() == QEvent::Type(MP_MainWindow::StartupEventType))
+        if (event->type() == m_type)
             ++count;
-        return false;
+        return QObject::eventFilter(watched, event);
     }
+
+private:
+    const int m_type;
 };
 
 using MP_MainWindowTest = MainWindowFixture;
@@ -55,7 +62,7 @@ using MP_MainWindowTest = MainWindowFixture;
 TEST_F(MP_MainWindowTest, Startup_WithoutFileOrAction_PostsOneEventAndPlaysTheWholeLibrary)
 {
     create();
-    StartupEventCounter counter;
+    EventCounter counter(MP_MainWindow::StartupEventType);
     window->installEventFilter(&counter);
     EXPECT_EQ(counter.count, 0) << "nothing may happen before the event loop turns";
 
@@ -239,20 +246,6 @@ TEST_F(MP_MainWindowFlipTest, DisplayExit_QuitsThePlayer)
     EXPECT_TRUE(journalCalls().contains("engine:closePlayerWindow"));
 }
 
-// Counts the close events the window receives: what quitting does to it.
-class CloseCounter : public QObject {
-public:
-    int closes = 0;
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override
-    {
-        if (event->type() == QEvent::Close)
-            ++closes;
-        return QObject::eventFilter(watched, event);
-    }
-};
-
 class MP_MainWindowEventsTest : public MainWindowFixture {
 protected:
     // A window whose engine plays @p passedFile (a missing file still
@@ -281,7 +274,7 @@ protected:
     static QStringList storedWrites() { return Journal::settingsWritten(journal()); }
     int quits() const { return int(journalLines("engine", "closePlayerWindow").size()); }
 
-    CloseCounter closeCounter;
+    EventCounter closeCounter{QEvent::Close};
     std::unique_ptr<QSignalSpy> quitSpy;
 };
 
@@ -290,10 +283,10 @@ TEST_F(MP_MainWindowEventsTest, ReturnToIdle_FlipReasonsAndEndKeyActLater_OtherR
     // A video does not play on hidden: every way out quits.
     startPlaying(dataPath("clip.mp4"));
     for (int reason : {-5001, -5003, -5000}) {
-        const int before = closeCounter.closes;
+        const int before = closeCounter.count;
         window->onAskReturnToIdle(reason);
-        EXPECT_EQ(closeCounter.closes, before) << "not inside the application's callback, reason " << reason;
-        EXPECT_TRUE(waitUntil([&] { return closeCounter.closes == before + 1; })) << "reason " << reason;
+        EXPECT_EQ(closeCounter.count, before) << "not inside the application's callback, reason " << reason;
+        EXPECT_TRUE(waitUntil([&] { return closeCounter.count == before + 1; })) << "reason " << reason;
     }
     EXPECT_EQ(quits(), 3);
     EXPECT_EQ(journalLines("engine", "flipClosed").size(), 0) << "the player screen did not want to hide";
@@ -301,7 +294,7 @@ TEST_F(MP_MainWindowEventsTest, ReturnToIdle_FlipReasonsAndEndKeyActLater_OtherR
     for (int reason : {-5002, -4999})
         window->onAskReturnToIdle(reason);
     processEvents();
-    EXPECT_EQ(closeCounter.closes, 3);
+    EXPECT_EQ(closeCounter.count, 3);
     EXPECT_EQ(quitSpy->count(), 0) << "not a captured-video launch";
 }
 
@@ -313,7 +306,7 @@ TEST_F(MP_MainWindowEventsTest, EndKeyCloseAndAppIcon_NeedTheEngine_ThenTheFocus
     window->onClickAppIcon();
     window->onEndKeyPressed();
     window->onFlipClosed();
-    EXPECT_EQ(closeCounter.closes, 1) << "the flip closing quits even without an engine";
+    EXPECT_EQ(closeCounter.count, 1) << "the flip closing quits even without an engine";
     EXPECT_EQ(journalCalls().filter("engine:"), QStringList());
 
     ASSERT_TRUE(waitForEngine());
@@ -323,13 +316,13 @@ TEST_F(MP_MainWindowEventsTest, EndKeyCloseAndAppIcon_NeedTheEngine_ThenTheFocus
     ASSERT_TRUE(waitUntil([&] { return screen->hasFocus(); }));
     HostJournal::startCapture();
     window->onEndKeyPressed();
-    EXPECT_EQ(closeCounter.closes, 2);
+    EXPECT_EQ(closeCounter.count, 2);
     EXPECT_EQ(quits(), 1);
     window->onClosePlayer();
     window->onClickAppIcon();
     EXPECT_EQ(journalCalls().filter("engine:"),
               (QStringList{"engine:closePlayerWindow", "engine:closePlayerWindow", "engine:showPlayer"}));
-    EXPECT_EQ(closeCounter.closes, 2) << "they only move the player screen";
+    EXPECT_EQ(closeCounter.count, 2) << "they only move the player screen";
 }
 
 // The end key away from the player screen while music plays hides it as closing the flip would: the
@@ -372,14 +365,14 @@ TEST_F(MP_MainWindowEventsTest, ToggleKey_StartsTheRecorder_OrAfterACapturedVide
     window->onSetupKeyClicked(0x4006, false);
     EXPECT_EQ(journalArgs("action", "invoke"),
               (QList<QJsonArray>{{QJsonObject{{"action", "RecordingVideo"}, {"values", QJsonObject()}}, false}}));
-    EXPECT_EQ(closeCounter.closes, 1);
+    EXPECT_EQ(closeCounter.count, 1);
     EXPECT_EQ(quitSpy->count(), 0);
 
     window->playCapturedVideo();
     HostJournal::startCapture();
     window->onSetupKeyClicked(0x4006, false);
     EXPECT_EQ(journalArgs("action", "invoke").size(), 0);
-    EXPECT_EQ(closeCounter.closes, 2);
+    EXPECT_EQ(closeCounter.count, 2);
     EXPECT_EQ(quitSpy->count(), 1);
 }
 
@@ -387,11 +380,11 @@ TEST_F(MP_MainWindowEventsTest, CardEvent_QuitsWhateverTheFlagOrPayload_OtherMes
 {
     startPlaying(dataPath("song.mp3"));
     window->slotSystemMessage("cardHotplugEvent(int)", payload(1, 1));
-    EXPECT_EQ(closeCounter.closes, 0);
+    EXPECT_EQ(closeCounter.count, 0);
     // A payload cut short is still a card event. (A whole one through the channel, as the phone sends
     // it, is the toolkit scenario's.)
     window->slotSystemMessage("cardHotplugEvent(int,int)", payload(1, 0).left(7));
-    EXPECT_EQ(closeCounter.closes, 1);
+    EXPECT_EQ(closeCounter.count, 1);
     EXPECT_EQ(quits(), 1);
 }
 
@@ -402,21 +395,21 @@ TEST_F(MP_MainWindowEventsTest, JumpKey_BeforeTheFirstReport_WaitsForIt_AndQuits
     const QByteArray jump = payload(0x1048, 1);
     window->slotKeyMessage("keyMsg(int,int)", jump);
     window->slotContentTypeChanged(MP_CONTENT_VIDEO);
-    EXPECT_EQ(closeCounter.closes, 1) << "quits at the first report";
+    EXPECT_EQ(closeCounter.count, 1) << "quits at the first report";
     window->slotContentTypeChanged(MP_CONTENT_VIDEO);
-    EXPECT_EQ(closeCounter.closes, 1) << "the pending key was used up";
+    EXPECT_EQ(closeCounter.count, 1) << "the pending key was used up";
 
     // Known video: other keys, types, names and short payloads do nothing.
     window->slotKeyMessage("keyMsg(int,int)", payload(0x1048, 0));
     window->slotKeyMessage("keyMsg(int,int)", payload(0x1049, 1));
     window->slotKeyMessage("keyMsg(int,int)", jump.left(7));
     window->slotKeyMessage("keyMsg(int)", jump);
-    EXPECT_EQ(closeCounter.closes, 1);
+    EXPECT_EQ(closeCounter.count, 1);
     window->slotKeyMessage("keyMsg(int,int)", jump);
-    EXPECT_EQ(closeCounter.closes, 2);
+    EXPECT_EQ(closeCounter.count, 2);
     window->slotContentTypeChanged(MP_CONTENT_SOUND);
     window->slotKeyMessage("keyMsg(int,int)", jump);
-    EXPECT_EQ(closeCounter.closes, 2) << "music plays on";
+    EXPECT_EQ(closeCounter.count, 2) << "music plays on";
 }
 
 TEST_F(MP_MainWindowEventsTest, JumpKey_BeforeAMusicReport_IsDropped)
@@ -425,11 +418,11 @@ TEST_F(MP_MainWindowEventsTest, JumpKey_BeforeAMusicReport_IsDropped)
     window->slotKeyMessage("keyMsg(int,int)", payload(0x1048, 1));
     window->slotContentTypeChanged(MP_CONTENT_SOUND);
     window->slotContentTypeChanged(MP_CONTENT_VIDEO);
-    EXPECT_EQ(closeCounter.closes, 0);
+    EXPECT_EQ(closeCounter.count, 0);
 
     // The key-event channel reaches the handler.
     QCopChannel::send("VEMO/KeyEvent", "keyMsg(int,int)", payload(0x1048, 1));
-    EXPECT_TRUE(waitUntil([&] { return closeCounter.closes == 1; }));
+    EXPECT_TRUE(waitUntil([&] { return closeCounter.count == 1; }));
 }
 
 /** The four strings of a library selection's stored description. */

@@ -193,9 +193,9 @@ TEST(AppScenarioTest, Library_ExportsTheEntryPointsAndTheFolderListOnly)
         (line.contains("13MP_FolderList") ? folderList : others).insert(QString::fromLatin1(line));
     }
     EXPECT_EQ(others, (QSet<QString>{"MP_CreateMainWindow", "MP_DeleteMainWindow", "playCapturedVideo"}));
-    EXPECT_TRUE(folderList.contains("_ZN13MP_FolderListC1ERK7QStringi")) << "the constructor";
-    EXPECT_TRUE(folderList.contains("_ZN13MP_FolderListD0Ev")) << "the deleting destructor";
-    EXPECT_TRUE(folderList.contains("_ZTV13MP_FolderList")) << "the virtual table";
+    // The constructor, the deleting destructor and the virtual table.
+    EXPECT_TRUE(folderList.contains(
+        {"_ZN13MP_FolderListC1ERK7QStringi", "_ZN13MP_FolderListD0Ev", "_ZTV13MP_FolderList"}));
 }
 
 const QStringList kPlayAuroraLane{"--action", "PlayMusicListInMediaplayer", "isAllArtist=0", "Artist=Aurora Lane",

@@ -78,11 +78,6 @@ QList<QJsonObject> ScenarioRun::journal() const
     return Journal::readFile(m_journalPath);
 }
 
-QStringList ScenarioRun::calls() const
-{
-    return Journal::calls(journal());
-}
-
 QList<QJsonArray> ScenarioRun::argsOf(const QString& kind, const QString& call) const
 {
     return Journal::argsOf(journal(), kind, call);

@@ -36,8 +36,6 @@ public:
 
     QString errorOutput() const { return m_errorOutput; }
     QList<QJsonObject> journal() const;
-    /** "kind:call" of the journal lines that record calls. */
-    QStringList calls() const;
     /** The args of the journal lines of one kind and call, in order. */
     QList<QJsonArray> argsOf(const QString& kind, const QString& call) const;
     /** The titles the engine reported playing, in order. */

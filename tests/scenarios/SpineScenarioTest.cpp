@@ -34,7 +34,7 @@ TEST(SpineScenarioTest, PassedFile_PlaysThroughTheLibrary_ShowsItsSoundMenu_Repo
     ScenarioRun scenario;
     ASSERT_EQ(scenario.run(ScenarioRun::script("play_passed_file.mps"), {kSong}), 0) << qPrintable(scenario.errorOutput());
 
-    const QStringList calls = scenario.calls();
+    const QStringList calls = Journal::calls(scenario.journal());
     const MessageLines engineCalls =
         Journal::callsWithArgsMatching(scenario.journal(), QRegularExpression("^engine:(MP_|set|auto)"));
     ASSERT_GE(engineCalls.size(), 4u);
