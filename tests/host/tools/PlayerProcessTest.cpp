@@ -425,7 +425,6 @@ TEST_F(PlayerProcessTest, TheBridgeEndsWithAKilledPlayerThatStartedIt_AndWithIts
 
     // A second player with a bridge of its own: the first bridge goes on
     // showing its own player, not the newer one.
-    ASSERT_TRUE(connectTest());
     ASSERT_TRUE(waitFor([] { return title() == "First Light"; })) << title().toStdString();
     ASSERT_TRUE(startPlayerOn(m_second, "second", albumScript(2), "await: listening on TEST/Control for done",
                               {"--mpris"}));
