@@ -79,8 +79,7 @@ TEST_F(MP_MainWindowTest, Startup_WithoutFileOrAction_PostsOneEventAndPlaysTheWh
     EXPECT_TRUE(QCopChannel::isRegistered("VEMO/System"));
 }
 
-// A passed file is played with no start-up event: the spine scenario sees the
-// engine get the file, and no list, first.
+// A passed file plays with no start-up event: the spine scenario sees the engine get it, and no list.
 TEST_F(MP_MainWindowTest, EngineLifecycle_FreeTwiceThenOpenMakesANewEngine)
 {
     create();
@@ -324,8 +323,7 @@ TEST_F(MP_MainWindowEventsTest, EndKeyCloseAndAppIcon_NeedTheEngine_ThenTheFocus
     EXPECT_EQ(closeCounter.count, 2) << "they only move the player screen";
 }
 
-// The end key away from the player screen while music plays hides it as closing the flip would: the
-// toolkit scenario's phone commands; that hiding stores HidePlaying, the idle test's.
+// The end key away from the player screen hides playing music: the toolkit scenario's phone commands.
 
 TEST_F(MP_MainWindowEventsTest, ShuffleKey_AppliesTheStoredMode_RepeatKeyInvertsRepeatAndTurnsShuffleOff)
 {
@@ -380,8 +378,7 @@ TEST_F(MP_MainWindowEventsTest, CardEvent_QuitsWhateverTheFlagOrPayload_OtherMes
     startPlaying(dataPath("song.mp3"));
     window->slotSystemMessage("cardHotplugEvent(int)", payload(1, 1));
     EXPECT_EQ(closeCounter.count, 0);
-    // A payload cut short is still a card event. (A whole one through the channel, as the phone sends
-    // it, is the toolkit scenario's.)
+    // A payload cut short is still a card event. (A whole one, the toolkit scenario's.)
     window->slotSystemMessage("cardHotplugEvent(int,int)", payload(1, 0).left(7));
     EXPECT_EQ(closeCounter.count, 1);
     EXPECT_EQ(quits(), 1);

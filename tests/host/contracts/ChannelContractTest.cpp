@@ -121,8 +121,6 @@ protected:
     {
         launch("PlayUserListInMediaplayer", {{"Type", "0"}, {"GroupObjectID", QString::number(playList)}});
     }
-    void playVideos() { launch("PlayVideoInMediaplayer", {{"SelectionType", "All"}}); }
-    HostEngine& engine() const { return *static_cast<HostEngine*>(window->commonPlayer()); }
 
     /** The player's engine and control calls since the capture began
      *  ("control:next []"), then the names of its messages on @p watched. */
@@ -172,7 +170,7 @@ TEST_F(ChannelContractTest, EverythingThePlayerSays_IsDeclared_DecodesByItsTypes
     EXPECT_EQ(std::pair(mirror.shuffleMode(), mirror.repeat()), std::pair(2, true));
 
     // A download that plays: Back, Yes cancels it; then Hide Download.
-    engine().setMediumType(MP_MEDIUM_PROGRESSIVE_DOWNLOAD);
+    static_cast<HostEngine*>(window->commonPlayer())->setMediumType(MP_MEDIUM_PROGRESSIVE_DOWNLOAD);
     HostDialogs::queueAnswer(1);
     ASSERT_TRUE(QMetaObject::invokeMethod(window->windowClient(), "onBackClicked"));
     ASSERT_TRUE(QMetaObject::invokeMethod(window->windowClient(), "onMenuHidePD"));
@@ -251,7 +249,7 @@ TEST_F(ChannelContractTest, EveryDeclaredRequest_ReachesThePlayerWithItsTypes_An
     std::set<ChannelAndName> sent;
     for (const auto& row : rows) {
         if (row.onVideos && !window->currentList()->isVideoList())
-            playVideos();
+            launch("PlayVideoInMediaplayer", {{"SelectionType", "All"}});
         QByteArray payload;
         QString error;
         ASSERT_TRUE(PayloadBuilder::build(row.words, &payload, &error)) << qPrintable(error);

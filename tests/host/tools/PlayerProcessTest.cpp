@@ -340,8 +340,7 @@ TEST_F(PlayerProcessTest, TheBridgeFollowsThePlayerAndDrivesIt_ReadsBackShuffleA
                              + QString::number(m_second.processId());
     EXPECT_EQ(ProjectProgram::readUntil(m_second, QProcess::StandardError, instance), instance);
 
-    // The player goes; the bridge shows that. (A player coming after another is followed: the
-    // sender tracker's test.)
+    // The player goes; the bridge shows that. (One coming after another: the sender tracker's test.)
     ASSERT_EQ(endPlayer(), 0) << m_player.readAllStandardError().toStdString();
     // What the engine was told after the list's installation, as the window applied it.
     const QList<QJsonArray> told = journalArgs(journalOf("keys"), "engine", "setShuffleRepeat");
