@@ -389,12 +389,12 @@ TEST_F(PlayerProcessTest, OfTwoPlayersTheNewestIsFollowedAndDriven_ThenTheOneLef
     EXPECT_EQ(journalArgs(journalOf("a"), "control", "next").size(), 0) << "only the followed player moves";
 }
 
-TEST_F(PlayerProcessTest, ABridgeThatCannotStart_IsSaidWithItsCommand_AndThePlayerHearsASenderThatSendsAtOnce)
+TEST_F(PlayerProcessTest, ABridgeThatCannotStartIsSaid_TheBridgeEndsWithAKilledPlayerThatStartedIt_AndWithItsBus)
 {
     ASSERT_TRUE(connectTest());
-    // The player starts its bridge through the command MP_EMULATOR names.
+    // A player starts its bridge through the command MP_EMULATOR names; one that cannot start is said.
     qputenv("MP_EMULATOR", "/nonexistent/emulator \"an option\"");
-    const bool started = startPlayerOn(m_player, "nobridge", "await TEST/Control done 60000\nquit\n",
+    const bool started = startPlayerOn(m_second, "nobridge", "await TEST/Control done 60000\nquit\n",
                                        "await: listening on TEST/Control for done", {"--mpris"});
     qunsetenv("MP_EMULATOR");
     ASSERT_TRUE(started) << m_playerSaid.toStdString();
@@ -407,13 +407,9 @@ TEST_F(PlayerProcessTest, ABridgeThatCannotStart_IsSaidWithItsCommand_AndThePlay
                             + m_run.dataDir() + "/data --follow :1.";
     EXPECT_TRUE(said[0].startsWith("mediaplayer: --mpris: cannot start " + command)) << said[0].toStdString();
     EXPECT_TRUE(said[0].contains(QRegularExpression("--follow :1\\.\\d+: \\S"))) << "and why: " << said[0].toStdString();
-    ASSERT_TRUE(m_player.waitForFinished(kWaitMs)) << "the message sent at once was missed";
-    EXPECT_EQ(m_player.exitCode(), 0) << m_player.readAllStandardError().toStdString();
-}
+    ASSERT_TRUE(m_second.waitForFinished(kWaitMs)) << "the message sent at once was missed";
+    EXPECT_EQ(m_second.exitCode(), 0) << m_second.readAllStandardError().toStdString();
 
-TEST_F(PlayerProcessTest, TheBridgeEndsWithAKilledPlayerThatStartedIt_AndWithItsBus)
-{
-    ASSERT_TRUE(connectTest());
     ASSERT_TRUE(startPlayerOn(m_player, "mpris", albumScript(0),
                               "await: listening on TEST/Control for done", {"--mpris"}))
         << m_playerSaid.toStdString();
