@@ -54,8 +54,7 @@ int main(int argc, char** argv)
     QApplication app(argc, argv);
 
     const QString library = data.filePath(QStringLiteral("library"));
-    SampleLibraryWriter writer(library);
-    if (!writer.write())
+    if (!SampleLibraryWriter(library).write())
         return ShotProgram::failed(kProgram, "no sample library");
     // The downloaded trailer: blue, so that neither black nor the window's grey passes for it.
     const SampleVideo& video = SampleCatalogue::videos().at(2);

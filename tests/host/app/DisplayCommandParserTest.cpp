@@ -22,10 +22,8 @@ TEST(DisplayCommandParserTest, CommandsAreReadWithTheirArguments_BadWordsRefused
 {
     const auto kind = [](Kind which, int value) { return QStringLiteral("kind %1 value %2").arg(int(which)).arg(value); };
     const std::pair<QStringList, QString> cases[] = {
-        {{"play"}, kind(Kind::Play, 0)},
-        {{"shift", "-5000"}, kind(Kind::Shift, -5000)},
-        {{"mute", "true"}, kind(Kind::Mute, 1)},
-        {{"mute", "false"}, kind(Kind::Mute, 0)},
+        {{"play"}, kind(Kind::Play, 0)},            {{"shift", "-5000"}, kind(Kind::Shift, -5000)},
+        {{"mute", "true"}, kind(Kind::Mute, 1)},    {{"mute", "false"}, kind(Kind::Mute, 0)},
         {{"volume", "255"}, kind(Kind::Volume, 255)},
         {{"rewind"}, "unknown display command \"rewind\""},
         {{"volume", "256"}, "volume expects a level from 0 to 255, not \"256\""},

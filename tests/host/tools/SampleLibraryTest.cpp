@@ -96,7 +96,7 @@ TEST_F(SampleLibraryTest, Song_ReadsBackTagsAndDuration)
     const TagLib::RIFF::WAV::Properties& sound = *wav.audioProperties();
     EXPECT_EQ(std::tuple(sound.lengthInMilliseconds(), sound.sampleRate(), sound.channels(), sound.bitsPerSample(),
                          sound.format()),
-              std::tuple(8000, 11025, 1, 16, 1));
+              std::tuple(8000, 11025, 1, 16, 1));  // PCM
 }
 
 TEST_F(SampleLibraryTest, UntaggedRecordings_HaveSoundButNoTitle)
