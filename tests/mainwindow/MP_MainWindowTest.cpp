@@ -87,7 +87,6 @@ TEST_F(MP_MainWindowTest, EngineLifecycle_FreeTwiceThenOpenMakesANewEngine)
     ASSERT_NE(window->commonPlayer(), nullptr);
 
     window->freeCommonPlayer();
-    EXPECT_EQ(window->commonPlayer(), nullptr);
     window->freeCommonPlayer();
     EXPECT_EQ(journalLines("engine", "MP_DestroyCommonPlayer").size(), 1);
 
@@ -200,7 +199,6 @@ TEST_F(MP_MainWindowFlipTest, FlipClosedBeforeTheEngine_TheEngineComesWithTheDis
     EXPECT_EQ(window->cliClient(), nullptr);
 
     ASSERT_TRUE(waitForEngine());
-    ASSERT_NE(window->cliClient(), nullptr);
     const QStringList made = journalCalls();
     EXPECT_LT(made.indexOf("engine:MP_CreateCommonPlayer"), made.indexOf("display:beginSession"));
 

@@ -183,8 +183,7 @@ TEST(AppScenarioTest, Library_ExportsTheEntryPointsAndTheFolderListOnly)
     nm.start("nm", {"-D", "--defined-only", "--format=just-symbols", ProjectProgram::path("../lib/libmp_mainwindow.so")});
     ASSERT_TRUE(nm.waitForFinished(30000));
     ASSERT_EQ(nm.exitCode(), 0) << nm.readAllStandardError().constData();
-    QSet<QString> others;
-    QSet<QString> folderList;
+    QSet<QString> others, folderList;
     for (const QByteArray& line : nm.readAllStandardOutput().split('\n')) {
         if (line.isEmpty())
             continue;

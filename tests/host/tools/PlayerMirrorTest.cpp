@@ -160,13 +160,11 @@ TEST_F(PlayerMirrorTest, SeekedOnlyWhenThePositionJumps)
 
 TEST_F(PlayerMirrorTest, RequestsAreTheIdleScreensAndOnlyWhileThePlayerRuns_ASeekBeyondTheItemIsNextOrTheStart)
 {
+    // Nothing without a player, and no seek before its length is known: the list below starts with a Pause.
     requests.next();
     requests.seek(10000000);
-    EXPECT_EQ(sent, MessageLines()) << "no player";
-
     browser("MediaplayerStarted()");
     requests.seek(10000000);
-    EXPECT_EQ(sent, MessageLines()) << "no length yet: no seek";
     idle("/MP/Idle/Info/TotalTime", payload(QStringLiteral("3:00")));
     elapsed("0:20");
     playing();
