@@ -17,6 +17,7 @@
 #include <QSignalSpy>
 
 #include <memory>
+#include <tuple>
 #include <utility>
 
 #include "clients/MP_IdleClient.h"
@@ -146,9 +147,7 @@ TEST_F(MP_MainWindowTest, FreeCurrentList_ClearsTheLastPlayedRecord)
     create();
     window->freeCurrentList();
     const LastPlayedListRecord& record = window->lastPlayedList();
-    EXPECT_EQ(record.listType, -1);
-    EXPECT_EQ(record.groupObjectId, 0xFFFFFFFFu);
-    EXPECT_EQ(record.artist, nullptr);
+    EXPECT_EQ(std::tuple(record.listType, record.groupObjectId, record.artist), std::tuple(-1, 0xFFFFFFFFu, nullptr));
     EXPECT_FALSE(journalCalls().contains("engine:setPlayList")) << "no list: the engine is not told";
 }
 
@@ -359,15 +358,13 @@ TEST_F(MP_MainWindowEventsTest, ToggleKey_StartsTheRecorder_OrAfterACapturedVide
     window->onSetupKeyClicked(0x4006, false);
     EXPECT_EQ(journalArgs("action", "invoke"),
               (QList<QJsonArray>{{QJsonObject{{"action", "RecordingVideo"}, {"values", QJsonObject()}}, false}}));
-    EXPECT_EQ(closeCounter.count, 1);
-    EXPECT_EQ(quitSpy->count(), 0);
+    EXPECT_EQ(std::pair(closeCounter.count, int(quitSpy->count())), std::pair(1, 0)) << "closes, quit requests";
 
     window->playCapturedVideo();
     HostJournal::startCapture();
     window->onSetupKeyClicked(0x4006, false);
     EXPECT_EQ(journalArgs("action", "invoke").size(), 0);
-    EXPECT_EQ(closeCounter.count, 2);
-    EXPECT_EQ(quitSpy->count(), 1);
+    EXPECT_EQ(std::pair(closeCounter.count, int(quitSpy->count())), std::pair(2, 1)) << "closes, quit requests";
 }
 
 TEST_F(MP_MainWindowEventsTest, CardEvent_QuitsWhateverTheFlagOrPayload_OtherMessagesAreIgnored)
