@@ -8,6 +8,8 @@ namespace {
 
 using Kind = DisplayCommand::Kind;
 
+QString shown(Kind kind, int value) { return QStringLiteral("kind %1 value %2").arg(int(kind)).arg(value); }
+
 // What parse() makes of @p words: the command's kind and value, or why it refused them.
 QString parsed(const QStringList& words)
 {
@@ -15,16 +17,15 @@ QString parsed(const QStringList& words)
     QString error;
     if (!DisplayCommandParser::parse(words, &command, &error))
         return error;
-    return QStringLiteral("kind %1 value %2").arg(int(command.kind)).arg(command.value);
+    return shown(command.kind, command.value);
 }
 
 TEST(DisplayCommandParserTest, CommandsAreReadWithTheirArguments_BadWordsRefusedWithAReason)
 {
-    const auto kind = [](Kind which, int value) { return QStringLiteral("kind %1 value %2").arg(int(which)).arg(value); };
     const std::pair<QStringList, QString> cases[] = {
-        {{"play"}, kind(Kind::Play, 0)},            {{"shift", "-5000"}, kind(Kind::Shift, -5000)},
-        {{"mute", "true"}, kind(Kind::Mute, 1)},    {{"mute", "false"}, kind(Kind::Mute, 0)},
-        {{"volume", "255"}, kind(Kind::Volume, 255)},
+        {{"play"}, shown(Kind::Play, 0)},            {{"shift", "-5000"}, shown(Kind::Shift, -5000)},
+        {{"mute", "true"}, shown(Kind::Mute, 1)},    {{"mute", "false"}, shown(Kind::Mute, 0)},
+        {{"volume", "255"}, shown(Kind::Volume, 255)},
         {{"rewind"}, "unknown display command \"rewind\""},
         {{"volume", "256"}, "volume expects a level from 0 to 255, not \"256\""},
         {{"volume", "-1"}, "volume expects a level from 0 to 255, not \"-1\""},

@@ -448,7 +448,6 @@ TEST_F(PlayerProcessTest, ABridgeThatCannotStartIsSaid_TheBridgeEndsWithAKilledP
 TEST_F(PlayerProcessTest, UpdateAndNextFloods_KeepMemoryBounded_AndTerminationEndsThePlayerAtOnce)
 {
     const int floodSize = 100000;
-    const long residentLimitKb = 100 * 1024;
     // What the player may still do between the signal and its end: the request it is acting on, not the
     // queue behind it.
     const int nextsAfterTermination = 5;
@@ -511,6 +510,7 @@ TEST_F(PlayerProcessTest, UpdateAndNextFloods_KeepMemoryBounded_AndTerminationEn
     // pages resident, so the memory bound is a property of the plain build.
     // However slowly the player acts (under the emulator, 20 times slower),
     // the flood waits in its bounded backlog, not in the process.
+    const long residentLimitKb = 100 * 1024;
     const QString peaks = QStringLiteral("from %1 kB to %2 kB").arg(before).arg(peak);
     EXPECT_LT(peak - before, residentLimitKb - 31 * 1024) << peaks.toStdString();
     EXPECT_LT(peak, residentLimitKb) << peaks.toStdString();
