@@ -1,21 +1,28 @@
 // The host application end to end: runs without a display that must end by
 // themselves, scripts it must refuse, and playing a folder through the
-// library's exported folder list.
+// library's exported folder list. Then launch requests: action records and
+// launchers through the application, checked in the journal; and a launched
+// list while another program changes the media database.
 
-#include "tests/support/ProjectProgram.h"
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QSet>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "host/platform/media/database/MediaDatabase.h"
 #include "tests/scenarios/ScenarioRun.h"
 #include "tests/support/Journal.h"
+#include "tests/support/ProjectProgram.h"
 #include "tests/support/SongBuilder.h"
 
 namespace {
@@ -90,12 +97,6 @@ TEST(AppScenarioTest, WithoutADisplay_EndsWhenNothingWillPlayOrTheCommandLineIsB
     EXPECT_EQ(scenario.errorOutput(), "mp.host.metadata: cannot use " + database + " : file is not a database\n"
                                       "mediaplayer: nothing to play: the media database cannot be used (" + database
                                           + ": file is not a database)\n");
-    // One that cannot even be opened (a folder stands in its place), the same.
-    ASSERT_TRUE(QFile::remove(database) && QDir().mkpath(database));
-    EXPECT_EQ(scenario.runWithoutScript({}), 3);
-    EXPECT_EQ(scenario.errorOutput(), "mp.host.metadata: cannot use " + database + " : unable to open database file\n"
-                                      "mediaplayer: nothing to play: the media database cannot be used (" + database
-                                          + ": unable to open database file)\n");
 }
 
 // The engine steps past files that are gone a part of the run at a time: its
@@ -127,24 +128,9 @@ TEST(AppScenarioTest, Journal_EachRunWritesItsOwn_ARefusedCommandLineNone)
     EXPECT_FALSE(QFile::exists(journal + ".new")) << "and makes none";
     EXPECT_EQ(scenario.runWithoutScript({"--journal", journal, "--action", "PlayMediaInMediaPlayer",
                                          "Launcher=HomeScreen"}), 3);
-    EXPECT_FALSE(Journal::readFile(journal).isEmpty());
-    QFile written(journal);
-    ASSERT_TRUE(written.open(QIODevice::ReadOnly));
-    EXPECT_FALSE(written.readAll().contains("an earlier run's line"));
-}
-
-TEST(AppScenarioTest, WithoutADisplay_AHeadsetResumeThatNobodyStartsEnds)
-{
-    ScenarioRun scenario;
-    ASSERT_TRUE(scenario.scanSampleLibrary());
-    ASSERT_EQ(scenario.run(ScenarioRun::script("play_artist.mps"),
-                           {"--action", "PlayUserListInMediaplayer", "Type=0", "GroupObjectID=4", "FirstIndex=0",
-                            "StorageLocation=2"}),
-              0);
-
-    EXPECT_EQ(scenario.runWithoutScript({"--action", "PlayMediaInMediaPlayer", "Launcher=BTAvrcpKeys"}), 3);
-    EXPECT_EQ(scenario.errorOutput(), "mediaplayer: nothing to play: the list was prepared but not started\n");
-    EXPECT_EQ(scenario.argsOf("engine", "setPlayList").size(), 1);
+    // Its own lines only: the earlier run's, which is no JSON, would read as an empty object.
+    const JournalLines written = Journal::readFile(journal);
+    EXPECT_FALSE(written.isEmpty() || written.contains(QJsonObject()));
 }
 
 TEST(AppScenarioTest, BadLines_StopTheScriptWithABoundedMessage)
@@ -184,7 +170,6 @@ TEST(AppScenarioTest, Folder_PlaysItsFilesInNameOrder)
     ScenarioRun scenario;
     ASSERT_EQ(scenario.run(ScenarioRun::script("app_folder.mps"), {"--folder", folder.path()}), 0)
         << qPrintable(scenario.errorOutput());
-    EXPECT_EQ(scenario.argsOf("engine", "setFile").first(), QJsonArray{folder.filePath("01 Paper Boats.wav")});
     EXPECT_EQ(scenario.argsOf("engine", "setPlayList"), QList<QJsonArray>{QJsonArray{"list"}});
     // The first song twice: once as the window's file, once as the list's first entry.
     EXPECT_EQ(scenario.titlesPlayed().join(" | "), "Paper Boats | Paper Boats | Rain on Glass | Lanterns");
@@ -198,17 +183,117 @@ TEST(AppScenarioTest, Library_ExportsTheEntryPointsAndTheFolderListOnly)
     nm.start("nm", {"-D", "--defined-only", "--format=just-symbols", ProjectProgram::path("../lib/libmp_mainwindow.so")});
     ASSERT_TRUE(nm.waitForFinished(30000));
     ASSERT_EQ(nm.exitCode(), 0) << nm.readAllStandardError().constData();
-    QSet<QString> others;
-    QSet<QString> folderList;
+    QSet<QString> others, folderList;
     for (const QByteArray& line : nm.readAllStandardOutput().split('\n')) {
         if (line.isEmpty())
             continue;
         (line.contains("13MP_FolderList") ? folderList : others).insert(QString::fromLatin1(line));
     }
     EXPECT_EQ(others, (QSet<QString>{"MP_CreateMainWindow", "MP_DeleteMainWindow", "playCapturedVideo"}));
-    EXPECT_TRUE(folderList.contains("_ZN13MP_FolderListC1ERK7QStringi")) << "the constructor";
-    EXPECT_TRUE(folderList.contains("_ZN13MP_FolderListD0Ev")) << "the deleting destructor";
-    EXPECT_TRUE(folderList.contains("_ZTV13MP_FolderList")) << "the virtual table";
+    // The constructor, the deleting destructor and the virtual table.
+    EXPECT_TRUE(folderList.contains(
+        {"_ZN13MP_FolderListC1ERK7QStringi", "_ZN13MP_FolderListD0Ev", "_ZTV13MP_FolderList"}));
+}
+
+const QStringList kPlayAuroraLane{"--action", "PlayMusicListInMediaplayer", "isAllArtist=0", "Artist=Aurora Lane",
+                                  "isAllAlbum=1", "isAllGenre=1", "isAllComposer=1", "FirstIndex=3",
+                                  "StorageLocation=2", "ShuffleAllSongs=0"};
+
+QStringList launcher(const char* id)
+{
+    return {"--action", "PlayMediaInMediaPlayer", QStringLiteral("Launcher=") + id};
+}
+
+const QRegularExpression kEngineCalls("^engine:(MP_Create|setShuffle|setPlayList|autoPlay|setFile)");
+
+// The first last-played record saved, as compact JSON (keys sorted).
+std::string savedList(const ScenarioRun& scenario)
+{
+    const QList<QJsonArray> saves = scenario.argsOf("metadata", "saveLastPlayedList");
+    return saves.isEmpty() ? std::string() : QJsonDocument(saves.first().at(0).toObject()).toJson(QJsonDocument::Compact).toStdString();
+}
+
+class LaunchScenarioTest : public ::testing::Test {
+protected:
+    void SetUp() override { ASSERT_TRUE(scenario.scanSampleLibrary()); }
+    int run(const char* script, const QStringList& arguments)
+    {
+        return scenario.run(ScenarioRun::script(QString::fromLatin1(script)), arguments);
+    }
+    ScenarioRun scenario;
+};
+
+TEST_F(LaunchScenarioTest, MusicList_SavesTheSelectionAndPlaysItsSong_AndLaunchersResumeItAfterARestart)
+{
+    ASSERT_EQ(run("play_artist.mps", kPlayAuroraLane), 0) << qPrintable(scenario.errorOutput());
+    EXPECT_EQ(Journal::callsWithArgsMatching(scenario.journal(), kEngineCalls),
+              (MessageLines{"engine:MP_CreateCommonPlayer [false,0]", "engine:setShuffleRepeat [false,false]",
+                            "engine:setPlayList [\"list\"]", "engine:autoPlay [false]"}));
+    // Titles in order: First Light, Harbour Wind, Lanterns, Northern Lights, ...
+    EXPECT_EQ(scenario.titlesPlayed().value(0), "Northern Lights");
+    EXPECT_EQ(savedList(scenario), R"({"album":null,"artist":"Aurora Lane","composer":null,"firstIndex":3,)"
+                                   R"("genre":null,"groupObjectId":-1,"listType":6,"storageLocation":2})");
+    // The media browser's client follows the list: it stores the song it announced.
+    ASSERT_EQ(scenario.argsOf("metadata", "saveLastPlayedSong").size(), 1);
+    EXPECT_EQ(scenario.argsOf("metadata", "saveLastPlayedSong").first().at(1), 3);
+
+    ASSERT_EQ(run("resume.mps", launcher("HomeScreen")), 0) << qPrintable(scenario.errorOutput());
+    EXPECT_EQ(scenario.titlesPlayed().value(0), "Northern Lights");
+}
+
+TEST_F(LaunchScenarioTest, UserList_SavesTheGroupAndPlaysItsEntry_AHomeScreenResumesIt_AHeadsetOnlyPreparesIt)
+{
+    // The sample library's one play list, "Evening", is the first user group.
+    const QStringList evening{"--action", "PlayUserListInMediaplayer", "Type=0", "GroupObjectID=4",
+                              "FirstIndex=1", "StorageLocation=2"};
+    ASSERT_EQ(run("play_artist.mps", evening), 0) << qPrintable(scenario.errorOutput());
+    EXPECT_EQ(scenario.titlesPlayed().value(0), "Lanterns");
+    EXPECT_EQ(savedList(scenario), R"({"album":null,"artist":null,"composer":null,"firstIndex":1,)"
+                                   R"("genre":null,"groupObjectId":4,"listType":0,"storageLocation":2})");
+
+    ASSERT_EQ(run("resume.mps", launcher("HomeScreen")), 0);
+    EXPECT_EQ(scenario.titlesPlayed().value(0), "Lanterns") << "the play list resumes after a restart";
+
+    // A headset's resume only prepares the list: without a display, nobody starts it.
+    EXPECT_EQ(scenario.runWithoutScript(launcher("BTAvrcpKeys")), 3);
+    EXPECT_EQ(scenario.errorOutput(), "mediaplayer: nothing to play: the list was prepared but not started\n");
+    EXPECT_EQ(scenario.argsOf("engine", "setPlayList").size(), 1);
+}
+
+TEST_F(LaunchScenarioTest, UnknownLauncherPlaysTheWholeLibrary_AVideoSlideShowItsNewestVideo_NeitherIsSaved)
+{
+    ASSERT_EQ(run("resume.mps", launcher("Calendar")), 0);
+    EXPECT_EQ(scenario.titlesPlayed().value(0), "Afterglow") << "the first title of the library";
+    EXPECT_TRUE(scenario.argsOf("metadata", "saveLastPlayedList").isEmpty());
+
+    const QStringList slideShow{"--action", "PlayVideoInMediaplayer", "SelectionType=Downloaded", "isSlideShow=1",
+                                "StorageLocation=2"};
+    ASSERT_EQ(run("resume.mps", slideShow), 0) << qPrintable(scenario.errorOutput());
+    EXPECT_EQ(scenario.argsOf("engine", "MP_CreateCommonPlayer").first(), (QJsonArray{true, 0}));
+    EXPECT_EQ(scenario.argsOf("engine", "autoPlay").first(), QJsonArray{true});
+    EXPECT_EQ(scenario.titlesPlayed().value(0), "trailer") << "the one downloaded video";
+    EXPECT_TRUE(scenario.argsOf("metadata", "saveLastPlayedList").isEmpty()) << "videos are not resumed";
+}
+
+TEST_F(LaunchScenarioTest, CapturedVideo_ReplacesTheLibraryAndKeepsTheEngine)
+{
+    // Launched with nothing, the player plays the library until the camera calls.
+    ASSERT_EQ(run("captured_video.mps", {}), 0) << qPrintable(scenario.errorOutput());
+    EXPECT_EQ(scenario.argsOf("engine", "MP_CreateCommonPlayer"), (QList<QJsonArray>{QJsonArray{false, 0}}));
+    // The engine lets go of the library before it goes, then gets the videos.
+    EXPECT_EQ(scenario.argsOf("engine", "setPlayList"),
+              (QList<QJsonArray>{QJsonArray{"list"}, QJsonArray{QJsonValue()}, QJsonArray{"list"}}));
+    EXPECT_TRUE(scenario.argsOf("report", "updateMetaInfo").last().at(0).toString().startsWith("clip"));
+}
+
+TEST_F(LaunchScenarioTest, SongsRemovedBeforeThePlayingOne_PreviousStillPlaysTheSongBeforeIt)
+{
+    const QStringList wholeLibraryFromDriftwood{"--action", "PlayMusicListInMediaplayer", "isAllArtist=1",
+                                                "isAllAlbum=1", "isAllGenre=1", "isAllComposer=1", "FirstIndex=5",
+                                                "StorageLocation=2"};
+    ASSERT_EQ(run("db_previous_after_removal.mps", wholeLibraryFromDriftwood), 0) << qPrintable(scenario.errorOutput());
+    // Title order: ... Circuit Bloom (2), Coda (3), Demo (4), Driftwood (5), First Light (6).
+    EXPECT_EQ(scenario.titlesPlayed(), (QStringList{"Driftwood", "Demo (rough mix)", "Driftwood"}));
 }
 
 } // namespace

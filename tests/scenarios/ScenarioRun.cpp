@@ -35,7 +35,7 @@ bool ScenarioRun::scanSampleLibrary()
 
 int ScenarioRun::run(const QString& scriptPath, const QStringList& extraArguments)
 {
-    return runApplication(QStringList{QStringLiteral("--script"), scriptPath} + extraArguments);
+    return runWithoutScript(QStringList{QStringLiteral("--script"), scriptPath} + extraArguments);
 }
 
 int ScenarioRun::runText(const QByteArray& lines, const QStringList& extraArguments)
@@ -48,11 +48,6 @@ int ScenarioRun::runText(const QByteArray& lines, const QStringList& extraArgume
 }
 
 int ScenarioRun::runWithoutScript(const QStringList& arguments)
-{
-    return runApplication(arguments);
-}
-
-int ScenarioRun::runApplication(const QStringList& arguments)
 {
     QFile::remove(m_journalPath);  // each run's journal on its own
     QProcess process;
@@ -81,11 +76,6 @@ int ScenarioRun::runApplication(const QStringList& arguments)
 QList<QJsonObject> ScenarioRun::journal() const
 {
     return Journal::readFile(m_journalPath);
-}
-
-QStringList ScenarioRun::calls() const
-{
-    return Journal::calls(journal());
 }
 
 QList<QJsonArray> ScenarioRun::argsOf(const QString& kind, const QString& call) const

@@ -36,8 +36,6 @@ public:
 
     QString errorOutput() const { return m_errorOutput; }
     QList<QJsonObject> journal() const;
-    /** "kind:call" of the journal lines that record calls. */
-    QStringList calls() const;
     /** The args of the journal lines of one kind and call, in order. */
     QList<QJsonArray> argsOf(const QString& kind, const QString& call) const;
     /** The titles the engine reported playing, in order. */
@@ -45,8 +43,6 @@ public:
     QString dataDir() const { return m_dataDir.path(); }
 
 private:
-    int runApplication(const QStringList& arguments);
-
     QTemporaryDir m_dataDir;
     QTemporaryDir m_scriptDir;
     QString m_journalPath;

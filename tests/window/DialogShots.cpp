@@ -16,11 +16,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
-
-#include <cstdio>
 
 #include "host/platform/services/HostBookmarkEditor.h"
 #include "host/platform/services/setuplib/HostSetupDialog.h"
@@ -31,15 +28,7 @@ namespace {
 
 bool fail(const char* dialog, const char* why)
 {
-    std::fprintf(stderr, "mp_dialog_shots: %s: %s\n", dialog, why);
-    return false;
-}
-
-// Whether the left half of @p field, inside its frame, holds more than one
-// colour: text, where an empty field's frame or a box's arrow would not count.
-bool showsText(const QImage& shot, const QWidget& field)
-{
-    return ShotProgram::hasDetail(shot, QRect(field.mapToGlobal(QPoint(4, 4)), field.size() - QSize(field.width() / 2 + 4, 8)));
+    return ShotProgram::fail("mp_dialog_shots", qPrintable(QStringLiteral("%1: %2").arg(dialog, why)));
 }
 
 // Shows @p dialog away from the screen's corner, saves the screen as @p picture
@@ -50,11 +39,8 @@ bool shownAndSeen(const char* name, QWidget& dialog, const QWidget& field, const
     dialog.show();
     if (!QTest::qWaitForWindowExposed(&dialog, 5000))
         return fail(name, "did not appear");
-    // Painted now, so the picture does not depend on how long exposure took.
-    dialog.repaint();
-    QCoreApplication::processEvents();
-    const QImage shot = QGuiApplication::primaryScreen()->grabWindow(0).toImage();
-    if (shot.isNull() || !shot.save(picture, "PNG"))
+    const QImage shot = ShotProgram::paintAndGrab({&dialog}, picture);
+    if (shot.isNull())
         return fail(name, "the screen could not be grabbed and saved");
     const QRgb background = shot.pixel(shot.width() - 1, shot.height() - 1);
     // A top-level window's geometry is where it is on the screen.
@@ -62,16 +48,12 @@ bool shownAndSeen(const char* name, QWidget& dialog, const QWidget& field, const
     // Looked at inside the dialog's margin: its centre may fall on a glyph,
     // as dark as the background (it did with the fonts of another build).
     const QPoint margin = area.topLeft() + QPoint(4, 4);
-    if (!shot.rect().contains(area) || shot.pixel(margin) == background) {
-        const QString where =
-            QStringLiteral("the dialog is not in the picture (%1,%2 %3x%4 on %5x%6, margin #%7, background #%8)")
-                .arg(area.x()).arg(area.y()).arg(area.width()).arg(area.height())
-                .arg(shot.width()).arg(shot.height())
-                .arg(shot.rect().contains(area) ? shot.pixel(margin) & 0xffffff : 0, 6, 16, QLatin1Char('0'))
-                .arg(background & 0xffffff, 6, 16, QLatin1Char('0'));
-        return fail(name, qPrintable(where));
-    }
-    return showsText(shot, field) || fail(name, "its field is one colour");
+    if (!shot.rect().contains(area) || shot.pixel(margin) == background)
+        return fail(name, "the dialog is not in the picture");
+    // Text in the left half of the field, inside its frame, where an empty field's frame or a box's
+    // arrow would not count.
+    const QRect text(field.mapToGlobal(QPoint(4, 4)), field.size() - QSize(field.width() / 2 + 4, 8));
+    return ShotProgram::hasDetail(shot, text) || fail(name, "its field is one colour");
 }
 
 QByteArray bytesOf(const QString& path)

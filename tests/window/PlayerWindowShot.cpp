@@ -2,8 +2,8 @@
 // the main window plays a sample song, the player screen builds its options
 // menu, and the left soft key opens it. Grabs the whole screen (so the pop-up
 // menu is in the picture) and checks what a person would see: the window and
-// the menu stand out from the background, the title is text, not one colour,
-// and the menu is the one for a local sound file, "Hide" first.
+// the menu stand out from the background, and the title is text, not one
+// colour. (Which menu a local sound file gets is the screen scenario's check.)
 //
 //   mp_window_shot OUTPUT.png
 //
@@ -14,12 +14,9 @@
 #include <QImage>
 #include <QLabel>
 #include <QMenu>
-#include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <algorithm>
-#include <cstdio>
 #include <memory>
 
 #include "host/engine/HostEngine.h"
@@ -37,57 +34,22 @@ namespace {
 
 constexpr int kWaitMilliseconds = 5000;
 
-// The library's first song by path, as a file browser lists them.
-QString firstSong()
-{
-    QStringList songs;
-    for (const SampleSong& song : SampleCatalogue::songs())
-        songs.append(SampleCatalogue::songPath(song));
-    return *std::min_element(songs.begin(), songs.end());
-}
+const char* const kProgram = "mp_window_shot";
 
-bool fail(const char* why)
+bool check(const QImage& shot, const VmKbMainWidget& window, const QMenu& menu)
 {
-    std::fprintf(stderr, "mp_window_shot: %s\n", why);
-    return false;
-}
-
-// The exit code of a picture that could not be made.
-int failed(const char* why)
-{
-    fail(why);
-    return 1;
-}
-
-// The first item of @p menu that a person sees.
-QString firstVisibleItem(const VmOptionsMenu& menu)
-{
-    for (int id : menu.itemIds()) {
-        if (menu.isItemVisible(id))
-            return menu.itemText(id);
-    }
-    return QString();
-}
-
-bool check(const QImage& shot, const VmKbMainWidget& window, const VmOptionsMenu& options)
-{
-    const QMenu& menu = *options.qmenu();
-    if (options.menuName() != QLatin1String("sound_control") || firstVisibleItem(options) != QLatin1String("Hide"))
-        return fail("the options menu is not the one for a local sound file");
-    if (shot.isNull())
-        return fail("the screen could not be grabbed");
     // The window sits away from the screen's corner, which shows the background.
     const QRgb background = shot.pixel(shot.width() - 1, shot.height() - 1);
     const QRect windowArea(window.mapToGlobal(QPoint(0, 0)), window.size());
     const QRect menuArea(menu.pos(), menu.size());
     const QPoint belowCentre = windowArea.center() + QPoint(0, windowArea.height() / 4);
     if (shot.pixel(belowCentre) == background && !ShotProgram::hasDetail(shot, windowArea))
-        return fail("the window is not in the picture");
+        return ShotProgram::fail(kProgram, "the window is not in the picture");
     if (!menu.isVisible() || shot.pixel(menuArea.center()) == background)
-        return fail("the options menu is not in the picture");
+        return ShotProgram::fail(kProgram, "the options menu is not in the picture");
     const auto* title = window.findChild<QLabel*>(QStringLiteral("title"));
     if (!title || !ShotProgram::hasDetail(shot, QRect(title->mapToGlobal(QPoint(0, 0)), title->size())))
-        return fail("the title area is one colour");
+        return ShotProgram::fail(kProgram, "the title area is one colour");
     return true;
 }
 
@@ -105,38 +67,32 @@ int main(int argc, char** argv)
 
     const QString library = data.filePath(QStringLiteral("library"));
     if (!SampleLibraryWriter(library).write())
-        return failed("no sample library");
-    const QString song = library + QLatin1Char('/') + firstSong();
+        return ShotProgram::failed(kProgram, "no sample library");
+    // A tagged song: its title is text in the picture.
+    const QString song = library + QLatin1Char('/') + SampleCatalogue::songPath(SampleCatalogue::songs().at(0));
 
     HostPhone::prepareDataFolder();
     HostEngineClock::setManual(true);
     auto player = std::make_unique<MP_MainWindow>(song, nullptr, nullptr, 0);
     if (!QTest::qWaitFor([] { return HostEngine::liveEngine() != nullptr; }, kWaitMilliseconds))
-        return failed("the player made no engine");
+        return ShotProgram::failed(kProgram, "the player made no engine");
     VmKbMainWidget* window = HostEngine::liveEngine()->getMainWidget();
     window->move(40, 40);
     // The player screen builds its menu when the first meta information comes.
     HostEngineClock::advance(1000);
     VmSoftKey* keys = window->getSoftKey(false);
     if (!keys || !QTest::qWaitFor([keys] { return keys->optMenu(0) != nullptr; }, kWaitMilliseconds))
-        return failed("the player screen built no options menu");
+        return ShotProgram::failed(kProgram, "the player screen built no options menu");
     VmOptionsMenu* menu = keys->optMenu(0);
     if (!QTest::qWaitForWindowExposed(window, kWaitMilliseconds))
-        return failed("the window did not appear");
+        return ShotProgram::failed(kProgram, "the window did not appear");
     keys->click(0);
     if (!QTest::qWaitForWindowExposed(menu->qmenu(), kWaitMilliseconds))
-        return failed("the menu did not appear");
-    // Paint both now rather than waiting for the window system's turn, so the
-    // picture does not depend on how long the exposure took.
-    window->repaint();
-    menu->qmenu()->repaint();
-    QCoreApplication::processEvents();
-
-    QScreen* screen = QGuiApplication::primaryScreen();
-    const QImage shot = screen->grabWindow(0).toImage();
-    if (!shot.save(QString::fromLocal8Bit(argv[1]), "PNG"))
-        return failed("cannot save the picture");
-    const bool ok = check(shot, *window, *menu);
+        return ShotProgram::failed(kProgram, "the menu did not appear");
+    const QImage shot = ShotProgram::paintAndGrab({window, menu->qmenu()}, QString::fromLocal8Bit(argv[1]));
+    if (shot.isNull())
+        return ShotProgram::failed(kProgram, "the screen could not be grabbed and saved");
+    const bool ok = check(shot, *window, *menu->qmenu());
     menu->hideMenu();
     player.reset();
     return ok ? 0 : 1;

@@ -3,10 +3,15 @@
 // or are skipped, and they judge a picture by what a person would see.
 
 #include <QByteArray>
+#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QImage>
 #include <QRect>
+#include <QScreen>
+#include <QWidget>
 
 #include <cstdio>
+#include <initializer_list>
 
 namespace ShotProgram {
 
@@ -26,6 +31,32 @@ inline int refusal(const char* program, const char* argument, int argc)
     }
     qputenv("QT_QPA_PLATFORM", "xcb");
     return -1;
+}
+
+/** Says "PROGRAM: WHY" on standard error; false, for a check to return. */
+inline bool fail(const char* program, const char* why)
+{
+    std::fprintf(stderr, "%s: %s\n", program, why);
+    return false;
+}
+
+/** As fail(), for main(): the exit code of a picture that could not be made. */
+inline int failed(const char* program, const char* why)
+{
+    fail(program, why);
+    return 1;
+}
+
+/** Paints @p shown now rather than on the window system's turn, so that the picture does not depend on
+ *  how long their exposure took; then grabs the whole screen (pop-ups included) and saves it as PNG to
+ *  @p picture. A null image when it could not be grabbed or saved. */
+inline QImage paintAndGrab(std::initializer_list<QWidget*> shown, const QString& picture)
+{
+    for (QWidget* widget : shown)
+        widget->repaint();
+    QCoreApplication::processEvents();
+    const QImage shot = QGuiApplication::primaryScreen()->grabWindow(0).toImage();
+    return !shot.isNull() && shot.save(picture, "PNG") ? shot : QImage();
 }
 
 /** Whether the rectangle @p area of @p image holds more than one colour. */

@@ -9,7 +9,6 @@
 
 #include <QApplication>
 #include <QImage>
-#include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -31,11 +30,7 @@ constexpr int kWaitMilliseconds = 10000;
 // JPEG and the decoder's colour conversion move a channel by a few steps.
 constexpr int kTolerance = 24;
 
-int fail(const char* why)
-{
-    std::fprintf(stderr, "mp_video_shot: %s\n", why);
-    return 1;
-}
+const char* const kProgram = "mp_video_shot";
 
 bool near(QRgb seen, quint32 painted)
 {
@@ -59,9 +54,8 @@ int main(int argc, char** argv)
     QApplication app(argc, argv);
 
     const QString library = data.filePath(QStringLiteral("library"));
-    SampleLibraryWriter writer(library);
-    if (!writer.write())
-        return fail("no sample library");
+    if (!SampleLibraryWriter(library).write())
+        return ShotProgram::failed(kProgram, "no sample library");
     // The downloaded trailer: blue, so that neither black nor the window's grey passes for it.
     const SampleVideo& video = SampleCatalogue::videos().at(2);
 
@@ -72,18 +66,15 @@ int main(int argc, char** argv)
     engine.setFile(library + QLatin1Char('/') + video.relativePath);
     engine.autoPlay(false);
     if (!QTest::qWaitForWindowExposed(window, kWaitMilliseconds))
-        return fail("the window did not appear");
+        return ShotProgram::failed(kProgram, "the window did not appear");
     const auto* view = window->findChild<HostVideoView*>(QStringLiteral("video"));
     if (!view || !QTest::qWaitFor([&] { return !view->frame().isNull() && engine.position() >= 1000; },
                                   kWaitMilliseconds))
-        return fail("no video frame was drawn");
+        return ShotProgram::failed(kProgram, "no video frame was drawn");
     engine.getPlayerControl()->pause();
-    window->repaint();
-    QCoreApplication::processEvents();
-
-    const QImage shot = QGuiApplication::primaryScreen()->grabWindow(0).toImage();
-    if (!shot.save(QString::fromLocal8Bit(argv[1]), "PNG"))
-        return fail("cannot save the picture");
+    const QImage shot = ShotProgram::paintAndGrab({window}, QString::fromLocal8Bit(argv[1]));
+    if (shot.isNull())
+        return ShotProgram::failed(kProgram, "the screen could not be grabbed and saved");
     const QRect area(view->mapToGlobal(QPoint(0, 0)), view->size());
     const QRgb centre = shot.pixel(area.center());
     if (!near(centre, video.rgb)) {

@@ -2,34 +2,30 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 namespace {
 
 using Kind = DisplayCommand::Kind;
 
-TEST(DisplayCommandParserTest, Commands_ReadWithTheirArguments)
+QString shown(Kind kind, int value) { return QStringLiteral("kind %1 value %2").arg(int(kind)).arg(value); }
+
+// What parse() makes of @p words: the command's kind and value, or why it refused them.
+QString parsed(const QStringList& words)
 {
-    struct Case {
-        QStringList words;
-        Kind kind;
-        int value;
-    };
-    const Case cases[] = {
-        {{"play"}, Kind::Play, 0},           {{"shiftFinished"}, Kind::ShiftFinished, 0},
-        {{"shift", "-5000"}, Kind::Shift, -5000}, {{"mute", "true"}, Kind::Mute, 1},
-        {{"mute", "false"}, Kind::Mute, 0},  {{"volume", "255"}, Kind::Volume, 255},
-    };
-    for (const Case& c : cases) {
-        DisplayCommand command;
-        QString error;
-        ASSERT_TRUE(DisplayCommandParser::parse(c.words, &command, &error)) << qPrintable(c.words.join(' '));
-        EXPECT_EQ(command.kind, c.kind) << qPrintable(c.words.join(' '));
-        EXPECT_EQ(command.value, c.value) << qPrintable(c.words.join(' '));
-    }
+    DisplayCommand command;
+    QString error;
+    if (!DisplayCommandParser::parse(words, &command, &error))
+        return error;
+    return shown(command.kind, command.value);
 }
 
-TEST(DisplayCommandParserTest, BadWords_AreRefusedWithAReason)
+TEST(DisplayCommandParserTest, CommandsAreReadWithTheirArguments_BadWordsRefusedWithAReason)
 {
     const std::pair<QStringList, QString> cases[] = {
+        {{"play"}, shown(Kind::Play, 0)},            {{"shift", "-5000"}, shown(Kind::Shift, -5000)},
+        {{"mute", "true"}, shown(Kind::Mute, 1)},    {{"mute", "false"}, shown(Kind::Mute, 0)},
+        {{"volume", "255"}, shown(Kind::Volume, 255)},
         {{"rewind"}, "unknown display command \"rewind\""},
         {{"volume", "256"}, "volume expects a level from 0 to 255, not \"256\""},
         {{"volume", "-1"}, "volume expects a level from 0 to 255, not \"-1\""},
@@ -38,16 +34,9 @@ TEST(DisplayCommandParserTest, BadWords_AreRefusedWithAReason)
         {{"shift"}, "shift expects one argument"},
         {{"play", "now"}, "play takes no argument"},
     };
-    for (const auto& [words, reason] : cases) {
-        DisplayCommand command;
-        QString error;
-        EXPECT_FALSE(DisplayCommandParser::parse(words, &command, &error));
-        EXPECT_EQ(error, reason);
-    }
-    QString error;
-    DisplayCommand command;
-    EXPECT_FALSE(DisplayCommandParser::parse({}, &command, &error));
-    EXPECT_TRUE(error.startsWith("expects a command: play, pause"));
+    for (const auto& [words, expected] : cases)
+        EXPECT_EQ(parsed(words), expected) << qPrintable(words.join(' '));
+    EXPECT_TRUE(parsed({}).startsWith("expects a command: play, pause"));
 }
 
 } // namespace

@@ -1,13 +1,18 @@
 // The bridge's picture of the player, fed the player's messages by hand, and
-// the requests it makes of the player in return.
+// the requests it makes of the player in return; and which process it
+// follows, from the senders of the player's messages and the processes
+// leaving the bus, with what reaches its picture when those come in the order
+// that once made ghosts.
 
 #include <QDBusObjectPath>
 #include <QSignalSpy>
 
 #include "host/contracts/IdleScreenChannel.h"
 #include "host/contracts/MediaBrowserChannel.h"
+#include "host/tools/mp-mpris/PlayerFeed.h"
 #include "host/tools/mp-mpris/PlayerMirror.h"
 #include "host/tools/mp-mpris/PlayerRequests.h"
+#include "host/tools/mp-mpris/PlayerSenderTracker.h"
 #include "tests/support/BridgeStandIns.h"
 #include "tests/support/Journal.h"
 #include "tests/support/Payload.h"
@@ -54,7 +59,6 @@ TEST_F(PlayerMirrorTest, ThePlayersPresenceFollowsItsStartAndExit)
     QSignalSpy changes(&mirror, &PlayerMirror::playerPropertiesChanged);
     settings.repeatOn = true;
     browser("MediaplayerStarted()");
-    EXPECT_TRUE(mirror.isPresent());
     ASSERT_EQ(changes.size(), 1);
     EXPECT_EQ(changes.at(0).at(0).toStringList(),
               (QStringList{"CanGoNext", "CanGoPrevious", "CanPause", "CanPlay", "LoopStatus"}))
@@ -68,44 +72,38 @@ TEST_F(PlayerMirrorTest, ThePlayersPresenceFollowsItsStartAndExit)
     EXPECT_EQ(mirror.playerProperties().value("CanSeek").toBool(), true);
 
     browser("MediaplayerExited()");
-    EXPECT_EQ(presence.size(), 2);
     EXPECT_EQ(mirror.playbackStatus(), "Stopped");
     EXPECT_EQ(mirror.metadata(), QVariantMap());
     EXPECT_FALSE(mirror.playerProperties().value("CanPlay").toBool());
 
     // A player that runs before the bridge is known by what it says.
     idle("/MP/Idle/Info/State", payload(qint32(2)));
-    EXPECT_TRUE(mirror.isPresent());
     EXPECT_EQ(mirror.playbackStatus(), "Paused");
     idle("/MP/Idle/Info/Exit");
-    EXPECT_FALSE(mirror.isPresent());
 
     // A player that dies unannounced leaves as if it had said so.
     idle("/MP/Idle/Info/State", payload(qint32(1)));
     changes.clear();
     mirror.playerGone();
+    QList<bool> present;  // after each start, exit, news, exit, news and death
+    for (const QList<QVariant>& change : presence)
+        present << change.at(0).toBool();
+    EXPECT_EQ(present, (QList<bool>{true, false, true, false, true, false}));
     EXPECT_FALSE(mirror.isPresent());
-    EXPECT_EQ(presence.size(), 6);
     ASSERT_EQ(changes.size(), 1);
     EXPECT_EQ(changes.at(0).at(0).toStringList(),
               (QStringList{"CanGoNext", "CanGoPrevious", "CanPause", "CanPlay", "PlaybackStatus"}));
     EXPECT_EQ(mirror.playerProperties().value("CanControl"), QVariant(true));
 }
 
-TEST_F(PlayerMirrorTest, MetadataComesFromTheDatabaseWhileTheNowPlayingPathIsTheItemShown)
+// The metadata of a listed song, from the database, is the channel contract test's.
+TEST_F(PlayerMirrorTest, MetadataOfAFileNotShownAsTheNowPlayingItem_HasNoDatabaseRecord)
 {
     browser("MediaplayerStarted()");
     nowPlaying("/m/a.mp3");
     meta("Afterglow - Northern Lights - Aurora Lane");
     idle("/MP/Idle/Info/TotalTime", payload(QStringLiteral("3:05")));
-    const QVariantMap expected{{"mpris:trackid", QVariant::fromValue(QDBusObjectPath("/org/mediaplayerhost/Track/12"))},
-                               {"xesam:title", "Afterglow"},
-                               {"xesam:artist", QStringList{"Aurora Lane"}},
-                               {"xesam:album", "Northern Lights"},
-                               {"xesam:url", "file:///m/a.mp3"},
-                               {"mpris:length", qint64(185000000)}};
-    EXPECT_EQ(mirror.metadata(), expected);
-    EXPECT_EQ(mirror.metadata().value("mpris:length").metaType().id(), QMetaType::LongLong) << "x on the bus";
+    EXPECT_EQ(mirror.trackId(), "/org/mediaplayerhost/Track/12");
 
     // A file played on its own after the list: the list's path is stale.
     meta("Sunrise");
@@ -158,23 +156,21 @@ TEST_F(PlayerMirrorTest, SeekedOnlyWhenThePositionJumps)
     ASSERT_EQ(seeked.size(), 2);
     EXPECT_EQ(seeked.at(0).at(0).toLongLong(), 15000000);
     EXPECT_EQ(seeked.at(1).at(0).toLongLong(), 4000000) << "back within the item; a new item starting is no seek";
-    EXPECT_EQ(mirror.position(), 0);
 }
 
 TEST_F(PlayerMirrorTest, RequestsAreTheIdleScreensAndOnlyWhileThePlayerRuns_ASeekBeyondTheItemIsNextOrTheStart)
 {
+    // Nothing without a player, and no seek before its length is known: the list below starts with a Pause.
     requests.next();
     requests.seek(10000000);
-    EXPECT_EQ(sent, MessageLines()) << "no player";
-
     browser("MediaplayerStarted()");
     requests.seek(10000000);
-    EXPECT_EQ(sent, MessageLines()) << "no length yet: no seek";
     idle("/MP/Idle/Info/TotalTime", payload(QStringLiteral("3:00")));
     elapsed("0:20");
     playing();
     requests.play();            // already playing: a Play would pause
     requests.pause();
+    requests.stop();
     requests.seek(7400000);     // one and a half steps round to one
     requests.seek(-12600000);
     requests.seek(2000000);     // less than half a step
@@ -184,12 +180,20 @@ TEST_F(PlayerMirrorTest, RequestsAreTheIdleScreensAndOnlyWhileThePlayerRuns_ASee
     requests.setLoopStatus("Track");
     requests.setLoopStatus("Sometimes");
     requests.raise();
-    EXPECT_EQ(sent, (MessageLines{"/MP/Idle/Req/Pause ",
+    requests.previous();
+    requests.playPause();
+    requests.quit();
+    browser("NowplayingState(int)", payload(qint32(2)));
+    requests.stop();
+    requests.play();
+    // How the player acts on each message is the channel contract test's.
+    EXPECT_EQ(sent, (MessageLines{"/MP/Idle/Req/Pause ", "/MP/Idle/Req/Pause ",
                                   "/MP/Idle/Req/Seek/Forth 00000001", "/MP/Idle/Req/Seek/END ",
                                   "/MP/Idle/Req/Seek/BACK 00000003", "/MP/Idle/Req/Seek/END ",
                                   "/MP/Idle/Req/Seek/Forth 00000008", "/MP/Idle/Req/Seek/END ",
-                                  "/MP/Idle/Req/Shuffle ", "/MP/Idle/Req/Repeat ",
-                                  "/MP/Idle/Req/Restore "}));
+                                  "/MP/Idle/Req/Shuffle ", "/MP/Idle/Req/Repeat ", "/MP/Idle/Req/Restore ",
+                                  "/MP/Idle/Req/Prev ", "/MP/Idle/Req/Play ", "/MP/Idle/Req/Quit ",
+                                  "/MP/Idle/Req/Play "}));
     EXPECT_EQ(settings.shuffle, 1) << "the shuffle request applies the stored mode";
 
     // Seeks beyond the item are Next or the start, whatever the offset.
@@ -204,6 +208,73 @@ TEST_F(PlayerMirrorTest, RequestsAreTheIdleScreensAndOnlyWhileThePlayerRuns_ASee
                                   "/MP/Idle/Req/Seek/BACK 00000005", "/MP/Idle/Req/Seek/END ",
                                   "/MP/Idle/Req/Seek/BACK 00000005", "/MP/Idle/Req/Seek/END ",
                                   "/MP/Idle/Req/Seek/Forth 00000020", "/MP/Idle/Req/Seek/END "}));
+}
+
+class PlayerSenderTrackerTest : public PlayerMirrorTest {
+protected:
+    void idle(const QString& sender, const QCString& message, const QByteArray& data = {})
+    {
+        feed.channelMessage(sender, IdleScreenChannel::kChannel, message, data);
+    }
+    void browser(const QString& sender, const QCString& message, const QByteArray& data = {})
+    {
+        feed.channelMessage(sender, MediaBrowserChannel::kNewsChannel, message, data);
+    }
+    QStringList followed() const
+    {
+        QStringList names;
+        for (const QList<QVariant>& call : changes)
+            names.append(call.at(0).toString());
+        return names;
+    }
+
+    PlayerSenderTracker tracker;
+    PlayerFeed feed{tracker, mirror};
+    QSignalSpy changes{&tracker, &PlayerSenderTracker::playerChanged};
+};
+
+TEST_F(PlayerSenderTrackerTest, TheNewestPlayerIsFollowed_AndWhenItGoesTheNewestOfTheOthers)
+{
+    // Requests, other channels and nameless senders name no player: none is followed before :1.12.
+    idle(":1.9", "/MP/Idle/Req/Next");
+    feed.channelMessage(":1.9", "MF_MSG_CHANNEL", "queryMPNowPlaying()", {});
+    idle("", "/MP/Idle/Info/State", payload(qint32(1)));
+
+    idle(":1.12", "/MP/Idle/Info/State", payload(qint32(1)));
+    idle(":1.4", "/MP/Idle/Info/State", payload(qint32(2)));
+    browser(":1.30", "MediaplayerStarted()");
+    EXPECT_EQ(tracker.players(), (QStringList{":1.4", ":1.12", ":1.30"})) << "in the order they connected";
+    idle(":1.12", "/MP/Idle/Info/State", payload(qint32(1)));
+    EXPECT_EQ(mirror.playbackStatus(), "Stopped") << "news of a player not followed is not shown";
+
+    tracker.nameLeft(":1.9");
+    browser(":1.30", "MediaplayerExited()");
+    idle(":1.12", "/MP/Idle/Info/State", payload(qint32(1)));
+    EXPECT_EQ(mirror.playbackStatus(), "Playing");
+    feed.nameLeft(":1.12");
+    EXPECT_EQ(mirror.playbackStatus(), "Stopped") << "what was shown was the gone player's";
+    idle(":1.4", "/MP/Idle/Info/Exit");
+    EXPECT_EQ(followed(), (QStringList{":1.12", ":1.30", ":1.12", ":1.4", ""}));
+}
+
+// A bridge of its own player, showing it alone and ending with it, is the process test's.
+TEST_F(PlayerSenderTrackerTest, NewsOfAPlayerThatLeftNeverBringsItBack)
+{
+    // Its last news, its death, then news that was under way: in this order
+    // two paths once delivered them, and the dead player stayed on show.
+    idle(":1.5", "/MP/Idle/Info/State", payload(qint32(1)));
+    EXPECT_TRUE(mirror.isPresent());
+    feed.nameLeft(":1.5");
+    idle(":1.5", "/MP/Idle/Info/State", payload(qint32(1)));
+    browser(":1.5", "NowplayingState(int)", payload(qint32(1)));
+    EXPECT_FALSE(mirror.isPresent());
+    EXPECT_EQ(mirror.playbackStatus(), "Stopped");
+    EXPECT_EQ(tracker.player(), "");
+
+    // The next player is followed as usual.
+    browser(":1.6", "MediaplayerStarted()");
+    browser(":1.6", "NowplayingState(int)", payload(qint32(2)));
+    EXPECT_EQ(mirror.playbackStatus(), "Paused");
 }
 
 } // namespace

@@ -1,10 +1,10 @@
 #include "host/tools/samplegen/SampleLibraryWriter.h"
 #include "host/tools/samplegen/WavSynth.h"
 
-#include <QDateTime>
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QtEndian>
 
@@ -14,7 +14,6 @@
 #include <memory>
 #include <tuple>
 
-#include <taglib/fileref.h>
 #include <taglib/tpropertymap.h>
 #include <taglib/wavfile.h>
 
@@ -27,18 +26,6 @@ QByteArray readAll(const QString& path)
 }
 
 quint32 le32(const QByteArray& bytes, int offset) { return qFromLittleEndian<quint32>(bytes.constData() + offset); }
-
-// The size of the named RIFF chunk, or -1 when the file has none.
-qint64 chunkSize(const QByteArray& wav, const QByteArray& id)
-{
-    for (int pos = 12; pos + 8 <= wav.size();) {
-        const quint32 size = le32(wav, pos + 4);
-        if (wav.mid(pos, 4) == id)
-            return size;
-        pos += 8 + int(size) + int(size % 2);
-    }
-    return -1;
-}
 
 QString toQString(const TagLib::String& text) { return QString::fromStdString(text.to8Bit(true)); }
 
@@ -54,20 +41,9 @@ QStringList filesUnder(const QString& folder)
 
 }  // namespace
 
-TEST(WavSynthTest, WavFile_HoldsPcmHeaderAndExactData)
-{
-    const WavSynth synth(8000);
-    const QByteArray pcm = synth.melody(7, 3);
-    ASSERT_EQ(pcm.size(), 48000);
-    const QByteArray wav = synth.wavFile(pcm);
-    ASSERT_EQ(wav.size(), 44 + 48000);
-    // RIFF of 36 + 48000 bytes; fmt: PCM, mono, 8000 Hz, 16000 bytes/s, block 2, 16 bits; data of 48000.
-    EXPECT_EQ(wav.left(44).toHex(), "52494646a4bb000057415645666d74201000000001000100401f0000803e0000"
-                                    "020010006461746180bb0000");
-    EXPECT_EQ(wav.mid(44), pcm);
-}
-
-TEST(WavSynthTest, Melody_IsAudibleFadedAndDeterministic)
+// The wave header's fields are read back by TagLib in the song's test; that the
+// melody is the same from run to run, by the second run's files left as they are.
+TEST(WavSynthTest, Melody_IsAudibleAndFaded)
 {
     const WavSynth synth(11025);
     const QByteArray pcm = synth.melody(42, 2);
@@ -79,9 +55,7 @@ TEST(WavSynthTest, Melody_IsAudibleFadedAndDeterministic)
     EXPECT_LT(peak, 32767);  // never clipped
     EXPECT_EQ(qFromLittleEndian<qint16>(pcm.constData()), 0);                  // faded in
     EXPECT_EQ(qFromLittleEndian<qint16>(pcm.constData() + pcm.size() - 2), 0); // faded out
-    EXPECT_EQ(synth.melody(42, 2), pcm);
-    EXPECT_NE(synth.melody(43, 2), pcm);
-    EXPECT_TRUE(synth.melody(42, 0).isEmpty());
+    EXPECT_NE(synth.melody(43, 2), pcm) << "each song its own tune";
 }
 
 class SampleLibraryTest : public ::testing::Test {
@@ -92,8 +66,6 @@ protected:
         ASSERT_TRUE(s_folder->isValid());
         SampleLibraryWriter writer(s_folder->path());
         ASSERT_TRUE(writer.write()) << qPrintable(writer.errorString());
-        EXPECT_EQ(writer.filesWritten(), 33);
-        EXPECT_EQ(writer.filesUnchanged(), 0);
     }
     static void TearDownTestSuite() { s_folder.reset(); }
 
@@ -109,8 +81,7 @@ TEST_F(SampleLibraryTest, Song_ReadsBackTagsAndDuration)
     const QString file = path(QStringLiteral("Music/Árós Quartet/Kvöldljóð/02 Белая ночь.wav"));
     const QByteArray bytes = readAll(file);
     ASSERT_FALSE(bytes.isEmpty());
-    EXPECT_EQ(le32(bytes, 4), quint32(bytes.size() - 8));
-    EXPECT_EQ(chunkSize(bytes, "data"), 8 * 11025 * 2);
+    EXPECT_EQ(le32(bytes, 4), quint32(bytes.size() - 8)) << "the RIFF size counts the tag's chunk";
 
     TagLib::RIFF::WAV::File wav(QFile::encodeName(file).constData());
     ASSERT_TRUE(wav.isValid());
@@ -122,8 +93,10 @@ TEST_F(SampleLibraryTest, Song_ReadsBackTagsAndDuration)
                            toQString(properties["DATE"].toString())}),
               QStringList({"Белая ночь", "Árós Quartet", "Kvöldljóð", "Classical", "Sigrún Hallsdóttir", "1998-12-01"}));
     EXPECT_EQ(tag->track(), 2u);
-    const TagLib::AudioProperties& sound = *wav.audioProperties();
-    EXPECT_EQ(std::tuple(sound.lengthInMilliseconds(), sound.sampleRate(), sound.channels()), std::tuple(8000, 11025, 1));
+    const TagLib::RIFF::WAV::Properties& sound = *wav.audioProperties();
+    EXPECT_EQ(std::tuple(sound.lengthInMilliseconds(), sound.sampleRate(), sound.channels(), sound.bitsPerSample(),
+                         sound.format()),
+              std::tuple(8000, 11025, 1, 16, 1));  // PCM
 }
 
 TEST_F(SampleLibraryTest, UntaggedRecordings_HaveSoundButNoTitle)
@@ -131,11 +104,10 @@ TEST_F(SampleLibraryTest, UntaggedRecordings_HaveSoundButNoTitle)
     const QStringList files = filesUnder(path(QStringLiteral("Music/Unsorted")));
     ASSERT_EQ(files.size(), 3);
     for (const QString& file : files) {
-        EXPECT_EQ(chunkSize(readAll(file), "ID3 "), -1) << qPrintable(file);
-        const TagLib::FileRef ref(QFile::encodeName(file).constData());
-        ASSERT_FALSE(ref.isNull()) << qPrintable(file);
-        EXPECT_TRUE(ref.tag()->title().isEmpty()) << qPrintable(file);
-        EXPECT_GE(ref.audioProperties()->lengthInMilliseconds(), 4000) << qPrintable(file);
+        TagLib::RIFF::WAV::File wav(QFile::encodeName(file).constData());
+        ASSERT_TRUE(wav.isValid()) << qPrintable(file);
+        EXPECT_FALSE(wav.hasID3v2Tag() || wav.hasInfoTag()) << qPrintable(file);
+        EXPECT_GE(wav.audioProperties()->lengthInMilliseconds(), 4000) << qPrintable(file);
     }
 }
 
@@ -143,38 +115,21 @@ TEST_F(SampleLibraryTest, PlayList_EntriesResolveToSongs)
 {
     const QString listPath = path(QStringLiteral("Playlists/Evening.m3u"));
     const QStringList lines = QString::fromUtf8(readAll(listPath)).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    ASSERT_FALSE(lines.isEmpty());
-    EXPECT_EQ(lines.first(), QStringLiteral("#EXTM3U"));
-    EXPECT_EQ(lines.at(1), QStringLiteral("#EXTINF:7,Aurora Lane - Harbour Wind"));
-    const QDir listFolder = QFileInfo(listPath).dir();
-    int entries = 0;
-    for (const QString& line : lines) {
-        if (line.startsWith(QLatin1Char('#')))
-            continue;
-        ++entries;
-        EXPECT_TRUE(QFileInfo::exists(listFolder.filePath(line))) << qPrintable(line);
-    }
-    EXPECT_EQ(entries, 6);
+    ASSERT_EQ(lines.mid(0, 2), (QStringList{"#EXTM3U", "#EXTINF:7,Aurora Lane - Harbour Wind"}));
+    const QStringList entries = lines.filter(QRegularExpression("^[^#]"));
+    EXPECT_EQ(entries.size(), 6);
+    for (const QString& entry : entries)
+        EXPECT_TRUE(QFileInfo::exists(QFileInfo(listPath).dir().filePath(entry))) << qPrintable(entry);
 }
 
 TEST_F(SampleLibraryTest, SecondRun_KeepsCompleteFilesAndRepairsADamagedOne)
 {
-    // Back-date every file, so a rewrite shows without waiting for the clock.
-    const QDateTime past(QDate(2001, 1, 1), QTime(12, 0), Qt::UTC);
-    const QStringList files = filesUnder(s_folder->path());
-    ASSERT_EQ(files.size(), 33);
-    for (const QString& file : files) {
-        QFile handle(file);
-        ASSERT_TRUE(handle.open(QIODevice::ReadWrite));
-        ASSERT_TRUE(handle.setFileTime(past, QFileDevice::FileModificationTime));
-    }
-
+    // Every file the first run wrote is found whole: none is written again.
+    ASSERT_EQ(filesUnder(s_folder->path()).size(), 33);
     SampleLibraryWriter again(s_folder->path());
     ASSERT_TRUE(again.write());
     EXPECT_EQ(again.filesWritten(), 0);
     EXPECT_EQ(again.filesUnchanged(), 33);
-    for (const QString& file : files)
-        EXPECT_EQ(QFileInfo(file).lastModified(), past) << qPrintable(file);
 
     const QString damaged = path(QStringLiteral("Music/Neon Parade/Afterglow/02 月の光.wav"));
     const QByteArray original = readAll(damaged);
