@@ -28,15 +28,15 @@ export QT_QPA_PLATFORM=offscreen
 #     differ, which would count a mutant as killed by chance);
 #   InstallTree, InstalledConsumer, InstalledPlayer: install the tree and
 #     build a program against it;
-#   PlayerFloodTest: floods the player's channels to bound its memory;
 #   MetadataWriteAheadLogTest.TwoThousand...: plays 2,000 songs to bound the
 #     database log;
 #   PlayerProcessTest, PlayerMirrorTest, PlayerSenderTrackerTest: the desktop
-#     bridge (mp-mpris) and the player as processes on a private bus;
-#   QCopToolTest, SampleLibraryTest: the qcop and sample-library tools.
+#     bridge (mp-mpris), qcop and the player as processes on a private bus,
+#     and the flood of the player's channels that bounds its memory;
+#   SampleLibraryTest: the sample-library tool.
 excluded='^(SoundOutput|PlayerWindowShot|VideoWindowShot|DialogShots|InstallTree|InstalledConsumer|InstalledPlayer)$'
-excluded+='|^HostEngineTest\.MediaOutput_|^PlayerFloodTest\.|^MetadataWriteAheadLogTest\.TwoThousand'
-excluded+='|^(PlayerProcessTest|PlayerMirrorTest|PlayerSenderTrackerTest|QCopToolTest|SampleLibraryTest)\.'
+excluded+='|^HostEngineTest\.MediaOutput_|^MetadataWriteAheadLogTest\.TwoThousand'
+excluded+='|^(PlayerProcessTest|PlayerMirrorTest|PlayerSenderTrackerTest|SampleLibraryTest)\.'
 # What the tests need built: mp_tests brings the player, the tools and the
 # libraries it starts or opens.
 targets=(mp_tests)
