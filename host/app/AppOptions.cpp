@@ -82,8 +82,12 @@ bool AppOptions::parse(const QStringList& arguments, QString* error)
             // likely a pair without its "=" than a file that is gone.
             if (i + 1 < arguments.size() && !arguments.at(i + 1).startsWith(QLatin1Char('-'))
                 && !isFileOrAddress(arguments.at(i + 1))) {
+                // A name of a name's length stands as typed; a longer one is shortened
+                // as any word is, so that a pasted megabyte does not come back whole.
+                const QString shownName =
+                    name.size() <= ScriptWords::kExcerptLength ? name : ScriptWords::excerpt(name);
                 *error = QStringLiteral("--action %1: %2 is no key=value pair, nor a file")
-                             .arg(name, ScriptWords::excerpt(arguments.at(i + 1)));
+                             .arg(shownName, ScriptWords::excerpt(arguments.at(i + 1)));
                 return false;
             }
         } else if (word.startsWith(QLatin1String("--"))) {

@@ -73,6 +73,9 @@ TEST(AppScenarioTest, WithoutADisplay_EndsWhenNothingWillPlayOrTheCommandLineIsB
         {{"--output", "loud"}, 64, "mediaplayer: --output is media or clock, not \"loud\"\n", true},
         {{"--action", "PlayVideoInMediaplayer", "SelectionType=All", "StorageLocation"}, 64,
          "mediaplayer: --action PlayVideoInMediaplayer: \"StorageLocation\" is no key=value pair, nor a file\n", true},
+        {{"--action", QString(81, 'A'), "StorageLocation"}, 64,
+         "mediaplayer: --action \"" + QString(80, 'A') + "...\" (81 characters): \"StorageLocation\" is no key=value "
+         "pair, nor a file\n", true},
         {{"--action", "FooBar", "-h"}, 0, ""},  // an option after the pairs is one, not a FILE
         {{"--journal", nowhere}, 64,
          "mediaplayer: --journal: cannot write " + nowhere + ": No such file or directory\n"},
