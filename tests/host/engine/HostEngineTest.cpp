@@ -1,7 +1,5 @@
 #include <QCoreApplication>
 #include <QFile>
-#include <QJsonArray>
-#include <QJsonDocument>
 #include <QLabel>
 #include <QTcpServer>
 #include <QTcpSocket>
@@ -22,13 +20,11 @@
 #include "host/engine/HostEngineClock.h"
 #include "host/engine/HostEngineOutputListener.h"
 #include "host/engine/HostMediaOutput.h"
-#include "host/platform/HostJournal.h"
 #include "host/tools/samplegen/WavSynth.h"
 #include "platform/SETUP_SET_Manager.h"
 #include "platform/VmKbMainWidget.h"
 #include "tests/lists/TraceCapture.h"
 #include "tests/support/EngineRelease.h"
-#include "tests/support/Journal.h"
 #include "tests/support/PathList.h"
 #include "tests/support/TestEnvironment.h"
 
@@ -157,12 +153,10 @@ TEST_F(HostEngineTest, SetFile_TaggedWav_ReportsTagsAndDuration_ShowsOnTheMainWi
 
     VmKbMainWidget* screen = engine->getMainWidget();
     ASSERT_NE(screen, nullptr);
-    const auto text = [screen](const char* name) { return screen->findChild<QLabel*>(name)->text(); };
-    EXPECT_EQ(text("title"), "Night Drive");
-    EXPECT_EQ(text("artist"), "Aurora Lane");
-    EXPECT_EQ(text("album"), "Coastlines");
-    EXPECT_EQ(text("time"), "0:01 / 0:02");
-    EXPECT_EQ(text("state"), "playing");
+    QStringList labels;
+    for (const char* name : {"title", "artist", "album", "time", "state"})
+        labels << screen->findChild<QLabel*>(name)->text();
+    EXPECT_EQ(labels.join('|'), "Night Drive|Aurora Lane|Coastlines|0:01 / 0:02|playing");
 
     // Given something to play, the screen came up by itself.
     EXPECT_TRUE(engine->isPlayerShown());
@@ -170,7 +164,6 @@ TEST_F(HostEngineTest, SetFile_TaggedWav_ReportsTagsAndDuration_ShowsOnTheMainWi
     EXPECT_FALSE(engine->isPlayerShown());
     engine->showPlayer();
     EXPECT_TRUE(engine->isPlayerShown());
-    EXPECT_EQ(engine->flipClosed(), 0);
 
     // A single file ends in state 8.
     HostEngineClock::advance(5000);
@@ -231,7 +224,6 @@ TEST_F(HostEngineTest, ManualClock_StepsTheListAtItemEnds_CarryingTimeOver_AndFi
     HostEngineClock::advance(2300);
     EXPECT_EQ(takeLog(), Events({"updateTime(2000,2500)", "updateListInfo(1)", "updateMetaInfo(two,,,0,1)",
                                  "updateTime(0,2000)", "updateTime(1000,2000)"}));
-    EXPECT_EQ(engine->position(), 1000);
 
     HostEngineClock::advance(60000);
     EXPECT_EQ(takeLog(), Events({"updateTime(2000,2000)", "updateState(8)"}));
@@ -325,7 +317,6 @@ TEST_F(HostEngineTest, EmptyAndClearedLists)
     engine->autoPlay(false);
     takeLog();
     engine->setPlayList(nullptr);
-    EXPECT_EQ(engine->getCurrentList(), nullptr);
     EXPECT_TRUE(engine->getCurrentPath().isNull());
     EXPECT_EQ(takeLog(), Events({"updateListInfo(-1)", "updateState(5)"}));
 }
@@ -341,14 +332,7 @@ TEST_F(HostEngineTest, Streams_PlayWithoutEnd_AndMediumTypesFollowThePathOrTheHo
     EXPECT_EQ(engine->getMediumType(), MP_MEDIUM_STREAM);
     EXPECT_EQ(engine->getContentType(), MP_CONTENT_VIDEO);
 
-    const QString download = writeFakeVideo("film.mp4.pd");
-    engine->setFile(download);
-    EXPECT_EQ(engine->getMediumType(), MP_MEDIUM_PROGRESSIVE_DOWNLOAD);
-    EXPECT_EQ(engine->getContentType(), MP_CONTENT_VIDEO);
-
-    takeLog();
     engine->setMediumType(MP_MEDIUM_TRANSFER_SESSION);
-    EXPECT_EQ(engine->getMediumType(), MP_MEDIUM_TRANSFER_SESSION);
     EXPECT_EQ(takeLog(), Events({"updateListInfo(-1)"})) << "told again, about no list";
     engine->setFile(writeFakeVideo("next.mp4"));
     EXPECT_EQ(engine->getMediumType(), MP_MEDIUM_TRANSFER_SESSION);
@@ -381,33 +365,6 @@ TEST_F(HostEngineTest, ShuffleKeyRelease_StoresTheNextModeBeforeItIsReported)
     engine->pressSetupKey(0x4002, false);  // albums -> off
     engine->pressSetupKey(0x4003, false);  // another key leaves it
     EXPECT_EQ(modesWhenReported, (QList<int>{0, 1, 0, 0, 0}));
-}
-
-TEST_F(HostEngineTest, Journal_RecordsCallsAndEachReportOnce)
-{
-    const QString path = writeWav("tide.wav", 1500, "Tide", "Shore", "Sea");
-    HostJournal::startCapture();
-    HostEnginePtr player = makeHostEngine(MP_LAUNCH_FILE);
-    RecordingListener first(log, "A"), second(log, "B");
-    player->addPlayerListener(&first);
-    player->addPlayerListener(&second);
-    player->setFile(path);
-    player->getPlayerControl()->play();
-    player->getPlayerControl()->getState();
-    HostEngineClock::advance(1200);
-    player->getPlayerControl()->seek(-5000);
-    player->removePlayerListener(&first);
-    player.reset();
-
-    const std::string file = QJsonDocument(QJsonArray{path}).toJson(QJsonDocument::Compact).toStdString();
-    EXPECT_EQ(Journal::callsWithArgs(journal(), {}),
-              Events({"engine:MP_CreateCommonPlayer [false,1]", "engine:addPlayerListener [\"listener\"]",
-                      "engine:addPlayerListener [\"listener\"]", "engine:setFile " + file,
-                      "report:signalContentTypeChanged [1]", "report:updateMetaInfo [\"Tide\",\"Shore\",\"Sea\",true]",
-                      "report:updateTime [0,1500]", "report:updateState [5]", "control:play []",
-                      "report:updateState [1]", "report:updateTime [1000,1500]", "control:seek [-5000]",
-                      "report:updateTime [0,1500]", "engine:removePlayerListener [\"listener\"]",
-                      "engine:MP_DestroyCommonPlayer []"}));
 }
 
 // The media output decodes for real, in real time: short files, waits bounded

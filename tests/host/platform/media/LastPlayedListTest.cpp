@@ -61,8 +61,7 @@ TEST_F(LastPlayedListTest, SaveGetFree_RoundTripsNullAndUtf8Strings_ANewSaveRepl
                          read.storageLocation, read.firstIndex),
               std::tuple(6, 6, 4, 0, uint32_t(-1), 1, 3));
     freeLastPlayedList(&read);
-    EXPECT_EQ(read.artist, nullptr);
-    EXPECT_EQ(read.genre, nullptr);
+    EXPECT_TRUE(!read.artist && !read.genre);
     freeLastPlayedList(&read);             // twice is harmless
 
     // A new save replaces the old one whole.
@@ -86,7 +85,6 @@ TEST_F(LastPlayedListTest, DatabaseLockedByAnotherProgram_SaveFailsAndTheJournal
     LastPlayedListRecord record = cleared();
     record.listType = 0;
     ASSERT_EQ(saveLastPlayedList(&record), 1);
-    ASSERT_EQ(journalLines("metadata", "saveLastPlayedList").last().value("written"), true);
 
     // As another program would: a connection holding the write lock.
     std::unique_ptr<MediaDatabase> other = MediaDatabase::open(MediaDatabase::defaultFile());

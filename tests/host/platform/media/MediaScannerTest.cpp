@@ -148,9 +148,9 @@ TEST_F(MediaScannerTest, ReadsTagsFlagsAndPlayLists)
     EXPECT_EQ(std::tuple(download.title, download.createdBy), std::tuple(QString("song"), 1));
 
     EXPECT_EQ(playList(), QStringList({"Rain", "song", "voice memo"}));
-    EXPECT_EQ(m_messages.size(), 4);
-    EXPECT_TRUE(m_messages.filter(path("Music/gone.wav")).size() == 1) << qPrintable(m_messages.join('\n'));
-    EXPECT_TRUE(m_messages.filter("missing.wav").size() == 1) << qPrintable(m_messages.join('\n'));
+    // The link that leads nowhere and the play list's missing entry; the stream is no file to miss.
+    EXPECT_EQ(m_messages.filter(path("Music/gone.wav")).size() + m_messages.filter("missing.wav").size(), 2);
+    EXPECT_EQ(m_messages.size(), 4) << qPrintable(m_messages.join('\n'));
 }
 
 TEST_F(MediaScannerTest, RescansChangeOnlyWhatChanged_ChangedFilesAreReadAgainAndRemovedOnesLeave)
@@ -163,7 +163,6 @@ TEST_F(MediaScannerTest, RescansChangeOnlyWhatChanged_ChangedFilesAreReadAgainAn
     EXPECT_EQ(stored("Music/rain.wav").fileModified, before.fileModified);
     EXPECT_EQ(m_database->groupBySource(path("Lists/evening.m3u"))->id, group);
 
-    const quint32 rainId = before.id;
     writeTaggedWav("Music/rain.wav", {{"TITLE", "Rain, remastered"}});
     touchLater(path("Music/rain.wav"));
     ASSERT_TRUE(QFile::remove(path("Downloads/song.wav")));
@@ -174,8 +173,8 @@ TEST_F(MediaScannerTest, RescansChangeOnlyWhatChanged_ChangedFilesAreReadAgainAn
     const MediaScanSummary summary = m_scanner->scanFolders({m_root});
     EXPECT_EQ(summary.text(), "0 added, 1 updated, 1 removed, 1 unchanged, 2 skipped; play lists: 0 imported, 0 removed");
     EXPECT_EQ(stored("Music/voice memo.wav").title, "voice memo");
-    EXPECT_EQ(stored("Music/rain.wav").id, rainId);
-    EXPECT_EQ(stored("Music/rain.wav").title, "Rain, remastered");
+    EXPECT_EQ(std::tuple(stored("Music/rain.wav").id, stored("Music/rain.wav").title),
+              std::tuple(before.id, QString("Rain, remastered")));
     EXPECT_FALSE(m_database->mediaByPath(path("Downloads/song.wav")));
     EXPECT_EQ(playList(), QStringList({"Rain, remastered", "voice memo"}));
 
