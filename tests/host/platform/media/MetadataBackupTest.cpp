@@ -103,7 +103,7 @@ TEST_F(MetadataBackupTest, FileDeletedUnderAWatchedFolderLeavesTheDatabaseAndIsA
 
     ASSERT_EQ(::unlink(QFile::encodeName(doomed).constData()), 0);
     EXPECT_TRUE(waitUntil([&] { return !recorder.heard.isEmpty(); }, 3000));
-    EXPECT_EQ(recorder.heard, QList<IndicationRecorder::Heard>{IndicationRecorder::content()});
+    EXPECT_EQ(recorder.heard, QStringList{IndicationRecorder::content()});
     EXPECT_FALSE(m_database->mediaByPath(doomed));
     EXPECT_TRUE(m_database->mediaByPath(kept));
     EXPECT_EQ(journalArgs("file", "deleted"), QList<QJsonArray>{QJsonArray{doomed}});

@@ -6,8 +6,6 @@
 
 namespace {
 
-using Heard = IndicationRecorder::Heard;
-
 class MetadataIndicationTest : public MetadataTestLibrary {
 protected:
     void SetUp() override
@@ -20,7 +18,7 @@ protected:
     }
 
     // Whether this client hears just @p expected; what it heard is then forgotten.
-    bool hears(const QList<Heard>& expected)
+    bool hears(const QStringList& expected)
     {
         const bool isHeard = waitUntil([&] { return m_recorder.heard.size() >= expected.size(); }, 3000)
                              && m_recorder.heard == expected;
@@ -104,7 +102,7 @@ TEST_F(MetadataIndicationTest, OnlySubscribedConnectionsHearAndOnlyWhatTheySubsc
 
     add("/m/other.mp3", "Other");
     ASSERT_TRUE(m_database->setGroupMembers(m_playList, {m_song}));
-    const QList<Heard> both{IndicationRecorder::content(),
+    const QStringList both{IndicationRecorder::content(),
                             IndicationRecorder::group(m_playList, METADATA_GROUP_MEMBERS_CHANGED)};
     // Each connection polls on its own timer: wait for every one that must hear.
     EXPECT_TRUE(waitUntil(
@@ -112,7 +110,7 @@ TEST_F(MetadataIndicationTest, OnlySubscribedConnectionsHearAndOnlyWhatTheySubsc
         3000));
     processEvents();
     EXPECT_EQ(latest.heard, both);
-    EXPECT_EQ(groupsOnly.heard, QList<Heard>{both[1]});
+    EXPECT_EQ(groupsOnly.heard, QStringList{both[1]});
     EXPECT_TRUE(replaced.heard.isEmpty());
     EXPECT_TRUE(deregistered.heard.isEmpty());
     for (const unsigned int handle : {second, third, fourth})
@@ -191,7 +189,7 @@ TEST_F(MetadataIndicationTest, PlayListClient_WaitsOnlyForSongChangesThatReachIt
 
     // A song of the list moved to the memory card leaves its search; that
     // waits, and the list hears of it as a change of its own group.
-    const QList<IndicationRecorder::Heard> contentAndList{
+    const QStringList contentAndList{
         IndicationRecorder::content(), IndicationRecorder::group(m_playList, METADATA_GROUP_MEMBERS_CHANGED)};
     {
         const std::unique_ptr<SqliteTransaction> transaction = m_database->beginTransaction();
