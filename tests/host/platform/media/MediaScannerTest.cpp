@@ -7,10 +7,6 @@
 #include <QDir>
 #include <QFile>
 
-#include <taglib/id3v2tag.h>
-#include <taglib/tpropertymap.h>
-#include <taglib/wavfile.h>
-
 #include <filesystem>
 #include <fstream>
 #include <memory>
@@ -19,6 +15,8 @@
 
 #include "host/platform/phone/HostStorage.h"
 #include "host/platform/media/database/MediaDatabase.h"
+#include "host/tools/samplegen/SampleCatalogue.h"
+#include "host/tools/samplegen/SampleTagger.h"
 #include "host/tools/samplegen/WavSynth.h"
 #include "tests/host/platform/media/OtherProgramSql.h"
 #include "tests/support/TestEnvironment.h"
@@ -69,10 +67,8 @@ protected:
         m_scanner = std::make_unique<MediaScanner>(*m_database);
         m_scanner->setMessageHandler([this](const QString& message) { m_messages.append(message); });
 
-        writeTaggedWav("Music/rain.wav", {{"TITLE", "Rain"}, {"ARTIST", QString::fromUtf8("Ансамбль")},
-                                                {"ALBUM", QString::fromUtf8("Kvöldljóð")}, {"GENRE", "Folk"},
-                                                {"COMPOSER", QString::fromUtf8("Sigrún")}, {"TRACKNUMBER", "2"},
-                                                {"DATE", "2003-03-14"}});
+        write("Music/rain.wav", SampleTagger::tagged(tinyWav(), {QString::fromUtf8("Ансамбль"), QString::fromUtf8("Kvöldljóð"),
+                                                                 "Rain", "Folk", QString::fromUtf8("Sigrún"), 2, "2003-03-14"}));
         write("Music/voice memo.wav", tinyWav());
         // The start of a 3GP movie: TagLib has no reader for 3GP, so it is taken by its name.
         write("Camera/Captured/clip.3gp", QByteArray::fromHex("0000001866747970336770340000000069736f6d33677034"));
@@ -85,17 +81,6 @@ protected:
 
     QString path(const QString& relative) const { return m_root + '/' + relative; }
     void write(const QString& relative, const QByteArray& bytes) const { writeDataFile("library/" + relative, bytes); }
-    void writeTaggedWav(const QString& relative, const QMap<QString, QString>& tags) const
-    {
-        write(relative, tinyWav());
-        TagLib::RIFF::WAV::File file(QFile::encodeName(path(relative)).constData());
-        ASSERT_TRUE(file.isValid());
-        TagLib::PropertyMap properties;
-        for (auto tag = tags.cbegin(); tag != tags.cend(); ++tag)
-            properties.insert(tag.key().toStdString(), TagLib::String(tag.value().toUtf8().constData(), TagLib::String::UTF8));
-        file.ID3v2Tag()->setProperties(properties);
-        ASSERT_TRUE(file.save(TagLib::RIFF::WAV::File::ID3v2, TagLib::File::StripOthers));
-    }
     MediaRecord stored(const QString& relative) const
     {
         const std::optional<MediaRecord> record = m_database->mediaByPath(path(relative));
@@ -163,7 +148,9 @@ TEST_F(MediaScannerTest, RescansChangeOnlyWhatChanged_ChangedFilesAreReadAgainAn
     EXPECT_EQ(stored("Music/rain.wav").fileModified, before.fileModified);
     EXPECT_EQ(m_database->groupBySource(path("Lists/evening.m3u"))->id, group);
 
-    writeTaggedWav("Music/rain.wav", {{"TITLE", "Rain, remastered"}});
+    SampleSong remastered;
+    remastered.title = QStringLiteral("Rain, remastered");
+    write("Music/rain.wav", SampleTagger::tagged(tinyWav(), remastered));
     touchLater(path("Music/rain.wav"));
     ASSERT_TRUE(QFile::remove(path("Downloads/song.wav")));
     // A stored file that no longer reads keeps its object (its play lists, its buy flag).
