@@ -11,6 +11,7 @@
 #include "host/platform/HostDataDir.h"
 #include "host/platform/media/database/MediaDatabase.h"
 #include "platform/Metadata.h"
+#include "platform/SETUP_SET_Manager.h"
 #include "tests/lists/TraceCapture.h"
 #include "tests/support/SongBuilder.h"
 #include "tests/support/TestEnvironment.h"
@@ -34,6 +35,7 @@ protected:
         list.firstIndex = 3;
         ASSERT_TRUE(database->setLastPlayedList(list));
         ASSERT_TRUE(database->setLastPlayedSong({"/m/a.mp3", 1}));
+        ASSERT_TRUE(SETUP_SET_Manager(7, false).setSettingInfo("MediaControlItem", "MusicShuffle", 1));
     }
     void TearDown() override
     {
@@ -101,8 +103,22 @@ TEST_F(ReadOnlyDataFolderTest, FolderWithoutWritePermission_PlaysAndSavesNothing
 
 TEST_F(ReadOnlyDataFolderTest, ReadOnlyOption_PlaysAndSavesNothing)
 {
+    QFile settingsFile(HostDataDir::file("settings/app-7.ini"));
+    ASSERT_TRUE(settingsFile.open(QIODevice::ReadOnly));
+    const QByteArray settingsBefore = settingsFile.readAll();
     qputenv("MP_DATA_READ_ONLY", "1");
     expectPlaysReadOnly();
+
+    // A refused setting is not answered back as if saved, nor journaled, and leaves no file beside the store.
+    SETUP_SET_Manager settings(7, false);
+    EXPECT_FALSE(settings.setSettingInfo("MediaControlItem", "MusicShuffle", 2));
+    int shuffle = -1;
+    EXPECT_TRUE(settings.getSettingInfo("MediaControlItem", "MusicShuffle", shuffle, 0));
+    EXPECT_EQ(shuffle, 1);
+    EXPECT_EQ(journalLines("settings", QString()).size(), 1) << "the set-up's write only";
+    settingsFile.seek(0);
+    EXPECT_EQ(settingsFile.readAll(), settingsBefore);
+    EXPECT_EQ(QDir(HostDataDir::file("settings")).entryList(QDir::Files), QStringList{"app-7.ini"});
 }
 
 } // namespace
