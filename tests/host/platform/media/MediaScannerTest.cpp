@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QDateTime>
-#include <QDataStream>
+#include <QtEndian>
 #include <QDir>
 #include <QFile>
 
@@ -33,18 +33,12 @@ QByteArray tinyWav()
 // but knows no sample rate for it; it plays.
 QByteArray muLawWav()
 {
-    const QByteArray sound(800, char(0xFF));
-    QByteArray bytes;
-    QDataStream stream(&bytes, QIODevice::WriteOnly);
-    stream.setByteOrder(QDataStream::LittleEndian);
-    stream.writeRawData("RIFF", 4);
-    stream << quint32(36 + sound.size());
-    stream.writeRawData("WAVEfmt ", 8);
-    stream << quint32(16) << quint16(7) << quint16(1) << quint32(8000) << quint32(8000) << quint16(1) << quint16(8);
-    stream.writeRawData("data", 4);
-    stream << quint32(sound.size());
-    stream.writeRawData(sound.constData(), int(sound.size()));
-    return bytes;
+    QByteArray wav = WavSynth(8000).wavFile(QByteArray(800, char(0xFF)));
+    wav[20] = 7;                                    // the format: mu-law
+    qToLittleEndian<quint32>(8000, wav.data() + 28);   // bytes a second
+    wav[32] = 1;                                    // bytes a sample
+    wav[34] = 8;                                    // bits a sample
+    return wav;
 }
 
 // Moves a file's modification time, as an edit made a minute later would.
