@@ -1,6 +1,5 @@
 #include "platform/QCopChannel.h"
 
-#include <QJsonObject>
 #include <QSignalSpy>
 
 #include <memory>
@@ -34,10 +33,7 @@ TEST_F(QCopChannelTest, Send_DeliversThroughTheEventLoopToEveryListener_RefusesE
     EXPECT_EQ(firstSpy.at(0).at(0).toByteArray(), QByteArray("ping(int)"));
     EXPECT_EQ(firstSpy.at(0).at(1).toByteArray().toHex(), "00000005");
     EXPECT_EQ(firstSpy.at(1).at(1).toByteArray(), QByteArray()) << "no data arrives as an empty payload";
-
-    ASSERT_EQ(journal().size(), 2);
-    EXPECT_EQ(journal().first(),
-              (QJsonObject{{"kind", "qcop"}, {"channel", "/MP/Test"}, {"message", "ping(int)"}, {"data", "00000005"}}));
+    EXPECT_EQ(journal().size(), 2);
 }
 
 TEST_F(QCopChannelTest, ListenerGoneBeforeDelivery_IsNotCalled)
