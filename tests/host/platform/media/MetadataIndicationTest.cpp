@@ -54,25 +54,6 @@ TEST_F(MetadataIndicationTest, OwnWriteIsAnnouncedOnlyFromTheEventLoopAfterItsCo
     EXPECT_TRUE(hears({IndicationRecorder::content()}));
 }
 
-TEST_F(MetadataIndicationTest, AnotherProgramsWrite_ArrivesAndIsSeenOnceTheClientHandlesIt)
-{
-    SearchRequest music(METADATA_LIST_MUSIC);
-    const MetadataSearchMediaRequest backup = music.words();
-    ASSERT_EQ(metadataBackupSearchedMedias(m_handle, &backup), 0);
-    // A window of entries to play: it never moves the snapshot.
-    music.candidates = {METADATA_CANDIDATE_OBJECT_ID, METADATA_CANDIDATE_FULL_PATH};
-    music.count = 5;
-    const auto firstCount = [&] { return search(music).count; };
-    // As the sqlite3 shell would: a plain connection without this program's code.
-    ASSERT_TRUE(runAsOtherProgram("INSERT INTO media (path, kind, title) VALUES ('/m/new.mp3', 1, 'New')"));
-    EXPECT_EQ(firstCount(), 1u) << "before the indication the client reads its snapshot";
-    EXPECT_TRUE(hears({IndicationRecorder::content()}));
-    EXPECT_EQ(firstCount(), 1u) << "delivered, not yet handled: the positions the client knows still hold";
-
-    EXPECT_EQ(std::get<3>(checkBackup(0)), 2u) << "handling the change moves the snapshot";
-    EXPECT_EQ(firstCount(), 2u);
-}
-
 TEST_F(MetadataIndicationTest, GroupChangesNameTheGroupAndTellDeletionFromMembers)
 {
     ASSERT_TRUE(m_database->removeGroup(m_playList));
@@ -139,11 +120,11 @@ TEST_F(MetadataIndicationTest, OnlySubscribedConnectionsHearAndOnlyWhatTheySubsc
     EXPECT_NE(metadataRegisterIndication(fourth, groupChanges, 1), 0);
 }
 
-// A client that reads only a play list does not hold the write-ahead log
-// for another program's song changes that leave the list's searches as they
-// were; a change that alters what they return still waits for the client,
-// even when no group change is logged with it.
-TEST_F(MetadataIndicationTest, PlayListClient_WaitsOnlyForSongChangesThatReachItsSearches)
+// A client that reads only a play list waits for a song change that alters
+// what its searches return, even when no group change is logged with it.
+// (That the changes which leave them as they were do not hold the
+// write-ahead log is the log's test of a play list under a scanner.)
+TEST_F(MetadataIndicationTest, PlayListClient_WaitsForSongChangesThatReachItsSearches)
 {
     const quint32 second = add("/m/second.mp3", "Second");
     const quint32 third = add("/m/third.mp3", "Third");
@@ -163,20 +144,7 @@ TEST_F(MetadataIndicationTest, PlayListClient_WaitsOnlyForSongChangesThatReachIt
     const auto entries = [&] { return search(playList).ids; };
     ASSERT_EQ(entries(), (QList<quint32>{m_song, second, third}));
 
-    // A song added beside the list and a new title for one of its songs: the
-    // list's searches read neither, and the snapshot moves when they arrive.
     m_recorder.heard.clear();
-    {
-        const std::unique_ptr<SqliteTransaction> transaction = m_database->beginTransaction();
-        add("/m/beside.mp3", "Beside");
-        MediaRecord retitled = *m_database->mediaById(second);
-        retitled.title = QStringLiteral("Second, live");
-        ASSERT_TRUE(m_database->updateMedia(retitled) && transaction->commit());
-    }
-    ASSERT_TRUE(hears({IndicationRecorder::content()}));
-    // A look-up by path, as the history's writes make: the snapshot has moved.
-    EXPECT_EQ(searchFile("/m/beside.mp3").entries.size(), 1u);
-    EXPECT_EQ(entries(), (QList<quint32>{m_song, second, third}));
 
     // A song of the list moved to the memory card leaves its search; that
     // waits, and the list hears of it as a change of its own group.
