@@ -65,17 +65,7 @@ Request music()
 
 } // namespace
 
-// That groups 2 and 3 are the histories: EachListType.
-TEST_F(MediaDatabaseTest, NewDatabaseHasTheHistoryGroupsAndGivesUserGroupsOtherIds)
-{
-    EXPECT_EQ(m_playList, 4u);
-    EXPECT_FALSE(m_database->removeGroup(2));
-    EXPECT_FALSE(m_database->removeGroup(3));
-    EXPECT_TRUE(m_database->removeGroup(m_playList));
-    EXPECT_EQ(m_database->addGroup(METADATA_GROUP_USER, "Again"), 5u);
-}
-
-TEST_F(MediaDatabaseTest, EachListType)
+TEST_F(MediaDatabaseTest, EachListType_TheHistoriesAreGroups2And3AndCannotBeRemoved)
 {
     Request video(METADATA_LIST_VIDEO);
     video.sort = {{METADATA_SORT_DATE, METADATA_SORT_DESCENDING}};
@@ -87,6 +77,12 @@ TEST_F(MediaDatabaseTest, EachListType)
     // A group list answers only groups of its own kind.
     EXPECT_EQ(ids(groupList(METADATA_LIST_HISTORY_GROUP, m_playList)), Ids{});
     EXPECT_EQ(ids(groupList(METADATA_LIST_USER_GROUP, 2)), Ids{});
+
+    EXPECT_EQ(m_playList, 4u);
+    EXPECT_FALSE(m_database->removeGroup(2));
+    EXPECT_FALSE(m_database->removeGroup(3));
+    EXPECT_TRUE(m_database->removeGroup(m_playList));
+    EXPECT_EQ(m_database->addGroup(METADATA_GROUP_USER, "Again"), 5u);
 }
 
 TEST_F(MediaDatabaseTest, EachFilterType)
@@ -177,8 +173,7 @@ TEST_F(MediaDatabaseTest, AlbumNames)
     EXPECT_EQ(albums(music().text(METADATA_FILTER_ARTIST, "Aurora Lane")).texts,
               QStringList({"Northern Lights", "Paper Boats"}));
     const Answer restricted = albums(music().text(METADATA_FILTER_ALBUM, "Paper Boats"));
-    EXPECT_EQ(restricted.count, 1u);
-    EXPECT_EQ(restricted.texts, QStringList({"Paper Boats"}));
+    EXPECT_EQ(std::tuple(restricted.count, restricted.texts), std::tuple(1u, QStringList({"Paper Boats"})));
     Request second = music();
     second.start = 1;
     second.count = 1;
@@ -248,10 +243,10 @@ TEST_F(MediaDatabaseTest, TransactionsRollBackUnlessCommitted)
         const std::unique_ptr<SqliteTransaction> inner = m_database->beginTransaction();
         EXPECT_TRUE(m_database->removeMedia(1));
     }
-    EXPECT_TRUE(m_database->mediaByPath("/m/kept.mp3"));
-    EXPECT_FALSE(m_database->mediaByPath("/m/dropped.mp3"));
-    EXPECT_TRUE(m_database->mediaById(1));
-    EXPECT_EQ(m_database->mediaCount(), 9);
+    // Kept, dropped, the removed object of the rolled-back batch, and the count.
+    EXPECT_EQ(std::tuple(bool(m_database->mediaByPath("/m/kept.mp3")), bool(m_database->mediaByPath("/m/dropped.mp3")),
+                         bool(m_database->mediaById(1)), m_database->mediaCount()),
+              std::tuple(true, false, true, 9));
 
     // One that does not wait is refused while another connection writes.
     const std::unique_ptr<MediaDatabase> other = MediaDatabase::open(m_database->fileName());

@@ -67,10 +67,8 @@ TEST(MediaSearchPlanCacheTest, EveryRequestGetsThePlanOfItsOwnWordsWhateverWasRe
         {"another created-by", [](Words& w) { w.request.filterCount = 2, w.createdBy = 1; }},
         {"video", [](Words& w) { w.listType = METADATA_LIST_VIDEO; }},
         {"a play list", [](Words& w) { w.playList(7); }},
-        {"another play list", [](Words& w) { w.playList(8); }},
         {"the memory card", [](Words& w) { w.request.storageLocation = 1; }},
         {"descending", [](Words& w) { w.sort[0].direction = METADATA_SORT_DESCENDING; }},
-        {"by album", [](Words& w) { w.sort[0].key = METADATA_SORT_ALBUM; }},
         {"ids only", [](Words& w) { w.request.candidateCount = 1; }},
         {"album names", [](Words& w) { w.albumNames(); }},
         {"more sort entries than are kept", [](Words& w) {
