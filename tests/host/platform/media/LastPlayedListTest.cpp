@@ -4,41 +4,25 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
-#include <cstring>
 #include <tuple>
 
 #include "host/platform/media/database/MediaDatabase.h"
 #include "host/platform/media/database/SqliteTransaction.h"
 #include "platform/Metadata.h"
+#include "tests/host/platform/media/MetadataTestLibrary.h"
 #include "tests/support/TestEnvironment.h"
 
-namespace {
-
-class LastPlayedListTest : public TestEnvironment {};
-
-LastPlayedListRecord cleared()
-{
-    LastPlayedListRecord record;
-    std::memset(&record, 0, sizeof record);
-    record.listType = -1;
-    record.groupObjectId = uint32_t(-1);
-    record.storageLocation = -1;
-    record.firstIndex = -1;
-    return record;
-}
-
-} // namespace
+using LastPlayedListTest = TestEnvironment;
 
 TEST_F(LastPlayedListTest, SaveGetFree_RoundTripsNullAndUtf8Strings_ANewSaveReplacesTheOld)
 {
-    LastPlayedListRecord read = cleared();
-    read.firstIndex = 7;
+    LastPlayedListRecord read = lastPlayedRecord(7);
     EXPECT_EQ(getLastPlayedList(&read), 0);       // nothing stored: the record stays as it was
     EXPECT_EQ(read.firstIndex, 7);
 
     char artist[] = "Bj\xc3\xb6rk";        // UTF-8
     char genre[] = "Folk and more";
-    LastPlayedListRecord saved = cleared();
+    LastPlayedListRecord saved = lastPlayedRecord();
     saved.listType = 6;
     saved.artist = artist;
     saved.artistLength = 6;
@@ -65,7 +49,7 @@ TEST_F(LastPlayedListTest, SaveGetFree_RoundTripsNullAndUtf8Strings_ANewSaveRepl
     freeLastPlayedList(&read);             // twice is harmless
 
     // A new save replaces the old one whole.
-    LastPlayedListRecord user = cleared();
+    LastPlayedListRecord user = lastPlayedRecord();
     user.listType = 0;
     user.groupObjectId = 12;
     user.firstIndex = 4;
@@ -82,7 +66,7 @@ TEST_F(LastPlayedListTest, SaveGetFree_RoundTripsNullAndUtf8Strings_ANewSaveRepl
 
 TEST_F(LastPlayedListTest, DatabaseLockedByAnotherProgram_SaveFailsAndTheJournalSaysSo)
 {
-    LastPlayedListRecord record = cleared();
+    LastPlayedListRecord record = lastPlayedRecord();
     record.listType = 0;
     ASSERT_EQ(saveLastPlayedList(&record), 1);
 
@@ -98,7 +82,7 @@ TEST_F(LastPlayedListTest, DatabaseLockedByAnotherProgram_SaveFailsAndTheJournal
     const QJsonObject line = journalLines("metadata", "saveLastPlayedList").last();
     EXPECT_EQ(line.value("written"), false) << "journaled as refused, not as saved";
     EXPECT_EQ(line.value("args").toArray().at(0).toObject().value("firstIndex"), 9);
-    LastPlayedListRecord read = cleared();
+    LastPlayedListRecord read = lastPlayedRecord();
     ASSERT_EQ(getLastPlayedList(&read), 1);
     EXPECT_EQ(read.firstIndex, -1) << "the earlier list is still the stored one";
     freeLastPlayedList(&read);

@@ -8,6 +8,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <cstring>
 #include <memory>
 #include <tuple>
 #include <vector>
@@ -57,6 +58,18 @@ struct SearchRequest {
                 candidates.data(), count, start, 1};
     }
 };
+
+/** A last-played list record that names no list: its numbers -1 (but @p firstIndex), its texts null. */
+inline LastPlayedListRecord lastPlayedRecord(int firstIndex = -1)
+{
+    LastPlayedListRecord record;
+    std::memset(&record, 0, sizeof record);
+    record.listType = -1;
+    record.groupObjectId = uint32_t(-1);
+    record.storageLocation = -1;
+    record.firstIndex = firstIndex;
+    return record;
+}
 
 /** What a search answered: the callback's calls, the count, and the fields of its entries. */
 struct SearchAnswer {

@@ -3,8 +3,6 @@
 #include <QDir>
 #include <QFile>
 
-#include <cstring>
-
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -13,6 +11,7 @@
 #include "platform/Metadata.h"
 #include "platform/SETUP_SET_Manager.h"
 #include "tests/lists/TraceCapture.h"
+#include "tests/host/platform/media/MetadataTestLibrary.h"
 #include "tests/support/SongBuilder.h"
 #include "tests/support/TestEnvironment.h"
 
@@ -44,15 +43,6 @@ protected:
         TestEnvironment::TearDown();
     }
 
-    static LastPlayedListRecord record(int firstIndex)
-    {
-        LastPlayedListRecord record;
-        std::memset(&record, 0, sizeof record);
-        record.groupObjectId = uint32_t(-1);
-        record.firstIndex = firstIndex;
-        return record;
-    }
-
     // What the player does on a read-only folder: it opens and reads, its
     // writes are refused and journaled as such, the folder stays untouched,
     // and it says so once.
@@ -70,11 +60,11 @@ protected:
         EXPECT_EQ(database->mediaCount(), 1);
         EXPECT_EQ(database->addMedia(song("/m/b.mp3")), 0u);
 
-        LastPlayedListRecord changed = record(7);
+        LastPlayedListRecord changed = lastPlayedRecord(7);
         EXPECT_EQ(saveLastPlayedList(&changed), 0);
         ASSERT_EQ(journalLines("metadata", "saveLastPlayedList").size(), 1);
         EXPECT_EQ(journalLines("metadata", "saveLastPlayedList").first().value("written"), false);
-        LastPlayedListRecord read = record(-1);
+        LastPlayedListRecord read = lastPlayedRecord();
         ASSERT_EQ(getLastPlayedList(&read), 1);
         EXPECT_EQ(read.firstIndex, 3);
         freeLastPlayedList(&read);
