@@ -7,7 +7,6 @@
 #include <functional>
 #include <memory>
 #include <tuple>
-#include <vector>
 
 #include "host/platform/phone/HostPhone.h"
 #include "host/platform/media/database/SqliteTransaction.h"

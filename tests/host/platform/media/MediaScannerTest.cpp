@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QDateTime>
 #include <QtEndian>
 #include <QDir>
 #include <QFile>

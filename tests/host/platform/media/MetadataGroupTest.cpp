@@ -1,12 +1,10 @@
 #include <gtest/gtest.h>
 
-#include <QJsonArray>
 #include <QJsonDocument>
 
 #include <cstring>
 #include <tuple>
 
-#include "host/platform/phone/HostPhone.h"
 #include "tests/host/platform/media/MetadataTestLibrary.h"
 
 namespace {
