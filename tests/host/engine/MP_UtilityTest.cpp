@@ -17,17 +17,13 @@ TEST(MP_UtilityTest, ConvertTime_MinutesBelowAnHourAndHoursFromOneHour)
     EXPECT_EQ(MP_Utility::convertTime(-5000), "0:00");
 }
 
-TEST(MP_UtilityTest, MediumType_StreamsByScheme_DownloadsBySuffix)
+TEST(MP_UtilityTest, MediumType_StreamsByScheme_DownloadsBySuffix_CleanNamesWithoutEither)
 {
     EXPECT_EQ(MP_Utility::getMediumType("http://radio.test/live.mp3"), MP_MEDIUM_STREAM);
     EXPECT_EQ(MP_Utility::getMediumType("RTSP://radio.test/clip.3gp"), MP_MEDIUM_STREAM);
     EXPECT_EQ(MP_Utility::getMediumType("/mmc/mmca1/song.mp3.pd"), MP_MEDIUM_PROGRESSIVE_DOWNLOAD);
     EXPECT_EQ(MP_Utility::getMediumType("/home/music/song.mp3"), MP_MEDIUM_LOCAL);
     EXPECT_EQ(MP_Utility::getMediumType("/home/music/http://x.mp3"), MP_MEDIUM_LOCAL);
-}
-
-TEST(MP_UtilityTest, SuffixAndSchemeRemoval)
-{
     EXPECT_EQ(MP_Utility::removePDSuffix("/a/song.mp3.pd"), "/a/song.mp3");
     EXPECT_EQ(MP_Utility::removePDSuffix("/a/song.mp3"), "/a/song.mp3");
     EXPECT_EQ(MP_Utility::removePDSuffix("/a/song.PD"), "/a/song.PD");
