@@ -40,11 +40,6 @@ protected:
         return result;
     }
 
-    QString lastJournalLine() const
-    {
-        return QString::fromUtf8(QJsonDocument(journal().constLast()).toJson(QJsonDocument::Compact));
-    }
-
     QList<quint32> m_songs;   // storage 0, 1, 0, 1, 0, 1
 };
 
@@ -57,7 +52,7 @@ TEST_F(MetadataGroupTest, AddingInsertsAtItsPlaceAndMovesAnObjectAlreadyThere)
     EXPECT_EQ(m_database->groupMembers(list), (QList<quint32>{m_songs[1], m_songs[0], m_songs[2]}));
     ASSERT_EQ(addAt(list, {{m_songs[2], 1}}), 0);
     EXPECT_EQ(m_database->groupMembers(list), (QList<quint32>{m_songs[1], m_songs[2], m_songs[0]}));
-    EXPECT_EQ(lastJournalLine(),
+    EXPECT_EQ(QString::fromUtf8(QJsonDocument(journal().constLast()).toJson(QJsonDocument::Compact)),
               QStringLiteral("{\"args\":[{\"count\":1,\"groupId\":%1,\"items\":[{\"buyFlag\":0,\"createFlag\":-1,"
                              "\"mediaKind\":1,\"objectId\":%2,\"position\":1,\"storageLocation\":0,"
                              "\"trackNumber\":0}]}],\"call\":\"metadataAddItemsIntoGroup\",\"kind\":\"metadata\",\"written\":true}")
