@@ -37,8 +37,9 @@ TEST(QCopBacklogTest, RepeatedShowAndTellRequestsFold_CountedOnesNever)
     EXPECT_TRUE(backlog.add({"OTHER", "/MP/Idle/Req/Seek/END", {}}));
     EXPECT_EQ(backlog.dropped(), 0);
     EXPECT_EQ(drain(backlog), (QStringList{"/MP/Idle/Req/Update ", "/MP/Idle/Req/Next ", "/MP/Idle/Req/Next ",
-                                           "/MP/Idle/Req/Update ", "/MP/Idle/Req/Seek/END ", "/MP/Idle/Req/Seek/END 31",
-                                           "/MP/Idle/Req/Seek/END ", "/MP/Idle/Req/Seek/END "}));
+                                           "/MP/Idle/Req/Update ", "/MP/Idle/Req/Seek/END ",
+                                           "/MP/Idle/Req/Seek/END 31", "/MP/Idle/Req/Seek/END ",
+                                           "/MP/Idle/Req/Seek/END "}));
 }
 
 TEST(QCopBacklogTest, AFullBacklogDropsWhatComesUntilRoomIsMade)

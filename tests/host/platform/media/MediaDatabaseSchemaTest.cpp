@@ -93,10 +93,10 @@ TEST_F(MediaDatabaseSchemaTest, AFirstVersionDatabaseIsUpgradedWithItsRows)
     EXPECT_EQ(userVersion(), MediaDatabaseSchema::currentVersion());
     EXPECT_EQ(database->mediaCount(), 2);
     const MediaRecord rain = database->mediaById(1).value_or(MediaRecord());
-    EXPECT_EQ(QStringList({rain.path, rain.title, rain.artist, rain.album, rain.date, QString::number(rain.track),
-                           QString::number(rain.fileModified)}),
-              QStringList({"/m/rain.mp3", "Rain", "Aurora Lane", QString::fromUtf8("Kvöldljóð"), "2003-03-14", "2",
-                           "1600000000000"}));
+    EXPECT_EQ(QStringList({rain.path, rain.title, rain.artist, rain.album, rain.date,
+                           QString::number(rain.track), QString::number(rain.fileModified)}),
+              QStringList({"/m/rain.mp3", "Rain", "Aurora Lane", QString::fromUtf8("Kvöldljóð"), "2003-03-14",
+                           "2", "1600000000000"}));
     EXPECT_EQ(database->mediaById(2)->kind, MediaKind::Video);
     EXPECT_EQ(database->groupBySource("/m/Evening.m3u")->id, 4u);
     EXPECT_EQ(database->groupMembers(4), QList<quint32>{1});

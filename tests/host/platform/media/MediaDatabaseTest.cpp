@@ -168,7 +168,8 @@ TEST_F(MediaDatabaseTest, AlbumNames)
         EXPECT_EQ(answer.result, 0);
         return answer;
     };
-    EXPECT_EQ(albums(music()).texts, QStringList({QString::fromUtf8("Kvöldljóð"), "Northern Lights", "Paper Boats"}));
+    EXPECT_EQ(albums(music()).texts,
+              QStringList({QString::fromUtf8("Kvöldljóð"), "Northern Lights", "Paper Boats"}));
     EXPECT_EQ(albums(music().text(METADATA_FILTER_ARTIST, "Aurora Lane")).texts,
               QStringList({"Northern Lights", "Paper Boats"}));
     const Answer restricted = albums(music().text(METADATA_FILTER_ALBUM, "Paper Boats"));
@@ -243,8 +244,9 @@ TEST_F(MediaDatabaseTest, TransactionsRollBackUnlessCommitted)
         EXPECT_TRUE(m_database->removeMedia(1));
     }
     // Kept, dropped, the removed object of the rolled-back batch, and the count.
-    EXPECT_EQ(std::tuple(bool(m_database->mediaByPath("/m/kept.mp3")), bool(m_database->mediaByPath("/m/dropped.mp3")),
-                         bool(m_database->mediaById(1)), m_database->mediaCount()),
+    EXPECT_EQ(std::tuple(bool(m_database->mediaByPath("/m/kept.mp3")),
+                         bool(m_database->mediaByPath("/m/dropped.mp3")), bool(m_database->mediaById(1)),
+                         m_database->mediaCount()),
               std::tuple(true, false, true, 9));
 
     // One that does not wait is refused while another connection writes.

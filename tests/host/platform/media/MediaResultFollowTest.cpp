@@ -61,17 +61,21 @@ std::vector<std::vector<SearchRequest>> shapeGroups()
     const MetadataSortEntry position{METADATA_SORT_GROUP_POSITION, METADATA_SORT_ASCENDING};
     const MetadataListType music = METADATA_LIST_MUSIC;
     return {
-        {shape(music, {title}), shape(music, {titleDown}), shape(music, {album, track}), shape(music, {album}, true)},
+        {shape(music, {title}), shape(music, {titleDown}), shape(music, {album, track}),
+         shape(music, {album}, true)},
         {shape(music, {album, track}).text(METADATA_FILTER_ARTIST, "Ann"),
          shape(music, {title}, false, 0).text(METADATA_FILTER_GENRE, "Pop"),
          shape(music, {track}).text(METADATA_FILTER_ALBUM, "Aurora"),
          shape(music, {albumDown}, true).text(METADATA_FILTER_ARTIST, "ann")},
-        {shape(music, {title}).text(METADATA_FILTER_COMPOSER, ""), shape(music, {date}).text(METADATA_FILTER_DATE, "2001"),
+        {shape(music, {title}).text(METADATA_FILTER_COMPOSER, ""),
+         shape(music, {date}).text(METADATA_FILTER_DATE, "2001"),
          shape(music, {}).number(METADATA_FILTER_CREATE_FLAG, METADATA_CREATED_DOWNLOADED),
          shape(METADATA_LIST_VIDEO, {date})},
         {shape(METADATA_LIST_USER_GROUP, {position}).number(METADATA_FILTER_GROUP_ID, kUserGroup),
-         shape(METADATA_LIST_HISTORY_GROUP, {position}).number(METADATA_FILTER_GROUP_ID, METADATA_AUDIO_HISTORY_GROUP_ID),
-         shape(music, {title}).number(METADATA_FILTER_GROUP_ID, kUserGroup), shape(music, {titleDown}, true, 1)},
+         shape(METADATA_LIST_HISTORY_GROUP, {position})
+             .number(METADATA_FILTER_GROUP_ID, METADATA_AUDIO_HISTORY_GROUP_ID),
+         shape(music, {title}).number(METADATA_FILTER_GROUP_ID, kUserGroup),
+         shape(music, {titleDown}, true, 1)},
     };
 }
 
@@ -126,7 +130,8 @@ protected:
         case 3: record->album = pick(m_random, kAlbums); break;
         case 4: {
             MediaRecord other = randomSong();   // moves in every order and filter
-            other.id = record->id, other.path = record->path, other.title = record->title, other.album = record->album;
+            other.id = record->id, other.path = record->path;
+            other.title = record->title, other.album = record->album;
             *record = other;
             break;
         }

@@ -60,8 +60,9 @@ protected:
         m_scanner = std::make_unique<MediaScanner>(*m_database);
         m_scanner->setMessageHandler([this](const QString& message) { m_messages.append(message); });
 
-        write("Music/rain.wav", SampleTagger::tagged(tinyWav(), {QString::fromUtf8("Ансамбль"), QString::fromUtf8("Kvöldljóð"),
-                                                                 "Rain", "Folk", QString::fromUtf8("Sigrún"), 2, "2003-03-14"}));
+        const SampleSong rain{QString::fromUtf8("Ансамбль"), QString::fromUtf8("Kvöldljóð"), "Rain", "Folk",
+                              QString::fromUtf8("Sigrún"), 2, "2003-03-14"};
+        write("Music/rain.wav", SampleTagger::tagged(tinyWav(), rain));
         write("Music/voice memo.wav", tinyWav());
         // The start of a 3GP movie: TagLib has no reader for 3GP, so it is taken by its name.
         write("Camera/Captured/clip.3gp", QByteArray::fromHex("0000001866747970336770340000000069736f6d33677034"));

@@ -111,7 +111,8 @@ TEST_F(MetadataGroupTest, SingleFileSearchAnswersTheSummaryOfThePath)
 
     const QByteArray path = video.path.toUtf8();
     FileSearchAnswer found = searchFile(path);
-    ASSERT_EQ(std::tuple(found.result, found.calls, found.count, found.entries.size()), std::tuple(0, 1, 1u, size_t(1)));
+    ASSERT_EQ(std::tuple(found.result, found.calls, found.count, found.entries.size()),
+              std::tuple(0, 1, 1u, size_t(1)));
     // Every word: id, kind 2 (video), 8 words, memory card, captured, bought, track 4, reserved.
     uint32_t words[8];
     std::memcpy(words, &found.entries[0], sizeof words);

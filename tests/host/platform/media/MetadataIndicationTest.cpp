@@ -63,7 +63,8 @@ TEST_F(MetadataIndicationTest, GroupChangesNameTheGroupAndTellDeletionFromMember
     ASSERT_TRUE(m_database->setGroupMembers(METADATA_AUDIO_HISTORY_GROUP_ID, {m_song}));
     ASSERT_TRUE(hears({IndicationRecorder::group(2, METADATA_GROUP_MEMBERS_CHANGED)}));
     ASSERT_TRUE(m_database->removeMedia(m_song));
-    EXPECT_TRUE(hears({IndicationRecorder::content(), IndicationRecorder::group(2, METADATA_GROUP_MEMBERS_CHANGED)}));
+    EXPECT_TRUE(
+        hears({IndicationRecorder::content(), IndicationRecorder::group(2, METADATA_GROUP_MEMBERS_CHANGED)}));
 }
 
 // A handler that closes its own connection hears no more of the batch.
@@ -78,7 +79,7 @@ struct Closer {
     }
 };
 
-TEST_F(MetadataIndicationTest, OnlySubscribedConnectionsHearAndOnlyWhatTheySubscribedTo_AHandlerMayCloseItsOwn)
+TEST_F(MetadataIndicationTest, SubscribersHearWhatTheyChose_AHandlerMayCloseItsOwnConnection)
 {
     IndicationRecorder replaced, latest, groupsOnly, deregistered;
     int status = -1;

@@ -78,7 +78,8 @@ protected:
         const QByteArray errors = QByteArray::fromStdString(testing::internal::GetCapturedStderr());
         EXPECT_EQ(errors.toStdString(), ("warning: " + expected).toStdString());
         EXPECT_EQ(trace.text().toStdString(), ("[HostDataDir] " + expected).toStdString());
-        EXPECT_EQ(QDir(HostDataDir::path()).entryList(QDir::Files), filesBefore) << "no journal or index files made";
+        EXPECT_EQ(QDir(HostDataDir::path()).entryList(QDir::Files), filesBefore)
+            << "no journal or index files made";
     }
 };
 

@@ -42,7 +42,8 @@ TEST_F(HostProfileTest, Parse_TakesBitsAndItems_SkipsWhatDoesNotHold)
     EXPECT_EQ(content.items, (QHash<QString, QString>{{"MF_FlexNumber/StorageNumber", "1"}, {"MF_FlexNumber/Name", "a#b"}}));
     EXPECT_EQ(content.warnings, (QStringList{"line 2: a value before any section", "line 6: not a feature bit number",
                                              "line 7: not on or off", "line 8: not a section name",
-                                             "line 12: not key = value", "line 13: longer than 1024 characters"}));
+                                             "line 12: not key = value",
+                                             "line 13: longer than 1024 characters"}));
     // Bytes that are no text at all give nothing, and no crash.
     EXPECT_TRUE(HostProfileFile::parse(QByteArray("\xff\xfe[\0=", 5)).flexBits.isEmpty());
 }

@@ -92,8 +92,9 @@ TEST_F(VmOptionsMenuTest, SoftKey_PopsTheAttachedMenuUpOrReportsTheClick_KeepsTh
     EXPECT_FALSE(menu->qmenu()->isVisible());
 
     keys->click(1);
-    EXPECT_EQ(QList<int>({int(clicked.count()), clicked.at(0).at(0).toInt(), int(right.count()), int(shown.count())}),
-              QList<int>({1, 1, 1, 1}));
+    // Clicks, the key clicked, right-key clicks, menus shown.
+    EXPECT_EQ(QList<qsizetype>({clicked.count(), clicked.at(0).at(0).toInt(), right.count(), shown.count()}),
+              QList<qsizetype>({1, 1, 1, 1}));
 
     // A higher priority text stays until it is cleared.
     keys->setText(1, "Cancel", 2);
