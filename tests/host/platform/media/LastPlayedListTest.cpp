@@ -98,6 +98,7 @@ TEST_F(LastPlayedListTest, LastPlayedSong_ANewSaveReplacesTheEarlierAndIsJournal
     const MediaLastPlayedSong song = stored().value_or(MediaLastPlayedSong());
     EXPECT_EQ(std::tuple(song.path.toStdString(), song.position), std::tuple("/m/02 \u03a9 caf\u00e9.wav", 0));
     EXPECT_EQ(journalArgs("metadata", "saveLastPlayedSong"),
-              (QList<QJsonArray>{{"/m/first.mp3", 4}, {QString::fromUtf8("/m/02 \xce\xa9 caf\xc3\xa9.wav"), 0}}))
+              (QList<QJsonArray>{{"/m/first.mp3", 4},
+                                 {QString::fromUtf8("/m/02 \xce\xa9 caf\xc3\xa9.wav"), 0}}))
         << "a call without a path writes nothing";
 }

@@ -129,9 +129,9 @@ struct IndicationRecorder {
     static void handle(void* userData, unsigned short indication, void* data)
     {
         const auto* changed = static_cast<const MetadataGroupUpdatedIndication*>(data);
-        QStringList& into = static_cast<IndicationRecorder*>(userData)->heard;
-        into.append(indication == METADATA_INDICATION_GROUP_CHANGED ? group(changed->groupId, changed->updateType)
-                                                                    : QString::number(indication));
+        static_cast<IndicationRecorder*>(userData)->heard.append(
+            indication == METADATA_INDICATION_GROUP_CHANGED ? group(changed->groupId, changed->updateType)
+                                                            : QString::number(indication));
     }
     static QString content() { return QString::number(METADATA_INDICATION_CONTENT_CHANGED); }
     static QString group(uint32_t id, int32_t type)
