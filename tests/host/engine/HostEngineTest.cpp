@@ -1,7 +1,4 @@
 #include <QCoreApplication>
-#include <QFile>
-#include <QJsonArray>
-#include <QJsonDocument>
 #include <QLabel>
 #include <QTcpServer>
 #include <QTcpSocket>
@@ -9,12 +6,8 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <memory>
 #include <string>
 #include <vector>
-
-#include <taglib/id3v2tag.h>
-#include <taglib/wavfile.h>
 
 #include "clients/MP_ListListener.h"
 #include "clients/MP_PlayerListener.h"
@@ -22,13 +15,13 @@
 #include "host/engine/HostEngineClock.h"
 #include "host/engine/HostEngineOutputListener.h"
 #include "host/engine/HostMediaOutput.h"
-#include "host/platform/HostJournal.h"
+#include "host/tools/samplegen/SampleCatalogue.h"
+#include "host/tools/samplegen/SampleTagger.h"
 #include "host/tools/samplegen/WavSynth.h"
 #include "platform/SETUP_SET_Manager.h"
 #include "platform/VmKbMainWidget.h"
 #include "tests/lists/TraceCapture.h"
 #include "tests/support/EngineRelease.h"
-#include "tests/support/Journal.h"
 #include "tests/support/PathList.h"
 #include "tests/support/TestEnvironment.h"
 
@@ -100,20 +93,11 @@ protected:
         TestEnvironment::TearDown();
     }
 
-    // A silent PCM WAV (8 kHz, 16-bit mono) lasting @p milliseconds, tagged
-    // with TagLib when a title is given.
-    QString writeWav(const QString& name, int milliseconds, const QString& title = QString(),
-                     const QString& artist = QString(), const QString& album = QString())
+    // A silent PCM WAV (8 kHz, 16-bit mono) lasting @p milliseconds, tagged when a title is given.
+    QString writeWav(const QString& name, int milliseconds, const SampleSong& tags = {})
     {
-        const QString path = writeDataFile(name, WavSynth(8000).wavFile(QByteArray(milliseconds * 16, '\0')));
-        if (!title.isEmpty()) {
-            TagLib::RIFF::WAV::File file(QFile::encodeName(path).constData());
-            file.ID3v2Tag()->setTitle(TagLib::String(title.toStdString(), TagLib::String::UTF8));
-            file.ID3v2Tag()->setArtist(TagLib::String(artist.toStdString(), TagLib::String::UTF8));
-            file.ID3v2Tag()->setAlbum(TagLib::String(album.toStdString(), TagLib::String::UTF8));
-            EXPECT_TRUE(file.save());
-        }
-        return path;
+        const QByteArray wav = WavSynth(8000).wavFile(QByteArray(milliseconds * 16, '\0'));
+        return writeDataFile(name, tags.title.isEmpty() ? wav : SampleTagger::tagged(wav, tags));
     }
 
     // Not media at all: TagLib cannot read it, so it plays for the default time.
@@ -132,15 +116,11 @@ TEST_F(HostEngineTest, SetFile_TaggedWav_ReportsTagsAndDuration_ShowsOnTheMainWi
     QList<MP_CONTENT_TYPE> contentTypes;
     QObject::connect(engine.get(), &MP_CommonPlayer::signalContentTypeChanged,
                      [&](MP_CONTENT_TYPE type) { contentTypes << type; });
-    const QString path = writeWav("night.wav", 2500, "Night Drive", "Aurora Lane", "Coastlines");
-
-    engine->setFile(path);
+    engine->setFile(writeWav("night.wav", 2500, {"Aurora Lane", "Coastlines", "Night Drive", {}, {}, 0, {}}));
 
     EXPECT_EQ(takeLog(), Events({"updateMetaInfo(Night Drive,Aurora Lane,Coastlines,0,1)",
                                  "updateTime(0,2500)", "updateState(5)"}));
     EXPECT_EQ(contentTypes, QList<MP_CONTENT_TYPE>({MP_CONTENT_SOUND}));
-    EXPECT_EQ(engine->getCurrentPath(), path);
-    EXPECT_EQ(engine->getMediumType(), MP_MEDIUM_LOCAL);
     EXPECT_EQ(engine->getPlayerControl()->getContentName(), "Night Drive");
 
     // What plays is reported again to the asking listener only.
@@ -157,12 +137,10 @@ TEST_F(HostEngineTest, SetFile_TaggedWav_ReportsTagsAndDuration_ShowsOnTheMainWi
 
     VmKbMainWidget* screen = engine->getMainWidget();
     ASSERT_NE(screen, nullptr);
-    const auto text = [screen](const char* name) { return screen->findChild<QLabel*>(name)->text(); };
-    EXPECT_EQ(text("title"), "Night Drive");
-    EXPECT_EQ(text("artist"), "Aurora Lane");
-    EXPECT_EQ(text("album"), "Coastlines");
-    EXPECT_EQ(text("time"), "0:01 / 0:02");
-    EXPECT_EQ(text("state"), "playing");
+    QStringList labels;
+    for (const char* name : {"title", "artist", "album", "time", "state"})
+        labels << screen->findChild<QLabel*>(name)->text();
+    EXPECT_EQ(labels.join('|'), "Night Drive|Aurora Lane|Coastlines|0:01 / 0:02|playing");
 
     // Given something to play, the screen came up by itself.
     EXPECT_TRUE(engine->isPlayerShown());
@@ -170,7 +148,6 @@ TEST_F(HostEngineTest, SetFile_TaggedWav_ReportsTagsAndDuration_ShowsOnTheMainWi
     EXPECT_FALSE(engine->isPlayerShown());
     engine->showPlayer();
     EXPECT_TRUE(engine->isPlayerShown());
-    EXPECT_EQ(engine->flipClosed(), 0);
 
     // A single file ends in state 8.
     HostEngineClock::advance(5000);
@@ -190,8 +167,7 @@ TEST_F(HostEngineTest, FilesWithoutTags_PlayUnderTheirNames_UnreadableOnesForTen
     EXPECT_EQ(takeLog(), Events({"updateState(7)"}));
     QString detail, message;
     engine->getPlayerControl()->getErrorInfo(detail, message);
-    EXPECT_EQ(detail, "file not found");
-    EXPECT_EQ(message, "gone cannot be played.");
+    EXPECT_EQ(detail + '|' + message, "file not found|gone cannot be played.");
 }
 
 TEST_F(HostEngineTest, Reports_ReachListenersInRegistrationOrder_SkippingThoseRemovedMeanwhile)
@@ -231,7 +207,6 @@ TEST_F(HostEngineTest, ManualClock_StepsTheListAtItemEnds_CarryingTimeOver_AndFi
     HostEngineClock::advance(2300);
     EXPECT_EQ(takeLog(), Events({"updateTime(2000,2500)", "updateListInfo(1)", "updateMetaInfo(two,,,0,1)",
                                  "updateTime(0,2000)", "updateTime(1000,2000)"}));
-    EXPECT_EQ(engine->position(), 1000);
 
     HostEngineClock::advance(60000);
     EXPECT_EQ(takeLog(), Events({"updateTime(2000,2000)", "updateState(8)"}));
@@ -260,7 +235,6 @@ TEST_F(HostEngineTest, LongRunOfMissingFiles_SteppedPastAGoAtATime_AStopEndsIt)
     engine->setPlayList(&list);
     engine->autoPlay(false);
     EXPECT_EQ(list.current, 64) << "the first go";
-    EXPECT_EQ(engine->control().getState(), MP_STATE_ERROR);
     QCoreApplication::processEvents();
     EXPECT_EQ(list.current, 128) << "the next turn of the event loop";
     engine->control().stop();
@@ -283,8 +257,6 @@ TEST_F(HostEngineTest, Control_NextPreviousSeekStopAndPause_ThenTheListMovesByIt
     engine->setPlayList(&list);
     control->play();
     control->next();
-    EXPECT_EQ(list.current, 1);
-    EXPECT_EQ(control->getState(), MP_STATE_PLAYING);
     takeLog();
 
     HostEngineClock::advance(3000);
@@ -295,7 +267,6 @@ TEST_F(HostEngineTest, Control_NextPreviousSeekStopAndPause_ThenTheListMovesByIt
     EXPECT_EQ(takeLog(), Events({"updateTime(1000,10000)", "updateTime(2000,10000)", "updateTime(3000,10000)",
                                  "updateTime(0,10000)", "updateTime(10000,10000)", "updateTime(2000,10000)",
                                  "updateListInfo(0)", "updateMetaInfo(a,,,0,1)", "updateTime(0,10000)"}));
-    EXPECT_EQ(list.current, 0);
 
     control->playPause();
     control->seek(-1);
@@ -325,7 +296,6 @@ TEST_F(HostEngineTest, EmptyAndClearedLists)
     engine->autoPlay(false);
     takeLog();
     engine->setPlayList(nullptr);
-    EXPECT_EQ(engine->getCurrentList(), nullptr);
     EXPECT_TRUE(engine->getCurrentPath().isNull());
     EXPECT_EQ(takeLog(), Events({"updateListInfo(-1)", "updateState(5)"}));
 }
@@ -341,14 +311,7 @@ TEST_F(HostEngineTest, Streams_PlayWithoutEnd_AndMediumTypesFollowThePathOrTheHo
     EXPECT_EQ(engine->getMediumType(), MP_MEDIUM_STREAM);
     EXPECT_EQ(engine->getContentType(), MP_CONTENT_VIDEO);
 
-    const QString download = writeFakeVideo("film.mp4.pd");
-    engine->setFile(download);
-    EXPECT_EQ(engine->getMediumType(), MP_MEDIUM_PROGRESSIVE_DOWNLOAD);
-    EXPECT_EQ(engine->getContentType(), MP_CONTENT_VIDEO);
-
-    takeLog();
     engine->setMediumType(MP_MEDIUM_TRANSFER_SESSION);
-    EXPECT_EQ(engine->getMediumType(), MP_MEDIUM_TRANSFER_SESSION);
     EXPECT_EQ(takeLog(), Events({"updateListInfo(-1)"})) << "told again, about no list";
     engine->setFile(writeFakeVideo("next.mp4"));
     EXPECT_EQ(engine->getMediumType(), MP_MEDIUM_TRANSFER_SESSION);
@@ -383,33 +346,6 @@ TEST_F(HostEngineTest, ShuffleKeyRelease_StoresTheNextModeBeforeItIsReported)
     EXPECT_EQ(modesWhenReported, (QList<int>{0, 1, 0, 0, 0}));
 }
 
-TEST_F(HostEngineTest, Journal_RecordsCallsAndEachReportOnce)
-{
-    const QString path = writeWav("tide.wav", 1500, "Tide", "Shore", "Sea");
-    HostJournal::startCapture();
-    HostEnginePtr player = makeHostEngine(MP_LAUNCH_FILE);
-    RecordingListener first(log, "A"), second(log, "B");
-    player->addPlayerListener(&first);
-    player->addPlayerListener(&second);
-    player->setFile(path);
-    player->getPlayerControl()->play();
-    player->getPlayerControl()->getState();
-    HostEngineClock::advance(1200);
-    player->getPlayerControl()->seek(-5000);
-    player->removePlayerListener(&first);
-    player.reset();
-
-    const std::string file = QJsonDocument(QJsonArray{path}).toJson(QJsonDocument::Compact).toStdString();
-    EXPECT_EQ(Journal::callsWithArgs(journal(), {}),
-              Events({"engine:MP_CreateCommonPlayer [false,1]", "engine:addPlayerListener [\"listener\"]",
-                      "engine:addPlayerListener [\"listener\"]", "engine:setFile " + file,
-                      "report:signalContentTypeChanged [1]", "report:updateMetaInfo [\"Tide\",\"Shore\",\"Sea\",true]",
-                      "report:updateTime [0,1500]", "report:updateState [5]", "control:play []",
-                      "report:updateState [1]", "report:updateTime [1000,1500]", "control:seek [-5000]",
-                      "report:updateTime [0,1500]", "engine:removePlayerListener [\"listener\"]",
-                      "engine:MP_DestroyCommonPlayer []"}));
-}
-
 // The media output decodes for real, in real time: short files, waits bounded
 // by events. Whatever sound device the machine has (or none), the reports
 // are the clock's.
@@ -428,7 +364,6 @@ TEST_F(HostEngineTest, MediaOutput_ReportsAListExactlyAsTheClockDoes)
     QStringList mediaLog;
     RecordingListener mediaListener{mediaLog};
     const HostEnginePtr media = makeHostEngine();
-    ASSERT_STREQ(media->output().name(), "media");
     media->addListListener(&mediaListener);
     media->addPlayerListener(&mediaListener);
     list.current = 0;
@@ -505,19 +440,14 @@ TEST_F(HostEngineTest, MediaOutput_ItemsAskedForWhileOneOpens_WaitAndOnlyTheNewe
 // test's own, which answers every request with the song.
 TEST_F(HostEngineTest, MediaOutput_AStreamOverHttpPlaysToItsEnd)
 {
-    QFile song(writeWav("tone.wav", 1200));
-    ASSERT_TRUE(song.open(QIODevice::ReadOnly));
-    const QByteArray body = song.readAll();
+    const QByteArray body = WavSynth(8000).wavFile(QByteArray(1200 * 16, '\0'));
     QTcpServer server;
     ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
-    QList<QByteArray> requests;
     QObject::connect(&server, &QTcpServer::newConnection, [&] {
         QTcpSocket* socket = server.nextPendingConnection();
         QObject::connect(socket, &QTcpSocket::readyRead, socket, [&, socket] {
-            const QByteArray request = socket->peek(4096);
-            if (!request.contains("\r\n\r\n"))
+            if (!socket->peek(4096).contains("\r\n\r\n"))
                 return;
-            requests << request.left(request.indexOf("\r\n"));
             socket->readAll();
             socket->write("HTTP/1.0 200 OK\r\nContent-Type: audio/x-wav\r\nContent-Length: "
                           + QByteArray::number(body.size()) + "\r\n\r\n" + body);
@@ -534,8 +464,6 @@ TEST_F(HostEngineTest, MediaOutput_AStreamOverHttpPlaysToItsEnd)
     EXPECT_EQ(reports.failures, QStringList());
     EXPECT_EQ(reports.ends, 1);
     EXPECT_GE(reports.lastPosition, 1000) << "it played the song through";
-    ASSERT_FALSE(requests.isEmpty());
-    EXPECT_EQ(requests.first(), "GET /radio/tone.wav HTTP/1.1");
 }
 
 TEST_F(HostEngineTest, MediaOutput_ARepeatedSingleItemPlaysAgainFromItsBeginning)

@@ -7,12 +7,12 @@
 
 #include <QRandomGenerator>
 
-#include <cstring>
 #include <vector>
 
 #include "host/platform/media/database/MediaDatabase.h"
 #include "host/platform/media/database/MediaSearchPlan.h"
 #include "host/platform/media/database/SqliteTransaction.h"
+#include "tests/host/platform/media/MetadataTestLibrary.h"
 #include "tests/host/platform/media/OtherProgramSql.h"
 #include "tests/support/SongBuilder.h"
 #include "tests/support/TestEnvironment.h"
@@ -33,25 +33,24 @@ QString pick(QRandomGenerator& random, const char* const (&pool)[N])
     return index == N ? QString() : QString::fromUtf8(pool[index]);   // sometimes null
 }
 
-struct Shape {
-    MetadataListType list = METADATA_LIST_MUSIC;
-    std::vector<MetadataSearchFilter> filters;
-    std::vector<MetadataSortEntry> sort;
-    bool isGrouped = false;
-    int storage = 2;   // both storages
-};
+const uint32_t kUserGroup = 4;
 
-MetadataSearchFilter textFilter(MetadataSearchFilterType type, const char* text)
+// A list's request for its whole result: the object ids, or the album names.
+SearchRequest shape(MetadataListType list, std::vector<MetadataSortEntry> sort, bool isGrouped = false,
+                    int storage = 2)
 {
-    return {type, METADATA_OPERATOR_EQUAL, uint32_t(std::strlen(text) + 1), text};
+    SearchRequest request(list);
+    request.sort = std::move(sort);
+    request.storage = storage;
+    if (isGrouped) {
+        request.grouping = 1;
+        request.candidates = {METADATA_CANDIDATE_ALBUM};
+    }
+    return request;
 }
 
-const uint32_t kUserGroup = 4;
-const uint32_t kHistoryGroup = METADATA_AUDIO_HISTORY_GROUP_ID;
-const uint32_t kDownloaded = METADATA_CREATED_DOWNLOADED;
-
 // Every shape the lists send, in groups of four: the connection keeps four.
-std::vector<std::vector<Shape>> shapeGroups()
+std::vector<std::vector<SearchRequest>> shapeGroups()
 {
     const MetadataSortEntry title{METADATA_SORT_TITLE, METADATA_SORT_ASCENDING};
     const MetadataSortEntry titleDown{METADATA_SORT_TITLE, METADATA_SORT_DESCENDING};
@@ -60,33 +59,30 @@ std::vector<std::vector<Shape>> shapeGroups()
     const MetadataSortEntry track{METADATA_SORT_TRACK, METADATA_SORT_ASCENDING};
     const MetadataSortEntry date{METADATA_SORT_DATE, METADATA_SORT_DESCENDING};
     const MetadataSortEntry position{METADATA_SORT_GROUP_POSITION, METADATA_SORT_ASCENDING};
-    const MetadataSearchFilter groupFilter{METADATA_FILTER_GROUP_ID, METADATA_OPERATOR_EQUAL, 4, &kUserGroup};
+    const MetadataListType music = METADATA_LIST_MUSIC;
     return {
-        {{METADATA_LIST_MUSIC, {}, {title}}, {METADATA_LIST_MUSIC, {}, {titleDown}},
-         {METADATA_LIST_MUSIC, {}, {album, track}}, {METADATA_LIST_MUSIC, {}, {album}, true}},
-        {{METADATA_LIST_MUSIC, {textFilter(METADATA_FILTER_ARTIST, "Ann")}, {album, track}},
-         {METADATA_LIST_MUSIC, {textFilter(METADATA_FILTER_GENRE, "Pop")}, {title}, false, 0},
-         {METADATA_LIST_MUSIC, {textFilter(METADATA_FILTER_ALBUM, "Aurora")}, {track}},
-         {METADATA_LIST_MUSIC, {textFilter(METADATA_FILTER_ARTIST, "ann")}, {albumDown}, true}},
-        {{METADATA_LIST_MUSIC, {textFilter(METADATA_FILTER_COMPOSER, "")}, {title}},
-         {METADATA_LIST_MUSIC, {textFilter(METADATA_FILTER_DATE, "2001")}, {date}},
-         {METADATA_LIST_MUSIC, {{METADATA_FILTER_CREATE_FLAG, METADATA_OPERATOR_EQUAL, 4, &kDownloaded}}, {}},
-         {METADATA_LIST_VIDEO, {}, {date}}},
-        {{METADATA_LIST_USER_GROUP, {groupFilter}, {position}},
-         {METADATA_LIST_HISTORY_GROUP, {{METADATA_FILTER_GROUP_ID, METADATA_OPERATOR_EQUAL, 4, &kHistoryGroup}}, {position}},
-         {METADATA_LIST_MUSIC, {groupFilter}, {title}}, {METADATA_LIST_MUSIC, {}, {titleDown}, true, 1}},
+        {shape(music, {title}), shape(music, {titleDown}), shape(music, {album, track}),
+         shape(music, {album}, true)},
+        {shape(music, {album, track}).text(METADATA_FILTER_ARTIST, "Ann"),
+         shape(music, {title}, false, 0).text(METADATA_FILTER_GENRE, "Pop"),
+         shape(music, {track}).text(METADATA_FILTER_ALBUM, "Aurora"),
+         shape(music, {albumDown}, true).text(METADATA_FILTER_ARTIST, "ann")},
+        {shape(music, {title}).text(METADATA_FILTER_COMPOSER, ""),
+         shape(music, {date}).text(METADATA_FILTER_DATE, "2001"),
+         shape(music, {}).number(METADATA_FILTER_CREATE_FLAG, METADATA_CREATED_DOWNLOADED),
+         shape(METADATA_LIST_VIDEO, {date})},
+        {shape(METADATA_LIST_USER_GROUP, {position}).number(METADATA_FILTER_GROUP_ID, kUserGroup),
+         shape(METADATA_LIST_HISTORY_GROUP, {position})
+             .number(METADATA_FILTER_GROUP_ID, METADATA_AUDIO_HISTORY_GROUP_ID),
+         shape(music, {title}).number(METADATA_FILTER_GROUP_ID, kUserGroup),
+         shape(music, {titleDown}, true, 1)},
     };
 }
 
-MediaSearchPlan planOf(const Shape& shape)
+MediaSearchPlan planOf(const SearchRequest& shape)
 {
-    const MetadataSearchCandidateType candidate =
-        shape.isGrouped ? METADATA_CANDIDATE_ALBUM : METADATA_CANDIDATE_OBJECT_ID;
-    const MetadataSearchMediaRequest request{
-        1, &shape.list, uint32_t(shape.filters.size()), shape.filters.data(), uint32_t(shape.sort.size()),
-        shape.sort.data(), shape.storage, 0, shape.isGrouped ? 1u : 0u, 1, &candidate, 0, 0, 1};
     QString error;
-    const std::optional<MediaSearchPlan> plan = MediaSearchPlan::read(request, 2, &error);
+    const std::optional<MediaSearchPlan> plan = MediaSearchPlan::read(shape.words(), 2, &error);
     EXPECT_TRUE(plan) << qPrintable(error);
     return *plan;
 }
@@ -133,10 +129,10 @@ protected:
         case 2: record->title = pick(m_random, kTitles); break;
         case 3: record->album = pick(m_random, kAlbums); break;
         case 4: {
-            const MediaRecord other = randomSong();   // moves in every order and filter
-            record->artist = other.artist, record->genre = other.genre, record->composer = other.composer;
-            record->track = other.track, record->storage = other.storage, record->kind = other.kind;
-            record->date = other.date, record->createdBy = other.createdBy;
+            MediaRecord other = randomSong();   // moves in every order and filter
+            other.id = record->id, other.path = record->path;
+            other.title = record->title, other.album = record->album;
+            *record = other;
             break;
         }
         case 5: {
@@ -154,7 +150,7 @@ protected:
             break;
         }
         default: {
-            const quint32 group = m_random.bounded(2) ? kUserGroup : kHistoryGroup;
+            const quint32 group = m_random.bounded(2) ? kUserGroup : METADATA_AUDIO_HISTORY_GROUP_ID;
             writer.setGroupMembers(group, {m_ids[at], m_ids[at / 2], m_ids[at]});
             return;
         }
@@ -162,7 +158,7 @@ protected:
         EXPECT_TRUE(writer.updateMedia(*record));
     }
 
-    void expectLikeFresh(const std::vector<Shape>& shapes)
+    void expectLikeFresh(const std::vector<SearchRequest>& shapes)
     {
         const std::unique_ptr<MediaDatabase> fresh = MediaDatabase::open(MediaDatabase::defaultFile());
         for (size_t i = 0; i < shapes.size(); ++i) {
@@ -185,7 +181,7 @@ protected:
 
 TEST_F(MediaResultFollowTest, RandomChangesByBothConnections_KeptResultsEqualAFreshRead)
 {
-    for (const std::vector<Shape>& shapes : shapeGroups()) {
+    for (const std::vector<SearchRequest>& shapes : shapeGroups()) {
         expectLikeFresh(shapes);
         for (int batch = 0; batch < 16; ++batch) {
             SCOPED_TRACE(testing::Message() << "seed " << kSeed << ", batch " << batch);
@@ -202,14 +198,14 @@ TEST_F(MediaResultFollowTest, RandomChangesByBothConnections_KeptResultsEqualAFr
 
 TEST_F(MediaResultFollowTest, OwnChangesRolledBack_KeptResultsShowNoneOfThem)
 {
-    const std::vector<Shape> shapes = shapeGroups().front();
+    const std::vector<SearchRequest> shapes = shapeGroups().front();
     expectLikeFresh(shapes);
     const std::vector<quint32> ids = m_ids;
     {
         const auto transaction = m_own->beginTransaction();
         for (int i = 0; i < 8; ++i)
             change(*m_own);
-        for (const Shape& shape : shapes)   // searched while the changes show
+        for (const SearchRequest& shape : shapes)   // searched while the changes show
             ASSERT_TRUE(m_own->orderedResult(planOf(shape)));
     }
     m_ids = ids;
@@ -222,7 +218,7 @@ TEST_F(MediaResultFollowTest, OwnChangesRolledBack_KeptResultsShowNoneOfThem)
 
 TEST_F(MediaResultFollowTest, LogThatCannotTellWhatChanged_ResultsAreReadAnew)
 {
-    const std::vector<Shape> shapes = shapeGroups().front();
+    const std::vector<SearchRequest> shapes = shapeGroups().front();
     const char* const damages[] = {
         // trimmed past the place the results follow
         "DELETE FROM media_change_log WHERE seq > 0",

@@ -6,8 +6,6 @@
 
 namespace {
 
-using Heard = IndicationRecorder::Heard;
-
 class MetadataIndicationTest : public MetadataTestLibrary {
 protected:
     void SetUp() override
@@ -20,7 +18,7 @@ protected:
     }
 
     // Whether this client hears just @p expected; what it heard is then forgotten.
-    bool hears(const QList<Heard>& expected)
+    bool hears(const QStringList& expected)
     {
         const bool isHeard = waitUntil([&] { return m_recorder.heard.size() >= expected.size(); }, 3000)
                              && m_recorder.heard == expected;
@@ -56,30 +54,8 @@ TEST_F(MetadataIndicationTest, OwnWriteIsAnnouncedOnlyFromTheEventLoopAfterItsCo
     EXPECT_TRUE(hears({IndicationRecorder::content()}));
 }
 
-TEST_F(MetadataIndicationTest, AnotherProgramsWrite_ArrivesAndIsSeenOnceTheClientHandlesIt)
-{
-    SearchRequest music(METADATA_LIST_MUSIC);
-    const MetadataSearchMediaRequest backup = music.words();
-    ASSERT_EQ(metadataBackupSearchedMedias(m_handle, &backup), 0);
-    // A window of entries to play: it never moves the snapshot.
-    music.candidates = {METADATA_CANDIDATE_OBJECT_ID, METADATA_CANDIDATE_FULL_PATH};
-    music.count = 5;
-    const auto firstCount = [&] { return search(music).count; };
-    // As the sqlite3 shell would: a plain connection without this program's code.
-    ASSERT_TRUE(runAsOtherProgram("INSERT INTO media (path, kind, title) VALUES ('/m/new.mp3', 1, 'New')"));
-    EXPECT_EQ(firstCount(), 1u) << "before the indication the client reads its snapshot";
-    EXPECT_TRUE(hears({IndicationRecorder::content()}));
-    EXPECT_EQ(firstCount(), 1u) << "delivered, not yet handled: the positions the client knows still hold";
-
-    EXPECT_EQ(std::get<3>(checkBackup(0)), 2u) << "handling the change moves the snapshot";
-    EXPECT_EQ(firstCount(), 2u);
-}
-
 TEST_F(MetadataIndicationTest, GroupChangesNameTheGroupAndTellDeletionFromMembers)
 {
-    ASSERT_TRUE(m_database->setGroupMembers(m_playList, {m_song}));
-    EXPECT_TRUE(hears({IndicationRecorder::group(m_playList, METADATA_GROUP_MEMBERS_CHANGED)}));
-
     ASSERT_TRUE(m_database->removeGroup(m_playList));
     EXPECT_TRUE(hears({IndicationRecorder::group(m_playList, METADATA_GROUP_DELETED)}));
 
@@ -87,17 +63,30 @@ TEST_F(MetadataIndicationTest, GroupChangesNameTheGroupAndTellDeletionFromMember
     ASSERT_TRUE(m_database->setGroupMembers(METADATA_AUDIO_HISTORY_GROUP_ID, {m_song}));
     ASSERT_TRUE(hears({IndicationRecorder::group(2, METADATA_GROUP_MEMBERS_CHANGED)}));
     ASSERT_TRUE(m_database->removeMedia(m_song));
-    EXPECT_TRUE(hears({IndicationRecorder::content(),
-                                   IndicationRecorder::group(2, METADATA_GROUP_MEMBERS_CHANGED)}));
+    EXPECT_TRUE(
+        hears({IndicationRecorder::content(), IndicationRecorder::group(2, METADATA_GROUP_MEMBERS_CHANGED)}));
 }
 
-TEST_F(MetadataIndicationTest, OnlySubscribedConnectionsHearAndOnlyWhatTheySubscribedTo)
+// A handler that closes its own connection hears no more of the batch.
+struct Closer {
+    unsigned int handle = 0;
+    int calls = 0;
+    static void closeOwnConnection(void* userData, unsigned short, void*)
+    {
+        auto* self = static_cast<Closer*>(userData);
+        ++self->calls;
+        metadataDestroyClient(self->handle);
+    }
+};
+
+TEST_F(MetadataIndicationTest, SubscribersHearWhatTheyChose_AHandlerMayCloseItsOwnConnection)
 {
     IndicationRecorder replaced, latest, groupsOnly, deregistered;
     int status = -1;
     const unsigned int second = metadataCreateClient(&status);
     const unsigned int third = metadataCreateClient(&status);
     const unsigned int fourth = metadataCreateClient(&status);
+    Closer closer{metadataCreateClient(&status)};
     subscribe(second, replaced);
     ASSERT_EQ(metadataSetIndicationHandler(second, IndicationRecorder::handle, &latest), 0);
     const unsigned short groupChanges[] = {METADATA_INDICATION_GROUP_CHANGED};
@@ -105,60 +94,38 @@ TEST_F(MetadataIndicationTest, OnlySubscribedConnectionsHearAndOnlyWhatTheySubsc
     ASSERT_EQ(metadataRegisterIndication(third, groupChanges, 1), 0);
     subscribe(fourth, deregistered);
     ASSERT_EQ(metadataDeregisterIndication(fourth), 0);
+    subscribe(closer.handle, replaced);
+    ASSERT_EQ(metadataSetIndicationHandler(closer.handle, Closer::closeOwnConnection, &closer), 0);
 
-    add("/m/other.mp3", "Other");
-    ASSERT_TRUE(m_database->setGroupMembers(m_playList, {m_song}));
-    const QList<Heard> both{IndicationRecorder::content(),
-                            IndicationRecorder::group(m_playList, METADATA_GROUP_MEMBERS_CHANGED)};
+    // One batch of a media change and a group change.
+    {
+        const std::unique_ptr<SqliteTransaction> transaction = m_database->beginTransaction();
+        add("/m/other.mp3", "Other");
+        ASSERT_TRUE(m_database->setGroupMembers(m_playList, {m_song}) && transaction->commit());
+    }
+    const QStringList both{IndicationRecorder::content(),
+                           IndicationRecorder::group(m_playList, METADATA_GROUP_MEMBERS_CHANGED)};
     // Each connection polls on its own timer: wait for every one that must hear.
-    EXPECT_TRUE(waitUntil(
-        [&] { return m_recorder.heard.size() >= 2 && latest.heard.size() >= 2 && !groupsOnly.heard.isEmpty(); },
-        3000));
+    const auto everyOneHeard = [&] {
+        return latest.heard.size() >= 2 && !groupsOnly.heard.isEmpty() && closer.calls > 0;
+    };
+    EXPECT_TRUE(waitUntil(everyOneHeard, 3000));
     processEvents();
     EXPECT_EQ(latest.heard, both);
-    EXPECT_EQ(groupsOnly.heard, QList<Heard>{both[1]});
+    EXPECT_EQ(groupsOnly.heard, QStringList{both[1]});
     EXPECT_TRUE(replaced.heard.isEmpty());
     EXPECT_TRUE(deregistered.heard.isEmpty());
+    EXPECT_EQ(closer.calls, 1);
     for (const unsigned int handle : {second, third, fourth})
         EXPECT_EQ(metadataDestroyClient(handle), 0);
     EXPECT_NE(metadataRegisterIndication(fourth, groupChanges, 1), 0);
 }
 
-TEST_F(MetadataIndicationTest, HandlerMayCloseItsOwnConnection)
-{
-    struct Closer {
-        unsigned int handle = 0;
-        int calls = 0;
-    } closer;
-    int status = -1;
-    closer.handle = metadataCreateClient(&status);
-    const unsigned short ids[] = {METADATA_INDICATION_CONTENT_CHANGED, METADATA_INDICATION_GROUP_CHANGED};
-    metadataSetIndicationHandler(
-        closer.handle,
-        [](void* userData, unsigned short, void*) {
-            auto* self = static_cast<Closer*>(userData);
-            ++self->calls;
-            metadataDestroyClient(self->handle);
-        },
-        &closer);
-    metadataRegisterIndication(closer.handle, ids, 2);
-
-    // One batch of a media change and a group change: the handler hears only the first.
-    {
-        const std::unique_ptr<SqliteTransaction> transaction = m_database->beginTransaction();
-        add("/m/x.mp3", "X");
-        ASSERT_TRUE(m_database->setGroupMembers(m_playList, {m_song}) && transaction->commit());
-    }
-    EXPECT_TRUE(waitUntil([&] { return closer.calls > 0; }, 3000));
-    processEvents();
-    EXPECT_EQ(closer.calls, 1);
-}
-
-// A client that reads only a play list does not hold the write-ahead log
-// for another program's song changes that leave the list's searches as they
-// were; a change that alters what they return still waits for the client,
-// even when no group change is logged with it.
-TEST_F(MetadataIndicationTest, PlayListClient_WaitsOnlyForSongChangesThatReachItsSearches)
+// A client that reads only a play list waits for a song change that alters
+// what its searches return, even when no group change is logged with it.
+// (That the changes which leave them as they were do not hold the
+// write-ahead log is the log's test of a play list under a scanner.)
+TEST_F(MetadataIndicationTest, PlayListClient_WaitsForSongChangesThatReachItsSearches)
 {
     const quint32 second = add("/m/second.mp3", "Second");
     const quint32 third = add("/m/third.mp3", "Third");
@@ -176,27 +143,13 @@ TEST_F(MetadataIndicationTest, PlayListClient_WaitsOnlyForSongChangesThatReachIt
     // Entries to play: reading them never moves the snapshot.
     playList.count = 10;
     const auto entries = [&] { return search(playList).ids; };
-    // A look-up by path, as the history's writes make: it tells which state the snapshot holds.
-    const auto isSeen = [&](const QByteArray& path) { return searchFile(path).entries.size() == 1; };
     ASSERT_EQ(entries(), (QList<quint32>{m_song, second, third}));
 
-    // A song added beside the list and a new title for one of its songs: the
-    // list's searches read neither, and the snapshot moves when they arrive.
     m_recorder.heard.clear();
-    {
-        const std::unique_ptr<SqliteTransaction> transaction = m_database->beginTransaction();
-        add("/m/beside.mp3", "Beside");
-        MediaRecord retitled = *m_database->mediaById(second);
-        retitled.title = QStringLiteral("Second, live");
-        ASSERT_TRUE(m_database->updateMedia(retitled) && transaction->commit());
-    }
-    ASSERT_TRUE(hears({IndicationRecorder::content()}));
-    EXPECT_TRUE(isSeen("/m/beside.mp3"));
-    EXPECT_EQ(entries(), (QList<quint32>{m_song, second, third}));
 
     // A song of the list moved to the memory card leaves its search; that
     // waits, and the list hears of it as a change of its own group.
-    const QList<IndicationRecorder::Heard> contentAndList{
+    const QStringList contentAndList{
         IndicationRecorder::content(), IndicationRecorder::group(m_playList, METADATA_GROUP_MEMBERS_CHANGED)};
     {
         const std::unique_ptr<SqliteTransaction> transaction = m_database->beginTransaction();
@@ -206,10 +159,8 @@ TEST_F(MetadataIndicationTest, PlayListClient_WaitsOnlyForSongChangesThatReachIt
         ASSERT_TRUE(m_database->updateMedia(moved) && transaction->commit());
     }
     ASSERT_TRUE(hears(contentAndList));
-    EXPECT_FALSE(isSeen("/m/later.mp3"));
     EXPECT_EQ(entries(), (QList<quint32>{m_song, second, third})) << "delivered, not handled";
     EXPECT_EQ(std::get<3>(checkBackup(0)), 2u);
-    EXPECT_TRUE(isSeen("/m/later.mp3"));
     EXPECT_EQ(entries(), (QList<quint32>{m_song, second}));
 
     // Deleted as the sqlite3 shell does, without foreign keys: the member row

@@ -56,7 +56,6 @@ TEST_F(MetadataSnapshotTest, ManyChangesWhileStepping_OrderNeverGoesBackAndEvery
     MP_AufList list;
     int last = numberOf(list.getCurrent());
     ASSERT_EQ(last, 1000);
-    int steps = 0;
     for (int round = 0; round < 40; ++round) {
         // One batch: two songs come just before the playing one and one just
         // after it, the first song goes; every later position moves by one.
@@ -75,9 +74,7 @@ TEST_F(MetadataSnapshotTest, ManyChangesWhileStepping_OrderNeverGoesBackAndEvery
             }
             ASSERT_TRUE(list.hasNext()) << "round " << round;
             list.skipSteps(1);
-            ++steps;
             const QString path = list.getCurrent();
-            ASSERT_FALSE(path.isNull()) << "round " << round << " phase " << phase;
             const int now = numberOf(path);
             ASSERT_GT(now, last) << "round " << round << " phase " << phase << ": the order went backwards from " << last << " at " << list.getCurrentIndex();
             if (phase == 2 && isHandled) {
@@ -87,7 +84,6 @@ TEST_F(MetadataSnapshotTest, ManyChangesWhileStepping_OrderNeverGoesBackAndEvery
             last = now;
         }
     }
-    EXPECT_EQ(steps, 120);
 }
 
 } // namespace

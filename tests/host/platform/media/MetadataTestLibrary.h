@@ -8,6 +8,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <cstring>
 #include <memory>
 #include <tuple>
 #include <vector>
@@ -57,6 +58,18 @@ struct SearchRequest {
                 candidates.data(), count, start, 1};
     }
 };
+
+/** A last-played list record that names no list: its numbers -1 (but @p firstIndex), its texts null. */
+inline LastPlayedListRecord lastPlayedRecord(int firstIndex = -1)
+{
+    LastPlayedListRecord record;
+    std::memset(&record, 0, sizeof record);
+    record.listType = -1;
+    record.groupObjectId = uint32_t(-1);
+    record.storageLocation = -1;
+    record.firstIndex = firstIndex;
+    return record;
+}
 
 /** What a search answered: the callback's calls, the count, and the fields of its entries. */
 struct SearchAnswer {
@@ -109,35 +122,23 @@ inline SearchRequest groupList(MetadataListType type, uint32_t groupId)
     return request;
 }
 
-/** The indications one handler received, in order. */
+/** The indications one handler received, in order: "3006", or "3008 GROUP UPDATE-TYPE". */
 struct IndicationRecorder {
-    struct Heard {
-        unsigned short id = 0;
-        MetadataGroupUpdatedIndication group{0, 0};   // for 3008
-        bool operator==(const Heard& other) const
-        {
-            return id == other.id && group.groupId == other.group.groupId
-                   && group.updateType == other.group.updateType;
-        }
-    };
-    QList<Heard> heard;
+    QStringList heard;
 
     static void handle(void* userData, unsigned short indication, void* data)
     {
-        Heard entry;
-        entry.id = indication;
-        if (indication == METADATA_INDICATION_GROUP_CHANGED)
-            entry.group = *static_cast<MetadataGroupUpdatedIndication*>(data);
-        static_cast<IndicationRecorder*>(userData)->heard.append(entry);
+        const auto* changed = static_cast<const MetadataGroupUpdatedIndication*>(data);
+        static_cast<IndicationRecorder*>(userData)->heard.append(
+            indication == METADATA_INDICATION_GROUP_CHANGED ? group(changed->groupId, changed->updateType)
+                                                            : QString::number(indication));
     }
-    static Heard content() { return Heard{METADATA_INDICATION_CONTENT_CHANGED, {0, 0}}; }
-    static Heard group(uint32_t id, int32_t type) { return Heard{METADATA_INDICATION_GROUP_CHANGED, {id, type}}; }
+    static QString content() { return QString::number(METADATA_INDICATION_CONTENT_CHANGED); }
+    static QString group(uint32_t id, int32_t type)
+    {
+        return QStringLiteral("%1 %2 %3").arg(METADATA_INDICATION_GROUP_CHANGED).arg(id).arg(type);
+    }
 };
-
-inline std::ostream& operator<<(std::ostream& out, const IndicationRecorder::Heard& heard)
-{
-    return out << heard.id << "{" << heard.group.groupId << "," << heard.group.updateType << "}";
-}
 
 class MetadataTestLibrary : public TestEnvironment {
 protected:

@@ -3,15 +3,15 @@
 #include <QDir>
 #include <QFile>
 
-#include <cstring>
-
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include "host/platform/HostDataDir.h"
 #include "host/platform/media/database/MediaDatabase.h"
 #include "platform/Metadata.h"
+#include "platform/SETUP_SET_Manager.h"
 #include "tests/lists/TraceCapture.h"
+#include "tests/host/platform/media/MetadataTestLibrary.h"
 #include "tests/support/SongBuilder.h"
 #include "tests/support/TestEnvironment.h"
 
@@ -34,21 +34,13 @@ protected:
         list.firstIndex = 3;
         ASSERT_TRUE(database->setLastPlayedList(list));
         ASSERT_TRUE(database->setLastPlayedSong({"/m/a.mp3", 1}));
+        ASSERT_TRUE(SETUP_SET_Manager(7, false).setSettingInfo("MediaControlItem", "MusicShuffle", 1));
     }
     void TearDown() override
     {
         ::chmod(QFile::encodeName(HostDataDir::path()).constData(), 0700);
         qunsetenv("MP_DATA_READ_ONLY");
         TestEnvironment::TearDown();
-    }
-
-    static LastPlayedListRecord record(int firstIndex)
-    {
-        LastPlayedListRecord record;
-        std::memset(&record, 0, sizeof record);
-        record.groupObjectId = uint32_t(-1);
-        record.firstIndex = firstIndex;
-        return record;
     }
 
     // What the player does on a read-only folder: it opens and reads, its
@@ -68,11 +60,10 @@ protected:
         EXPECT_EQ(database->mediaCount(), 1);
         EXPECT_EQ(database->addMedia(song("/m/b.mp3")), 0u);
 
-        LastPlayedListRecord changed = record(7);
+        LastPlayedListRecord changed = lastPlayedRecord(7);
         EXPECT_EQ(saveLastPlayedList(&changed), 0);
-        ASSERT_EQ(journalLines("metadata", "saveLastPlayedList").size(), 1);
-        EXPECT_EQ(journalLines("metadata", "saveLastPlayedList").first().value("written"), false);
-        LastPlayedListRecord read = record(-1);
+        EXPECT_EQ(journalLines("metadata", "saveLastPlayedList").value(0).value("written"), false);
+        LastPlayedListRecord read = lastPlayedRecord();
         ASSERT_EQ(getLastPlayedList(&read), 1);
         EXPECT_EQ(read.firstIndex, 3);
         freeLastPlayedList(&read);
@@ -87,7 +78,8 @@ protected:
         const QByteArray errors = QByteArray::fromStdString(testing::internal::GetCapturedStderr());
         EXPECT_EQ(errors.toStdString(), ("warning: " + expected).toStdString());
         EXPECT_EQ(trace.text().toStdString(), ("[HostDataDir] " + expected).toStdString());
-        EXPECT_EQ(QDir(HostDataDir::path()).entryList(QDir::Files).join(' ').toStdString(), filesBefore.join(' ').toStdString()) << "no journal or index files made";
+        EXPECT_EQ(QDir(HostDataDir::path()).entryList(QDir::Files), filesBefore)
+            << "no journal or index files made";
     }
 };
 
@@ -101,8 +93,22 @@ TEST_F(ReadOnlyDataFolderTest, FolderWithoutWritePermission_PlaysAndSavesNothing
 
 TEST_F(ReadOnlyDataFolderTest, ReadOnlyOption_PlaysAndSavesNothing)
 {
+    QFile settingsFile(HostDataDir::file("settings/app-7.ini"));
+    ASSERT_TRUE(settingsFile.open(QIODevice::ReadOnly));
+    const QByteArray settingsBefore = settingsFile.readAll();
     qputenv("MP_DATA_READ_ONLY", "1");
     expectPlaysReadOnly();
+
+    // A refused setting is not answered back as if saved, nor journaled, and leaves no file beside the store.
+    SETUP_SET_Manager settings(7, false);
+    EXPECT_FALSE(settings.setSettingInfo("MediaControlItem", "MusicShuffle", 2));
+    int shuffle = -1;
+    EXPECT_TRUE(settings.getSettingInfo("MediaControlItem", "MusicShuffle", shuffle, 0));
+    EXPECT_EQ(shuffle, 1);
+    EXPECT_EQ(journalLines("settings", QString()).size(), 1) << "the set-up's write only";
+    settingsFile.seek(0);
+    EXPECT_EQ(settingsFile.readAll(), settingsBefore);
+    EXPECT_EQ(QDir(HostDataDir::file("settings")).entryList(QDir::Files), QStringList{"app-7.ini"});
 }
 
 } // namespace

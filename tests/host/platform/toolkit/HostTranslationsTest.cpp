@@ -28,13 +28,11 @@ TEST(HostTranslationsLocale, TakesTheLanguageBeforeTerritoryCodesetAndModifier)
     EXPECT_EQ(HostTranslations::languageOfLocale(QString()), QString());
 }
 
-TEST_F(HostTranslationsTest, GermanIsBuiltIn_UnknownLanguagesKeepEnglish_EnglishRemovesATranslation)
+// The languages there are, and German in the menus, are the application's and the menus' tests.
+TEST_F(HostTranslationsTest, UnknownLanguagesKeepEnglish_EnglishRemovesATranslation)
 {
-    EXPECT_EQ(HostTranslations::available(), QStringList{QStringLiteral("de")});
-    EXPECT_EQ(MP_tr("TXT_RID_SOFTKEY_BACK", "Back"), QStringLiteral("Back"));
     ASSERT_TRUE(HostTranslations::use(QStringLiteral("de")));
     EXPECT_EQ(MP_tr("TXT_RID_SOFTKEY_BACK", "Back"), QStringLiteral("Zur\u00fcck"));
-    EXPECT_EQ(MP_tr("TXT_RID_OPTION_MEMORY_CARD", "Memory Card"), QStringLiteral("Speicherkarte"));
     EXPECT_EQ(MP_tr("TXT_RID_NOT_TRANSLATED", "Not translated"), QStringLiteral("Not translated"));
 
     EXPECT_FALSE(HostTranslations::use(QStringLiteral("xx")));
