@@ -36,7 +36,6 @@ protected:
         TestEnvironment::SetUp();
         engine.path = QStringLiteral("/dl/Night Song.mp3.pd");
         client = std::make_unique<MP_WindowClient>(&engine);
-        HostDialogs::clearAnswers();
         const auto record = [this](const char* what) { return [this, what] { emitted << what; }; };
         QObject::connect(client.get(), &MP_WindowClient::hidePlayer, record("hide"));
         QObject::connect(client.get(), &MP_WindowClient::quitApp, record("quit"));
@@ -54,22 +53,6 @@ protected:
     void run(const char* slot) { ASSERT_TRUE(QMetaObject::invokeMethod(client.get(), slot)); }
 
     static QStringList dialogs() { return Journal::dialogs(journal()); }
-    // Lists play in their own order, once through.
-    static void playInListOrder()
-    {
-        MP_AufContext::shuffle = MP_AufContext::shuffleSetting = 0;
-        MP_AufContext::isRepeat = false;
-    }
-    // The options menu of a stream that plays, open as the left key opens it.
-    VmOptionsMenu& openStreamMenu()
-    {
-        engine.medium = MP_MEDIUM_STREAM;
-        client->updateMetaInfo("A", "B", "C", QByteArray(), false);
-        VmOptionsMenu* menu = client->getMenu();
-        emit menu->aboutToShow();
-        return *menu;
-    }
-
     /** Files named @p names in a fresh folder; returns the folder. */
     QString makeFolder(const QString& name, const QStringList& names)
     {
@@ -229,7 +212,8 @@ TEST_F(MP_WindowClientCommandsTest, DatabaseLists_RemoveAsksTheList_DeleteKeepsA
         const QString path = writeDataFile("music/" + name + ".mp3");
         ids << database->addMedia(song(path).title(name).stampOf(QFileInfo(path)));
     }
-    playInListOrder();
+    MP_AufContext::shuffle = MP_AufContext::shuffleSetting = 0;  // in list order, once through
+    MP_AufContext::isRepeat = false;
     const quint32 group = database->addGroup(METADATA_GROUP_USER, QStringLiteral("Mine"));
     ASSERT_TRUE(database->setGroupMembers(group, ids));
     MP_AufList playList(group, METADATA_GROUP_USER, 2, 0, QString());
@@ -290,7 +274,10 @@ TEST_F(MP_WindowClientCommandsTest, SaveBookmark_ShowsEditForTheStreamThatPlays_
 {
     PathList streams({"rtsp://radio.example/a", "rtsp://radio.example/b"});
     engine.list = &streams;
-    VmOptionsMenu* menu = &openStreamMenu();
+    engine.medium = MP_MEDIUM_STREAM;
+    client->updateMetaInfo("A", "B", "C", QByteArray(), false);
+    VmOptionsMenu* menu = client->getMenu();
+    emit menu->aboutToShow();  // as the left key opens it
     ASSERT_EQ(menu->menuName(), QStringLiteral("stream_sound"));
     ASSERT_FALSE(menu->isItemVisible(6002));
 

@@ -16,7 +16,6 @@
 #include "platform/STUFF_Global.h"
 #include "platform/VmOptionsMenu.h"
 #include "platform/VmSoftKey.h"
-#include "screen/MP_SlotAction.h"
 #include "screen/MP_WindowClient.h"
 #include "tests/support/FakeEngine.h"
 #include "tests/support/Journal.h"
@@ -25,16 +24,6 @@
 #include "tests/support/TestEnvironment.h"
 
 namespace {
-
-class HidingAction : public MP_SlotAction {
-public:
-    HidingAction(int index, const QString& text, bool hide) : MP_SlotAction(index, text), m_hide(hide) {}
-    void onUpdate() override { setHided(m_hide); }
-    void onExecute() override {}
-
-private:
-    bool m_hide;
-};
 
 class MP_WindowClientTest : public TestEnvironment {
 protected:
@@ -177,27 +166,6 @@ TEST_F(MP_WindowClientTest, FeatureBitsAndTheFileDecideTheItems)
     HostPhone::setFlexBit(492, true);
     open(MP_CONTENT_VIDEO, MP_MEDIUM_STREAM);
     EXPECT_EQ(shown(plain, {7002, 7001}), "-7002 -7001");
-}
-
-TEST_F(MP_WindowClientTest, DynamicItemsTakeTheRegisteredActions_ReplacedAndRemovedById)
-{
-    MP_WindowClient& screen = makeClient();
-    HidingAction hidden(1016, "Hidden", true);
-    HidingAction bluetooth(1016, "Via headset", false);
-    screen.addDynamicMenuItem(&hidden);
-    screen.addDynamicMenuItem(&bluetooth);  // the same id: replaces the first
-    screen.addDynamicMenuItem(nullptr);
-    VmOptionsMenu& menu = open(MP_CONTENT_SOUND, MP_MEDIUM_STREAM);
-    EXPECT_EQ(menu.itemText(1016), QStringLiteral("Via headset"));
-    EXPECT_TRUE(menu.isItemVisible(1016));
-    EXPECT_EQ(menu.itemText(1017), QStringLiteral("Use Handset")) << "no action: the parser's text";
-    EXPECT_FALSE(menu.isItemVisible(1017)) << "no action: hidden";
-
-    // Removal goes by id, whichever action is registered there.
-    screen.removeDynamicMenuItem(&hidden);
-    screen.removeDynamicMenuItem(nullptr);
-    open(MP_CONTENT_SOUND, MP_MEDIUM_STREAM);
-    EXPECT_FALSE(menu.isItemVisible(1016));
 }
 
 TEST_F(MP_WindowClientTest, DownloadStateDrivesKeysAndItemsOnce)
