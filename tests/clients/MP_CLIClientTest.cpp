@@ -86,13 +86,11 @@ TEST_F(MP_CLIClientTest, Session_ShowsTheStoredVolumeAndEndsWithTheClient)
         createClient();
         // Without a list nothing else is shown, and no refresh is asked for.
         EXPECT_EQ(take("display"), c.shown) << "stored " << c.stored;
-        EXPECT_NE(HostDisplay::mediaPlayerClient(), nullptr);
         EXPECT_TRUE(take("control").isEmpty());
 
         client.reset();
         EXPECT_EQ(take("display").last(), "endSession []");
-        EXPECT_EQ(HostDisplay::mediaPlayerClient(), nullptr);
-        EXPECT_FALSE(HostDisplay::send({DisplayCommand::Kind::Play, 0}));
+        EXPECT_FALSE(HostDisplay::send({DisplayCommand::Kind::Play, 0})) << "no client to take it";
     }
 }
 
