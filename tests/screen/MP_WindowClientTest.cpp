@@ -31,7 +31,6 @@ protected:
     {
         TestEnvironment::SetUp();
         engine.path = writeDataFile("music/a.mp3");
-        writable = dataPath("music");
     }
 
     MP_WindowClient& makeClient()
@@ -63,7 +62,6 @@ protected:
     }
 
     FakeScreenEngine engine;
-    QString writable;
     std::unique_ptr<MP_WindowClient> client;
     TraceCapture traces;
 };
@@ -154,7 +152,7 @@ TEST_F(MP_WindowClientTest, FeatureBitsAndTheFileDecideTheItems)
 
     HostPhone::setFlexBit(149, false);
     HostPhone::setFlexBit(512, false);
-    engine.path = writable + "/a.mp3";
+    engine.path = dataPath("music/a.mp3");
     makeClient();
     VmOptionsMenu& plain = open(MP_CONTENT_SOUND, MP_MEDIUM_LOCAL);
     EXPECT_EQ(shown(plain, {1010, 1019, 1014, 1015}), "-1010 1019 1014 1015")

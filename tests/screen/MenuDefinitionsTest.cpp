@@ -41,11 +41,6 @@ QList<Row> rowsOf(const QString& name)
     return rows;
 }
 
-bool isDynamic(const MENUITEM_PROPERTY& record)
-{
-    return std::strcmp(record.textId, MENUITEM_DYNAMIC) == 0;
-}
-
 /** The record of item @p id on screen @p screen; null when it has none. */
 const MENUITEM_PROPERTY* recordOf(int screen, int id)
 {
@@ -89,7 +84,7 @@ TEST_F(MenuDefinitionsTest, EachScreensRecordsDressItsMenuRowForRow)
             // The video table keeps two records of items its menu does not hold.
             const bool spare = screen == 1 && (record.id == 2016 || record.id == 2017);
             EXPECT_NE(inMenu, spare) << at;
-            if (isDynamic(record)) {
+            if (std::strcmp(record.textId, MENUITEM_DYNAMIC) == 0) {
                 EXPECT_STREQ(record.defaultText, "") << at;
                 EXPECT_EQ(record.slot, nullptr) << at;
                 continue;
