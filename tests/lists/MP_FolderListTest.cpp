@@ -77,7 +77,6 @@ TEST_F(MP_FolderListTest, ListsTheStartFilesMediaClassInEachSortOrder_OnlyWhatAF
 
     MP_FolderList videos(path("clip.mp4"), MP_FolderList::SortByName);
     EXPECT_EQ(listed(videos), "clip.mp4*");
-    EXPECT_EQ(videos.getNameFilter().split(';').first(), "*.mp4");
 }
 
 TEST_F(MP_FolderListTest, Navigation_ClampsIntoTheList_FromAStartFileMissingOrFilteredOut)

@@ -93,8 +93,6 @@ TEST_F(MP_WindowClientTest, MenuIsMadeOnceAndBuiltPerScreen)
     EXPECT_FALSE(traces.text().contains("cannot run")) << traces.text().constData();
     open(MP_CONTENT_SOUND, MP_MEDIUM_LOCAL);
     EXPECT_EQ(menu->itemText(1011), QStringLiteral("Memory Card")) << "the table's text, not the parser's";
-    open(MP_CONTENT_VIDEO, MP_MEDIUM_LOCAL);
-    EXPECT_EQ(menu->itemText(2009), QStringLiteral("100(%)"));
     open(MP_CONTENT_UNKNOWN, MP_MEDIUM_LOCAL);
     EXPECT_TRUE(menu->itemIds().isEmpty()) << "no screen, no items";
     EXPECT_TRUE(screen.getScreenName(8).isNull());
