@@ -64,8 +64,7 @@ TEST_F(MP_AufListTest, Navigation_RepeatWrapsBothWaysAndOtherwiseStopsAtTheEnds_
     setModes(0, false);
     MP_AufList plain;
     EXPECT_EQ(listSteps(plain, {"@3", "+3", "-9"}), "<3> <4 0>");
-    EXPECT_TRUE(plain.getItem(-1).isNull());
-    EXPECT_TRUE(plain.getItem(5).isNull());
+    EXPECT_TRUE(plain.getItem(-1).isNull() && plain.getItem(5).isNull()) << "without repeat nothing wraps";
 
     // An empty selection has no steps, even shuffled and repeating.
     setModes(1, true);
