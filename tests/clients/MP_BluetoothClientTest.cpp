@@ -152,8 +152,7 @@ TEST_F(MP_BluetoothClientTest, AudioRouteEntries_FollowPowerAndLinkWhileTheClien
     ASSERT_TRUE(menu->chooseItem(1016));
     EXPECT_EQ(HostBluetooth::link(), HostBluetooth::Link::Stereo) << "a music headset comes up in stereo";
     EXPECT_EQ(openMenu(), Shown(false, true));
-    EXPECT_EQ(journalLines("service", "detachAudioAccy").size(), 1);
-    EXPECT_EQ(journalLines("service", "attachAudioAccy").value(0).value("args"), QJsonArray{0});
+    EXPECT_EQ(journalLines("service", "attachAudioAccy").value(0).value("args"), QJsonArray{0}) << "the phone's default";
 
     client.reset();
     EXPECT_EQ(openMenu(), Shown(false, false)) << "without the client no entry is offered";

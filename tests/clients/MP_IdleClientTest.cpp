@@ -18,8 +18,6 @@
 
 namespace {
 
-const std::string kName = payloadHex(QStringLiteral("IdleMusicPlayer"));
-
 // "/MP/Idle/Info/NAME HEX" of an information message, its payload made of @p values.
 template <typename... Values>
 std::string info(const char* name, const Values&... values)
@@ -165,18 +163,6 @@ TEST_F(MP_IdleClientTest, AtTheEndOfAFinishedList_PlayRestartsALongerList_NextAn
     playToTheEnd(one);
     request("/MP/Idle/Req/Next");
     EXPECT_EQ(controlCalls(), MessageLines{"control:play []"});
-}
-
-TEST_F(MP_IdleClientTest, Plugin_ActivatedOnce_DeactivatedAndExitSentWhenTheClientGoes)
-{
-    HostJournal::startCapture();
-    client->activePlugin();
-    client->activePlugin();
-    client.reset();
-    EXPECT_EQ(channelMessages("VEMO/HSFRAMEWORK"),
-              (MessageLines{"activePlugIn() " + kName, "deactivePlugIn() " + kName}));
-    EXPECT_EQ(infos(), MessageLines{"/MP/Idle/Info/Exit "});
-    EXPECT_EQ(journalCalls(), (QStringList{"engine:removeListListener", "engine:removePlayerListener"}));
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <utility>
 
 #include "host/platform/media/database/MediaDatabase.h"
 #include "lists/MP_AufSearchCondition.h"
@@ -96,8 +97,7 @@ TEST_F(MP_AufSearchMediaAccessorTest, CountsFetchesIdsAndAlbums_ABadEntryIsEmpty
     ASSERT_TRUE(m_accessor->getItems(0, 1, bad));  // sets the item output and window mode
     MP_AufSearchMediaAccessor::AufGetFilterItemCallback(m_accessor.get(), &response);
     ASSERT_EQ(bad.size(), 1);
-    EXPECT_TRUE(bad[0].isEmpty());
-    EXPECT_TRUE(bad[0].path.isNull());
+    EXPECT_EQ(std::make_pair(bad[0].id, bad[0].path.isNull()), std::make_pair(0u, true));
 
     // A failed search changes no container and no count.
     metadataDestroyClient(m_handle);

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <map>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -45,16 +46,10 @@ TEST(MP_ShuffleTest, EveryOrderIsAPermutationAndThePinPlaysFirst)
     }
     shuffle.reShuffle();
     EXPECT_TRUE(isPermutation(orderOf(shuffle, 100)));
-}
-
-TEST(MP_ShuffleTest, NoOrderWithoutSongs_AndALookUpOutsideTheOrderIsPositionZero)
-{
-    MP_Shuffle shuffle;
+    EXPECT_EQ(std::make_pair(shuffle.getShuffleIndex(-1), shuffle.getShuffleIndex(100)), std::make_pair(0, 0))
+        << "a look-up outside the order is position 0";
     shuffle.shuffle(0, 0);
-    EXPECT_EQ(orderOf(shuffle, 2), (std::vector<int>{0, 0}));
-    shuffle.shuffle(5, 4);
-    EXPECT_EQ(shuffle.getShuffleIndex(-1), 0);
-    EXPECT_EQ(shuffle.getShuffleIndex(5), 0);
+    EXPECT_EQ(orderOf(shuffle, 1), std::vector<int>{0}) << "no songs, no order";
 }
 
 TEST(MP_ShuffleTest, SameSeedSameOrderAndThePinSwapsWithTheFirstDrawn)
@@ -96,9 +91,4 @@ TEST(MP_ShuffleTest, OverManySeedsEveryOrderIsEquallyLikely)
         chiSquare += (times - expected) * (times - expected) / expected;
     // 49.7: what 23 degrees of freedom exceed once in a thousand fair runs.
     EXPECT_LT(chiSquare, 49.7);
-
-    shuffle.shuffleWithSeed(1000000, 999999, 7);
-    const std::vector<int> order = orderOf(shuffle, 1000000);
-    EXPECT_EQ(order.front(), 999999);
-    EXPECT_TRUE(isPermutation(order));
 }

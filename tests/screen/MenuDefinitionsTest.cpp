@@ -41,11 +41,6 @@ QList<Row> rowsOf(const QString& name)
     return rows;
 }
 
-bool isDynamic(const MENUITEM_PROPERTY& record)
-{
-    return std::strcmp(record.textId, MENUITEM_DYNAMIC) == 0;
-}
-
 /** The record of item @p id on screen @p screen; null when it has none. */
 const MENUITEM_PROPERTY* recordOf(int screen, int id)
 {
@@ -66,24 +61,6 @@ class MenuDefinitionsTest : public ::testing::Test {
 protected:
     void TearDown() override { HostTranslations::use(QString()); }
 };
-
-// A few trees pinned by value: the video menus' submenus, which no screen test opens
-// (the sound menu's tree is the screen scenario's). Ids in row order, a submenu's
-// item as ID/HEAD.
-TEST_F(MenuDefinitionsTest, TheVideoMenusKeepThePhonesTrees)
-{
-    const std::pair<const char*, const char*> trees[] = {
-        {"video_control", "2001 2002 2004/2002 2005 2006 2007 2008/2007 2009/2007 2010 2011/2010 2012/2010 2013/2010 "
-                          "2014/2010 2015/2010 1016 1017 2020"},
-        {"stream_video", "7001 7002 7003 7004/7003 7005/7003 1016 1017 7008"},
-    };
-    for (const auto& [name, expected] : trees) {
-        QStringList tree;
-        for (const Row& row : rowsOf(name))
-            tree << (row.parentId ? QStringLiteral("%1/%2").arg(row.id).arg(row.parentId) : QString::number(row.id));
-        EXPECT_EQ(tree.join(' ').toStdString(), expected) << name;
-    }
-}
 
 TEST_F(MenuDefinitionsTest, EachScreensRecordsDressItsMenuRowForRow)
 {
@@ -107,7 +84,7 @@ TEST_F(MenuDefinitionsTest, EachScreensRecordsDressItsMenuRowForRow)
             // The video table keeps two records of items its menu does not hold.
             const bool spare = screen == 1 && (record.id == 2016 || record.id == 2017);
             EXPECT_NE(inMenu, spare) << at;
-            if (isDynamic(record)) {
+            if (std::strcmp(record.textId, MENUITEM_DYNAMIC) == 0) {
                 EXPECT_STREQ(record.defaultText, "") << at;
                 EXPECT_EQ(record.slot, nullptr) << at;
                 continue;

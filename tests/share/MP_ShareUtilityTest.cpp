@@ -39,8 +39,7 @@ protected:
         TestEnvironment::SetUp();
         database = MediaDatabase::open(MediaDatabase::defaultFile());
         ASSERT_TRUE(database);
-        media = dataPath(QStringLiteral("a.mp3"));
-        writeFile(media, "ID3 media bytes");
+        media = writeDataFile(QStringLiteral("a.mp3"), "ID3 media bytes");
     }
 
     /** Every captured line as compact JSON (keys sorted), the file's path written "SONG". */
@@ -51,13 +50,6 @@ protected:
             result << QString::fromUtf8(QJsonDocument(line).toJson(QJsonDocument::Compact))
                           .replace(media, QStringLiteral("SONG"));
         return result;
-    }
-
-    static void writeFile(const QString& path, const QByteArray& bytes)
-    {
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
     }
 
     static QByteArray readFile(const QString& path)
@@ -79,7 +71,6 @@ TEST_F(MP_ShareUtilityTest, EverySend_OfAMissingFile_ShowsTheNoticeAndSendsNothi
         send(missing);
         EXPECT_EQ(lines(), QStringList{kMissingNotice});
     }
-    EXPECT_FALSE(QDir(STUFF_Global::getDefaultMMCSDPartition()).exists()) << "nothing was copied";
 }
 
 // Message and blog send the same record but for IsBlog; mail and Bluetooth name the
@@ -137,7 +128,9 @@ TEST_F(MP_ShareUtilityTest, RemovableMedia_CopiesTheBytesOnce_NeverOverWhatHolds
 
     // A file of that name is already on the card: it is not overwritten.
     const QString taken = QStringLiteral(R"({"args":["SONG","%1"],"call":"copy","kind":"file","result":3})").arg(copy);
-    writeFile(copy, "older");
+    QFile older(copy);
+    ASSERT_TRUE(older.open(QIODevice::WriteOnly) && older.write("older") == 5);
+    older.close();
     HostJournal::startCapture();
     MP_ShareUtility::sendToRemovableMedia(media);
     EXPECT_EQ(readFile(copy), QByteArray("older"));
