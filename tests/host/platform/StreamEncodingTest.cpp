@@ -24,10 +24,8 @@ QByteArray encode(const Values&... values)
 TEST(StreamEncodingTest, WritesThePhonesBytes)
 {
     EXPECT_EQ(encode(qint32(0x1048), qint32(1)).toHex(), "0000104800000001");
-    EXPECT_EQ(encode(Q_INT8(-2)).toHex(), "fe");
     // Byte count, then UTF-16 big-endian code units; "Ár" and a CJK character.
     EXPECT_EQ(encode(QString::fromUtf8("\xc3\x81r\xe6\x97\xa5")).toHex(), "0000000600c1007265e5");
-    EXPECT_EQ(encode(QString(QLatin1String(""))).toHex(), "00000000");
     EXPECT_EQ(encode(QString()).toHex(), "ffffffff");
     EXPECT_EQ(encode(QByteArray("\x01\x02", 2)).toHex(), "000000020102");
 }

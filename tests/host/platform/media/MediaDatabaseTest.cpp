@@ -131,32 +131,6 @@ TEST_F(MediaDatabaseTest, StorageLocationSelectsOneStorageBelowTheProfilesNumber
     EXPECT_EQ(onStorage(1), (Ids{2, 3, 5, 1, 4}));
 }
 
-TEST_F(MediaDatabaseTest, CountsAndWindows)
-{
-    Request request = music();
-    request.candidates = {METADATA_CANDIDATE_OBJECT_ID, METADATA_CANDIDATE_FULL_PATH};
-    request.count = 0;
-    const Answer total = search(request);
-    EXPECT_EQ(std::tuple(total.calls, total.count, total.ids.size()), std::tuple(1, 5u, 0));
-
-    const auto window = [&](int start, int count) {
-        request.start = start;
-        request.count = count;
-        return search(request);
-    };
-    const Answer first = window(0, 2);
-    EXPECT_EQ(first.count, 5u);
-    EXPECT_EQ(first.ids, (Ids{2, 3}));
-    EXPECT_EQ(first.texts, QStringList({"/m/aros.mp3", "/m/aurora.mp3"}));
-    EXPECT_EQ(window(3, 10).ids, (Ids{1, 4}));
-    const Answer past = window(5, 10);
-    EXPECT_EQ(std::tuple(past.calls, past.count, past.ids.size()), std::tuple(1, 5u, 0));
-
-    // Another connection's change is seen by the next search.
-    add("/m/new.mp3", "New", "", "", "", "", 0, "", 0);
-    EXPECT_EQ(window(0, 0).count, 6u);
-}
-
 TEST_F(MediaDatabaseTest, AlbumNames)
 {
     const auto albums = [this](Request request) {

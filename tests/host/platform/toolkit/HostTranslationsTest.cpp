@@ -25,7 +25,6 @@ TEST(HostTranslationsLocale, TakesTheLanguageBeforeTerritoryCodesetAndModifier)
     EXPECT_EQ(HostTranslations::languageOfLocale(QStringLiteral("FR.utf8")), QStringLiteral("fr"));
     EXPECT_EQ(HostTranslations::languageOfLocale(QStringLiteral("C.UTF-8")), QString());
     EXPECT_EQ(HostTranslations::languageOfLocale(QStringLiteral("POSIX")), QString());
-    EXPECT_EQ(HostTranslations::languageOfLocale(QString()), QString());
 }
 
 // The languages there are, and German in the menus, are the application's and the menus' tests.
