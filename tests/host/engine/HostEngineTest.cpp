@@ -308,8 +308,8 @@ TEST_F(HostEngineTest, Streams_PlayWithoutEnd_AndMediumTypesFollowThePathOrTheHo
     EXPECT_EQ(takeLog(), Events({"updateConnectionStatus(3)", "updateMetaInfo(news,,,0,0)", "updateTime(0,0)",
                                  "updateBuffering(100)", "updateState(5)", "updateState(1)",
                                  "updateTime(1000,0)", "updateTime(2000,0)"}));
-    EXPECT_EQ(engine->getMediumType(), MP_MEDIUM_STREAM);
-    EXPECT_EQ(engine->getContentType(), MP_CONTENT_VIDEO);
+    EXPECT_EQ(std::pair(engine->getMediumType(), engine->getContentType()),
+              std::pair(int(MP_MEDIUM_STREAM), MP_CONTENT_VIDEO));
 
     engine->setMediumType(MP_MEDIUM_TRANSFER_SESSION);
     EXPECT_EQ(takeLog(), Events({"updateListInfo(-1)"})) << "told again, about no list";

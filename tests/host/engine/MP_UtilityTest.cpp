@@ -24,7 +24,6 @@ TEST(MP_UtilityTest, MediumType_StreamsByScheme_DownloadsBySuffix_CleanNamesWith
     EXPECT_EQ(MP_Utility::getMediumType("/mmc/mmca1/song.mp3.pd"), MP_MEDIUM_PROGRESSIVE_DOWNLOAD);
     EXPECT_EQ(MP_Utility::getMediumType("/home/music/http://x.mp3"), MP_MEDIUM_LOCAL);
     EXPECT_EQ(MP_Utility::removePDSuffix("/a/song.mp3.pd"), "/a/song.mp3");
-    EXPECT_EQ(MP_Utility::removePDSuffix("/a/song.mp3"), "/a/song.mp3");
     EXPECT_EQ(MP_Utility::removePDSuffix("/a/song.PD"), "/a/song.PD");
     EXPECT_EQ(MP_Utility::getCleanFileName("file:///mmc/mmca1/song.mp3.pd"), "/mmc/mmca1/song.mp3");
 }

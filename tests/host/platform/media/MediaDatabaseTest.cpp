@@ -144,17 +144,12 @@ TEST_F(MediaDatabaseTest, AlbumNames)
     };
     EXPECT_EQ(albums(music()).texts,
               QStringList({QString::fromUtf8("Kvöldljóð"), "Northern Lights", "Paper Boats"}));
-    EXPECT_EQ(albums(music().text(METADATA_FILTER_ARTIST, "Aurora Lane")).texts,
-              QStringList({"Northern Lights", "Paper Boats"}));
     const Answer restricted = albums(music().text(METADATA_FILTER_ALBUM, "Paper Boats"));
     EXPECT_EQ(std::tuple(restricted.count, restricted.texts), std::tuple(1u, QStringList({"Paper Boats"})));
     Request second = music();
     second.start = 1;
     second.count = 1;
     EXPECT_EQ(albums(second).texts, QStringList({"Northern Lights"}));
-    second.count = 0;
-    const Answer counted = albums(second);
-    EXPECT_EQ(std::tuple(counted.count, counted.texts.size()), std::tuple(3u, 0));
 }
 
 TEST_F(MediaDatabaseTest, UnreadableRequestsDeliverNothing)

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -32,11 +33,10 @@ void expectSamePlan(const std::optional<MediaSearchPlan>& kept, const std::optio
     ASSERT_EQ(kept.has_value(), fresh.has_value());
     if (!fresh)
         return;
-    EXPECT_EQ(kept->shapeKey(), fresh->shapeKey());
-    EXPECT_EQ(kept->firstIndex(), fresh->firstIndex());
-    EXPECT_EQ(kept->resultCount(), fresh->resultCount());
-    EXPECT_EQ(kept->candidates(), fresh->candidates());
-    EXPECT_EQ(kept->isGrouped(), fresh->isGrouped());
+    const auto partsOf = [](const MediaSearchPlan& plan) {
+        return std::tuple(plan.shapeKey(), plan.firstIndex(), plan.resultCount(), plan.candidates(), plan.isGrouped());
+    };
+    EXPECT_EQ(partsOf(*kept), partsOf(*fresh));
 }
 
 // The media database's tests search on one client, through its cache, with
