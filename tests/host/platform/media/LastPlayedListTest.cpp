@@ -84,21 +84,16 @@ TEST_F(LastPlayedListTest, DatabaseLockedByAnotherProgram_SaveFailsAndTheJournal
     freeLastPlayedList(&read);
 }
 
-// The last played song: kept for a later reader, journaled like every
-// metadata write (ReadOnlyDataFolderTest: refused where nothing may be written).
-TEST_F(LastPlayedListTest, LastPlayedSong_ANewSaveReplacesTheEarlierAndIsJournaled)
+// The last played song: that a new save replaces the earlier is the log's test of missing songs,
+// its journal the media browser client's, its refusal the read-only folder's.
+TEST_F(LastPlayedListTest, LastPlayedSong_AUtf8PathStaysWhole_ACallWithoutAPathWritesNothing)
 {
-    const auto stored = [] { return MediaDatabase::open(MediaDatabase::defaultFile())->lastPlayedSong(); };
-    EXPECT_FALSE(stored()) << "none before the first save";
-    EXPECT_EQ(saveLastPlayedSong("/m/first.mp3", 4), 1);
     // UTF-8, as every path the database holds: a name outside Latin-1 stays whole.
-    EXPECT_EQ(saveLastPlayedSong("/m/02 \xce\xa9 caf\xc3\xa9.wav", 0), 1);
+    EXPECT_EQ(saveLastPlayedSong("/m/02 \xce\xa9 caf\xc3\xa9.wav", 4), 1);
     EXPECT_EQ(saveLastPlayedSong(nullptr, 2), 0);
 
-    const MediaLastPlayedSong song = stored().value_or(MediaLastPlayedSong());
-    EXPECT_EQ(std::tuple(song.path.toStdString(), song.position), std::tuple("/m/02 \u03a9 caf\u00e9.wav", 0));
-    EXPECT_EQ(journalArgs("metadata", "saveLastPlayedSong"),
-              (QList<QJsonArray>{{"/m/first.mp3", 4},
-                                 {QString::fromUtf8("/m/02 \xce\xa9 caf\xc3\xa9.wav"), 0}}))
-        << "a call without a path writes nothing";
+    const MediaLastPlayedSong song =
+        MediaDatabase::open(MediaDatabase::defaultFile())->lastPlayedSong().value_or(MediaLastPlayedSong());
+    EXPECT_EQ(std::tuple(song.path.toStdString(), song.position), std::tuple("/m/02 \u03a9 caf\u00e9.wav", 4));
+    EXPECT_EQ(journalArgs("metadata", "saveLastPlayedSong").size(), 1);
 }

@@ -228,10 +228,3 @@ TEST_F(MediaDatabaseTest, TransactionsRollBackUnlessCommitted)
     }
     EXPECT_TRUE(m_database->beginTransactionWithoutWaiting()->isActive());
 }
-
-TEST_F(MediaDatabaseTest, RemovingAnObjectRemovesItsMemberships)
-{
-    EXPECT_TRUE(m_database->removeMedia(1));
-    EXPECT_EQ(m_database->groupMembers(m_playList), (QList<quint32>{4, 3}));
-    EXPECT_EQ(ids(groupList(METADATA_LIST_HISTORY_GROUP, 2)), Ids{});
-}
