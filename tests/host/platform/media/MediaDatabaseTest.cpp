@@ -131,27 +131,6 @@ TEST_F(MediaDatabaseTest, StorageLocationSelectsOneStorageBelowTheProfilesNumber
     EXPECT_EQ(onStorage(1), (Ids{2, 3, 5, 1, 4}));
 }
 
-TEST_F(MediaDatabaseTest, AlbumNames)
-{
-    const auto albums = [this](Request request) {
-        request.grouping = 1;
-        request.any(METADATA_FILTER_ALBUM);
-        request.sort = {{METADATA_SORT_ALBUM, METADATA_SORT_ASCENDING}};
-        request.candidates = {METADATA_CANDIDATE_ALBUM};
-        const Answer answer = search(request);
-        EXPECT_EQ(answer.result, 0);
-        return answer;
-    };
-    EXPECT_EQ(albums(music()).texts,
-              QStringList({QString::fromUtf8("Kvöldljóð"), "Northern Lights", "Paper Boats"}));
-    const Answer restricted = albums(music().text(METADATA_FILTER_ALBUM, "Paper Boats"));
-    EXPECT_EQ(std::tuple(restricted.count, restricted.texts), std::tuple(1u, QStringList({"Paper Boats"})));
-    Request second = music();
-    second.start = 1;
-    second.count = 1;
-    EXPECT_EQ(albums(second).texts, QStringList({"Northern Lights"}));
-}
-
 TEST_F(MediaDatabaseTest, UnreadableRequestsDeliverNothing)
 {
     const std::pair<const char*, std::function<void(Request&)>> bad[] = {
