@@ -39,10 +39,10 @@ void expectSamePlan(const std::optional<MediaSearchPlan>& kept, const std::optio
     EXPECT_EQ(partsOf(*kept), partsOf(*fresh));
 }
 
-// The media database's tests search on one client, through its cache, with
-// requests that differ in their list, filters, storage, sort, grouping,
-// candidates and window, and with refused ones: these are the differences
-// they do not send.
+// The media database's and the search accessor's tests search on one client,
+// through its cache, with requests that differ in their list, filters,
+// storage, sort, grouping, candidates and window, and with refused ones:
+// these are the differences they do not send.
 TEST(MediaSearchPlanCacheTest, EveryRequestGetsThePlanOfItsOwnWordsWhateverWasReadBefore)
 {
     const std::vector<std::pair<const char*, std::function<void(Words&)>>> variants = {
