@@ -1,29 +1,26 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <cstdlib>
 
 #include "host/engine/HostEngineConsole.h"
 
 namespace {
 
-// Everything written to a temporary stream so far.
-QByteArray contentsOf(FILE* stream)
-{
-    std::fflush(stream);
-    const long size = std::ftell(stream);
-    QByteArray text(int(size), '\0');
-    std::rewind(stream);
-    const size_t read = std::fread(text.data(), 1, size_t(size), stream);
-    text.truncate(int(read));
-    return text;
-}
-
-struct TempStream {
-    FILE* file = std::tmpfile();
-    ~TempStream()
+// A stream into memory, as the console's terminal or log file.
+struct MemoryStream {
+    char* buffer = nullptr;
+    size_t size = 0;
+    FILE* file = open_memstream(&buffer, &size);
+    ~MemoryStream()
     {
-        if (file)
-            std::fclose(file);
+        std::fclose(file);
+        std::free(buffer);
+    }
+    QByteArray text()
+    {
+        std::fflush(file);
+        return QByteArray(buffer, qsizetype(size));
     }
 };
 
@@ -31,8 +28,7 @@ struct TempStream {
 
 TEST(HostEngineConsoleTest, Log_PrintsTimeOnlyWithNewItemsAndStateChanges)
 {
-    TempStream stream;
-    ASSERT_TRUE(stream.file);
+    MemoryStream stream;
     HostEngineConsole console(stream.file, false);
     console.mediaLoaded("Night Drive", "Aurora Lane", "Coastlines", "/m/night.mp3", 0, 10000);
     console.stateChanged(MP_STATE_STOPPED, QString(), 0, 10000);
@@ -43,7 +39,7 @@ TEST(HostEngineConsoleTest, Log_PrintsTimeOnlyWithNewItemsAndStateChanges)
     console.mediaLoaded("clip", QString(), QString(), "/m/clip.3gp", 0, 10000);
     console.stateChanged(MP_STATE_ERROR, "gone cannot be played.", 0, 0);
 
-    EXPECT_EQ(QString::fromLocal8Bit(contentsOf(stream.file)),
+    EXPECT_EQ(QString::fromLocal8Bit(stream.text()),
               QString("Playing: Night Drive — Aurora Lane (Coastlines)  [/m/night.mp3]\n"
                       "0:00 / 0:10\n"
                       "State: stopped\n"
@@ -57,14 +53,13 @@ TEST(HostEngineConsoleTest, Log_PrintsTimeOnlyWithNewItemsAndStateChanges)
 
 TEST(HostEngineConsoleTest, Terminal_RewritesTheTimeLineInPlace)
 {
-    TempStream stream;
-    ASSERT_TRUE(stream.file);
+    MemoryStream stream;
     HostEngineConsole console(stream.file, true);
     console.mediaLoaded("Song", "Band", QString(), "/m/s.mp3", 0, 3600000);
     console.timeChanged(1000, 3600000);
     console.stateChanged(MP_STATE_PAUSED, QString(), 1000, 3600000);
 
-    EXPECT_EQ(contentsOf(stream.file), QByteArray("Playing: Song — Band  [/m/s.mp3]\n"
+    EXPECT_EQ(stream.text(), QByteArray("Playing: Song — Band  [/m/s.mp3]\n"
                                                   "\r0:00 / 1:00:00"
                                                   "\r0:01 / 1:00:00"
                                                   "\nState: paused\n"

@@ -30,7 +30,6 @@ TEST(HostPicturePathTest, PlainImagesAtAnXDisplay_UnlessTheUserChoseOrThereIsNon
         {{{"DISPLAY", ":0"}}, true, plain},
         {{{"QT_QPA_PLATFORM", "xcb:nomitshm"}}, true, plain},
         {{}, false, ""},
-        {{{"DISPLAY", ":0"}, {"QT_QPA_PLATFORM", "offscreen"}}, false, ""},
         {{{"DISPLAY", ":0"}, {"QT_QPA_PLATFORM", "wayland;xcb"}}, false, ""},
         {{{"DISPLAY", ":0"}, {"QT_XCB_GL_INTEGRATION", "xcb_egl"}}, false,
          "left to QT_XCB_GL_INTEGRATION=xcb_egl, as the environment sets it"},

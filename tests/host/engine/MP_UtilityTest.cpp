@@ -22,13 +22,10 @@ TEST(MP_UtilityTest, MediumType_StreamsByScheme_DownloadsBySuffix_CleanNamesWith
     EXPECT_EQ(MP_Utility::getMediumType("http://radio.test/live.mp3"), MP_MEDIUM_STREAM);
     EXPECT_EQ(MP_Utility::getMediumType("RTSP://radio.test/clip.3gp"), MP_MEDIUM_STREAM);
     EXPECT_EQ(MP_Utility::getMediumType("/mmc/mmca1/song.mp3.pd"), MP_MEDIUM_PROGRESSIVE_DOWNLOAD);
-    EXPECT_EQ(MP_Utility::getMediumType("/home/music/song.mp3"), MP_MEDIUM_LOCAL);
     EXPECT_EQ(MP_Utility::getMediumType("/home/music/http://x.mp3"), MP_MEDIUM_LOCAL);
     EXPECT_EQ(MP_Utility::removePDSuffix("/a/song.mp3.pd"), "/a/song.mp3");
-    EXPECT_EQ(MP_Utility::removePDSuffix("/a/song.mp3"), "/a/song.mp3");
     EXPECT_EQ(MP_Utility::removePDSuffix("/a/song.PD"), "/a/song.PD");
     EXPECT_EQ(MP_Utility::getCleanFileName("file:///mmc/mmca1/song.mp3.pd"), "/mmc/mmca1/song.mp3");
-    EXPECT_EQ(MP_Utility::getCleanFileName("/mmc/mmca1/clip.3gp"), "/mmc/mmca1/clip.3gp");
 }
 
 class MP_UtilityCardTest : public TestEnvironment {};

@@ -33,12 +33,11 @@ TEST_F(QCopChannelTest, Send_DeliversThroughTheEventLoopToEveryListenerStillTher
     EXPECT_FALSE(QCopChannel::isRegistered("/MP/Gone"));
 
     processEvents();
-    EXPECT_EQ(QList<qsizetype>({firstSpy.count(), secondSpy.count(), otherSpy.count(), goneCalls}),
-              QList<qsizetype>({2, 2, 0, 0}));
-    ASSERT_EQ(firstSpy.count(), 2);
-    EXPECT_EQ(firstSpy.at(0).at(0).toByteArray(), QByteArray("ping(int)"));
-    EXPECT_EQ(firstSpy.at(0).at(1).toByteArray().toHex(), "00000005");
-    EXPECT_EQ(firstSpy.at(1).at(1).toByteArray(), QByteArray()) << "no data arrives as an empty payload";
+    EXPECT_EQ(QList<qsizetype>({secondSpy.count(), otherSpy.count(), goneCalls}), QList<qsizetype>({2, 0, 0}));
+    QStringList heard;
+    for (const QList<QVariant>& call : firstSpy)
+        heard << call.at(0).toByteArray() + ' ' + call.at(1).toByteArray().toHex();
+    EXPECT_EQ(heard, QStringList({"ping(int) 00000005", "/MP/Idle/Req/Play "})) << "no data: an empty payload";
     EXPECT_EQ(journal().size(), 3);
 }
 

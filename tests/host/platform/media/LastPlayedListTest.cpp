@@ -33,13 +33,12 @@ TEST_F(LastPlayedListTest, SaveGetFree_RoundTripsNullAndUtf8Strings_ANewSaveRepl
     ASSERT_NE(saveLastPlayedList(&saved), 0);
 
     ASSERT_NE(getLastPlayedList(&read), 0);
-    EXPECT_STREQ(read.artist, "Bj\xc3\xb6rk");
-    EXPECT_STREQ(read.genre, "Folk");
-    EXPECT_TRUE(!read.album && !read.composer);
-    // listType, artistLength, genreLength, albumLength, groupObjectId, storageLocation, firstIndex
-    EXPECT_EQ(std::tuple(read.listType, read.artistLength, read.genreLength, read.albumLength, read.groupObjectId,
-                         read.storageLocation, read.firstIndex),
-              std::tuple(6, 6, 4, 0, uint32_t(-1), 1, 3));
+    // Artist, genre, whether album and composer are null; listType, artistLength, genreLength, albumLength,
+    // groupObjectId, storageLocation, firstIndex.
+    EXPECT_EQ(std::tuple(QByteArray(read.artist), QByteArray(read.genre), !read.album && !read.composer,
+                         read.listType, read.artistLength, read.genreLength, read.albumLength,
+                         read.groupObjectId, read.storageLocation, read.firstIndex),
+              std::tuple("Bj\xc3\xb6rk", "Folk", true, 6, 6, 4, 0, uint32_t(-1), 1, 3));
     freeLastPlayedList(&read);
     EXPECT_TRUE(!read.artist && !read.genre);
     freeLastPlayedList(&read);             // twice is harmless
@@ -56,8 +55,8 @@ TEST_F(LastPlayedListTest, SaveGetFree_RoundTripsNullAndUtf8Strings_ANewSaveRepl
     ASSERT_TRUE(later);
     const std::optional<MediaLastPlayedList> stored = later->lastPlayedList();
     ASSERT_TRUE(stored);
-    EXPECT_FALSE(stored->artist);
-    EXPECT_EQ(std::tuple(stored->listType, stored->groupId, stored->firstIndex), std::tuple(0, 12u, 4));
+    EXPECT_EQ(std::tuple(bool(stored->artist), stored->listType, stored->groupId, stored->firstIndex),
+              std::tuple(false, 0, 12u, 4));
 }
 
 TEST_F(LastPlayedListTest, DatabaseLockedByAnotherProgram_SaveFailsAndTheJournalSaysSo)
@@ -84,21 +83,16 @@ TEST_F(LastPlayedListTest, DatabaseLockedByAnotherProgram_SaveFailsAndTheJournal
     freeLastPlayedList(&read);
 }
 
-// The last played song: kept for a later reader, journaled like every
-// metadata write (ReadOnlyDataFolderTest: refused where nothing may be written).
-TEST_F(LastPlayedListTest, LastPlayedSong_ANewSaveReplacesTheEarlierAndIsJournaled)
+// The last played song: that a new save replaces the earlier is the log's test of missing songs,
+// its journal the media browser client's, its refusal the read-only folder's.
+TEST_F(LastPlayedListTest, LastPlayedSong_AUtf8PathStaysWhole_ACallWithoutAPathWritesNothing)
 {
-    const auto stored = [] { return MediaDatabase::open(MediaDatabase::defaultFile())->lastPlayedSong(); };
-    EXPECT_FALSE(stored()) << "none before the first save";
-    EXPECT_EQ(saveLastPlayedSong("/m/first.mp3", 4), 1);
     // UTF-8, as every path the database holds: a name outside Latin-1 stays whole.
-    EXPECT_EQ(saveLastPlayedSong("/m/02 \xce\xa9 caf\xc3\xa9.wav", 0), 1);
+    EXPECT_EQ(saveLastPlayedSong("/m/02 \xce\xa9 caf\xc3\xa9.wav", 4), 1);
     EXPECT_EQ(saveLastPlayedSong(nullptr, 2), 0);
 
-    const MediaLastPlayedSong song = stored().value_or(MediaLastPlayedSong());
-    EXPECT_EQ(std::tuple(song.path.toStdString(), song.position), std::tuple("/m/02 \u03a9 caf\u00e9.wav", 0));
-    EXPECT_EQ(journalArgs("metadata", "saveLastPlayedSong"),
-              (QList<QJsonArray>{{"/m/first.mp3", 4},
-                                 {QString::fromUtf8("/m/02 \xce\xa9 caf\xc3\xa9.wav"), 0}}))
-        << "a call without a path writes nothing";
+    const MediaLastPlayedSong song =
+        MediaDatabase::open(MediaDatabase::defaultFile())->lastPlayedSong().value_or(MediaLastPlayedSong());
+    EXPECT_EQ(std::tuple(song.path.toStdString(), song.position), std::tuple("/m/02 \u03a9 caf\u00e9.wav", 4));
+    EXPECT_EQ(journalArgs("metadata", "saveLastPlayedSong").size(), 1);
 }

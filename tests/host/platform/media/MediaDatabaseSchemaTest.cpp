@@ -98,10 +98,10 @@ TEST_F(MediaDatabaseSchemaTest, AFirstVersionDatabaseIsUpgradedWithItsRows)
                            QString::number(rain.track), QString::number(rain.fileModified)}),
               QStringList({"/m/rain.mp3", "Rain", "Aurora Lane", QString::fromUtf8("Kvöldljóð"), "2003-03-14",
                            "2", "1600000000000"}));
-    EXPECT_EQ(database->mediaById(2)->kind, MediaKind::Video);
-    EXPECT_EQ(database->groupBySource("/m/Evening.m3u")->id, 4u);
-    EXPECT_EQ(database->groupMembers(4), QList<quint32>{1});
-    EXPECT_EQ(database->lastPlayedList().value_or(MediaLastPlayedList()).groupId, 4u);
+    // The clip's kind, the play list's group and member, the last-played list's group.
+    EXPECT_EQ(std::tuple(database->mediaById(2)->kind, database->groupBySource("/m/Evening.m3u")->id,
+                         database->groupMembers(4), database->lastPlayedList().value_or(MediaLastPlayedList()).groupId),
+              std::tuple(MediaKind::Video, 4u, QList<quint32>{1}, 4u));
 
     // The upgrade's change log starts at 0 and follows the writes after it.
     EXPECT_EQ(database->latestChange(), 0);

@@ -131,58 +131,6 @@ TEST_F(MediaDatabaseTest, StorageLocationSelectsOneStorageBelowTheProfilesNumber
     EXPECT_EQ(onStorage(1), (Ids{2, 3, 5, 1, 4}));
 }
 
-TEST_F(MediaDatabaseTest, CountsAndWindows)
-{
-    Request request = music();
-    request.candidates = {METADATA_CANDIDATE_OBJECT_ID, METADATA_CANDIDATE_FULL_PATH};
-    request.count = 0;
-    const Answer total = search(request);
-    EXPECT_EQ(std::tuple(total.calls, total.count, total.ids.size()), std::tuple(1, 5u, 0));
-
-    const auto window = [&](int start, int count) {
-        request.start = start;
-        request.count = count;
-        return search(request);
-    };
-    const Answer first = window(0, 2);
-    EXPECT_EQ(first.count, 5u);
-    EXPECT_EQ(first.ids, (Ids{2, 3}));
-    EXPECT_EQ(first.texts, QStringList({"/m/aros.mp3", "/m/aurora.mp3"}));
-    EXPECT_EQ(window(3, 10).ids, (Ids{1, 4}));
-    const Answer past = window(5, 10);
-    EXPECT_EQ(std::tuple(past.calls, past.count, past.ids.size()), std::tuple(1, 5u, 0));
-
-    // Another connection's change is seen by the next search.
-    add("/m/new.mp3", "New", "", "", "", "", 0, "", 0);
-    EXPECT_EQ(window(0, 0).count, 6u);
-}
-
-TEST_F(MediaDatabaseTest, AlbumNames)
-{
-    const auto albums = [this](Request request) {
-        request.grouping = 1;
-        request.any(METADATA_FILTER_ALBUM);
-        request.sort = {{METADATA_SORT_ALBUM, METADATA_SORT_ASCENDING}};
-        request.candidates = {METADATA_CANDIDATE_ALBUM};
-        const Answer answer = search(request);
-        EXPECT_EQ(answer.result, 0);
-        return answer;
-    };
-    EXPECT_EQ(albums(music()).texts,
-              QStringList({QString::fromUtf8("Kvöldljóð"), "Northern Lights", "Paper Boats"}));
-    EXPECT_EQ(albums(music().text(METADATA_FILTER_ARTIST, "Aurora Lane")).texts,
-              QStringList({"Northern Lights", "Paper Boats"}));
-    const Answer restricted = albums(music().text(METADATA_FILTER_ALBUM, "Paper Boats"));
-    EXPECT_EQ(std::tuple(restricted.count, restricted.texts), std::tuple(1u, QStringList({"Paper Boats"})));
-    Request second = music();
-    second.start = 1;
-    second.count = 1;
-    EXPECT_EQ(albums(second).texts, QStringList({"Northern Lights"}));
-    second.count = 0;
-    const Answer counted = albums(second);
-    EXPECT_EQ(std::tuple(counted.count, counted.texts.size()), std::tuple(3u, 0));
-}
-
 TEST_F(MediaDatabaseTest, UnreadableRequestsDeliverNothing)
 {
     const std::pair<const char*, std::function<void(Request&)>> bad[] = {
@@ -258,11 +206,4 @@ TEST_F(MediaDatabaseTest, TransactionsRollBackUnlessCommitted)
         EXPECT_FALSE(m_database->beginTransactionWithoutWaiting()->isActive());
     }
     EXPECT_TRUE(m_database->beginTransactionWithoutWaiting()->isActive());
-}
-
-TEST_F(MediaDatabaseTest, RemovingAnObjectRemovesItsMemberships)
-{
-    EXPECT_TRUE(m_database->removeMedia(1));
-    EXPECT_EQ(m_database->groupMembers(m_playList), (QList<quint32>{4, 3}));
-    EXPECT_EQ(ids(groupList(METADATA_LIST_HISTORY_GROUP, 2)), Ids{});
 }

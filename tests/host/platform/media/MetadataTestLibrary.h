@@ -71,27 +71,21 @@ inline LastPlayedListRecord lastPlayedRecord(int firstIndex = -1)
     return record;
 }
 
-/** What a search answered: the callback's calls, the count, and the fields of its entries. */
+/** What a search answered: the callback's calls and the object ids of its entries. */
 struct SearchAnswer {
     int result = -1;
     int calls = 0;
-    uint32_t count = 0;
     QList<quint32> ids;
-    QStringList texts;     // every text value, in order
 
     static void collect(void* userData, MetadataSearchMediaResponse* response)
     {
         SearchAnswer& answer = *static_cast<SearchAnswer*>(userData);
         ++answer.calls;
-        answer.count = response->count;
         for (uint32_t i = 0; i < response->actualNum; ++i) {
             const MetadataMediaInfo& info = response->mediaInfo[i];
             for (int32_t f = 0; f < info.fieldCount; ++f) {
-                const MetadataMediaField& field = info.fields[f];
-                if (field.type == METADATA_CANDIDATE_OBJECT_ID)
-                    answer.ids.append(field.value.number);
-                else
-                    answer.texts.append(QString::fromUtf8(field.value.text, int(field.valueLength) - 1));
+                if (info.fields[f].type == METADATA_CANDIDATE_OBJECT_ID)
+                    answer.ids.append(info.fields[f].value.number);
             }
         }
     }

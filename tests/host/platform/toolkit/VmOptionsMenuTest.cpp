@@ -4,6 +4,8 @@
 #include <QSignalSpy>
 #include <QSpinBox>
 
+#include <tuple>
+
 #include "platform/VmKbMainWidget.h"
 #include "platform/VmSoftKey.h"
 #include "tests/support/SampleMenuParser.h"
@@ -30,9 +32,8 @@ TEST_F(VmOptionsMenuTest, SetMenu_BuildsTheTreeInMenuOrderAndDropsItemsWithoutAP
 {
     // A submenu's items follow its head, in the order the parser listed them.
     EXPECT_EQ(menu->itemIds(), (QList<int>{10, 20, 21, 22, 30}));
-    EXPECT_EQ(menu->itemParent(22), 20);
-    EXPECT_EQ(menu->itemParent(30), 0);
-    EXPECT_EQ(menu->itemParent(40), -1);
+    EXPECT_EQ(QList<int>({menu->itemParent(22), menu->itemParent(30), menu->itemParent(40)}),
+              QList<int>({20, 0, -1}));
     EXPECT_EQ(menu->qmenu()->actions().size(), 3);
 
     EXPECT_TRUE(menu->changeItem(22, "Card"));
@@ -41,9 +42,8 @@ TEST_F(VmOptionsMenuTest, SetMenu_BuildsTheTreeInMenuOrderAndDropsItemsWithoutAP
 
     // A second menu replaces the first; an unknown name leaves it empty.
     menu->setMenu(&parser, QStringLiteral("Sample"));
-    EXPECT_TRUE(menu->itemIds().isEmpty());
-    EXPECT_TRUE(menu->qmenu()->actions().isEmpty());
-    EXPECT_FALSE(menu->hasItem(10));
+    EXPECT_EQ(std::tuple(menu->itemIds().size(), menu->qmenu()->actions().size(), menu->hasItem(10)),
+              std::tuple(0, 0, false));
 }
 
 TEST_F(VmOptionsMenuTest, ChooseItem_RunsTheConnectedSlotOnlyForReachableCommands)
@@ -64,12 +64,11 @@ TEST_F(VmOptionsMenuTest, ChooseItem_RunsTheConnectedSlotOnlyForReachableCommand
 
     menu->setItemVisible(30, false);
     menu->setItemEnabled(10, false);
-    EXPECT_FALSE(menu->chooseItem(30)) << "hidden";
-    EXPECT_FALSE(menu->chooseItem(10)) << "disabled";
-    EXPECT_FALSE(menu->chooseItem(20)) << "a submenu head only opens its submenu";
-    EXPECT_FALSE(menu->chooseItem(40)) << "unknown";
+    // Hidden, disabled, a submenu head (it only opens its submenu), unknown; then under a hidden head.
+    QList<bool> chosen{menu->chooseItem(30), menu->chooseItem(10), menu->chooseItem(20), menu->chooseItem(40)};
     menu->setItemVisible(20, false);
-    EXPECT_FALSE(menu->chooseItem(21)) << "under a hidden head";
+    chosen << menu->chooseItem(21);
+    EXPECT_EQ(chosen, QList<bool>(5, false));
     EXPECT_EQ(counter.value(), 1);
 }
 
