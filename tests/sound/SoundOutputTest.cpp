@@ -15,7 +15,6 @@
 #include <functional>
 #include <memory>
 
-#include "clients/MP_PlayerListener.h"
 #include "host/engine/HostEngine.h"
 #include "host/engine/HostOutputChoice.h"
 #include "host/tools/samplegen/WavSynth.h"
@@ -33,20 +32,6 @@ constexpr int kSongSeconds = 2;
 constexpr int kPauseMs = 600;
 
 PulseServer* server = nullptr; // made by main() before Qt reads the sound setup
-
-class StateWatch : public MP_PlayerListener {
-public:
-    void updateState(MP_PLAYER_STATE s) override { state = s; }
-    void updateTime(int elapsed, int) override { time = elapsed; }
-    void updateBuffering(int) override {}
-    void updateDownloadProgress(int, int) override {}
-    void updateDownloadComplete() override {}
-    void updateMetaInfo(const QString&, const QString&, const QString&, QByteArray, bool) override {}
-    void updateConnectionStatus(int) override {}
-
-    MP_PLAYER_STATE state = MP_STATE_NONE;
-    int time = 0;
-};
 
 bool waitFor(const std::function<bool()>& condition)
 {
@@ -69,25 +54,12 @@ QString writeTone(const QTemporaryDir& folder, const QString& name, int frequenc
     return file.fileName();
 }
 
-// The runs of sounding and silent 10 ms blocks, from the first sounding one.
-struct Stretch {
-    bool sounds;
-    int firstBlock;
-    int blocks;
-};
-
-std::vector<Stretch> stretchesOf(const SinkRecording& recording)
+int soundingMs(const std::vector<SinkRecording::Stretch>& runs)
 {
-    std::vector<Stretch> runs;
-    for (int block = 0; block < recording.blockCount(); ++block) {
-        const bool sounds = recording.blockSounds(block);
-        if (runs.empty() && !sounds)
-            continue;
-        if (runs.empty() || runs.back().sounds != sounds)
-            runs.push_back({sounds, block, 0});
-        ++runs.back().blocks;
-    }
-    return runs;
+    int sounding = 0;
+    for (const SinkRecording::Stretch& run : runs)
+        sounding += run.sounds ? run.ms() : 0;
+    return sounding;
 }
 
 class SoundOutputTest : public ::testing::Test {
@@ -102,7 +74,6 @@ protected:
         HostOutputChoice::setKind(HostOutputKind::Media);
         engine = std::make_unique<HostEngine>(true, MP_LAUNCH_TYPE(0));
         ASSERT_STREQ(engine->output().name(), "media");
-        engine->addPlayerListener(&watch);
         list = std::make_unique<PathList>(paths);
         engine->setPlayList(list.get());
         engine->autoPlay(false);
@@ -111,16 +82,16 @@ protected:
     /** Waits for the list's end, and for what the sink still holds of it and a quarter second of quiet after it. */
     void awaitTheEnd()
     {
-        ASSERT_TRUE(waitFor([&] { return watch.state == MP_STATE_FINISHED; })) << "the list never ended";
+        ASSERT_TRUE(waitFor([&] { return engine->control().getState() == MP_STATE_FINISHED; }))
+            << "the list never ended";
         const int endedAt = recording.sampleCount();
         ASSERT_TRUE(waitFor([&] { return recording.sampleCount() >= endedAt + SinkRecording::kRate / 2; }));
     }
 
     QTemporaryDir songs;
     SinkRecording recording{server->address(), QString::fromLatin1(PulseServer::kSink)};
-    StateWatch watch;
     std::unique_ptr<PathList> list;
-    std::unique_ptr<HostEngine> engine;  ///< goes before the list and the listener it holds
+    std::unique_ptr<HostEngine> engine;  ///< goes before the list it holds
 };
 
 TEST_F(SoundOutputTest, PlaysTheListPausesSilentlyAndStepsToTheNextTone)
@@ -128,43 +99,36 @@ TEST_F(SoundOutputTest, PlaysTheListPausesSilentlyAndStepsToTheNextTone)
     ASSERT_NO_FATAL_FAILURE(play({writeTone(songs, "low.wav", kFirstTone), writeTone(songs, "high.wav", kSecondTone)}));
 
     // Half way into the first song: pause, for a stretch of recorded time.
-    ASSERT_TRUE(waitFor([&] { return watch.time >= 1000; }));
+    ASSERT_TRUE(waitFor([&] { return engine->position() >= 1000; }));
     engine->getPlayerControl()->pause();
     const int pausedAt = recording.sampleCount();
     ASSERT_TRUE(waitFor([&] { return recording.sampleCount() >= pausedAt + kPauseMs * SinkRecording::kRate / 1000; }));
-    EXPECT_EQ(watch.state, MP_STATE_PAUSED);
+    EXPECT_EQ(engine->control().getState(), MP_STATE_PAUSED);
     engine->getPlayerControl()->play();
     ASSERT_NO_FATAL_FAILURE(awaitTheEnd());
     EXPECT_EQ(list->current, 1);
 
-    const std::vector<Stretch> runs = stretchesOf(recording);
+    const std::vector<SinkRecording::Stretch> runs = recording.stretches();
     ASSERT_GE(runs.size(), 3u) << "sound, the pause's silence, sound";
-    int sounding = 0;
-    int longestSilence = 0;
-    int gaps = 0;
-    std::string stretches;
-    for (const Stretch& run : runs) {
-        sounding += run.sounds ? run.blocks : 0;
-        // A silence after the last sound is the end, not a gap.
-        if (!run.sounds && &run != &runs.back()) {
-            longestSilence = std::max(longestSilence, run.blocks);
-            gaps += run.blocks * 10 > 300 ? 1 : 0;
-        }
-        stretches += (run.sounds ? " sound " : " silence ") + std::to_string(run.blocks * 10) + " ms";
-    }
     // Both songs whole: 4 s of sound within 10%, resumed where it paused.
-    EXPECT_NEAR(sounding * 10, 2 * kSongSeconds * 1000, 2 * kSongSeconds * 100);
-    // Paused: silent within 100 ms of the pause, until it plays again.
-    EXPECT_GE(longestSilence * 10, kPauseMs - 100 - 100);
-    // The first song's tone first, the second's last; between them no
-    // silence but the pause's.
-    const int firstSound = runs.front().firstBlock * SinkRecording::kBlock;
-    const Stretch& lastSound = runs.back().sounds ? runs.back() : runs.at(runs.size() - 2);
-    const int lastSoundEnd = (lastSound.firstBlock + lastSound.blocks) * SinkRecording::kBlock;
+    EXPECT_NEAR(soundingMs(runs), 2 * kSongSeconds * 1000, 2 * kSongSeconds * 100);
+    // Between the songs no silence but the pause's (a silence after the last
+    // sound is the end), and that from within 100 ms of the pause on.
+    std::vector<int> gaps;
+    std::string stretches;
+    for (const SinkRecording::Stretch& run : runs) {
+        if (!run.sounds && &run != &runs.back() && run.ms() > 300)
+            gaps.push_back(run.ms());
+        stretches += (run.sounds ? " sound " : " silence ") + std::to_string(run.ms()) + " ms";
+    }
+    ASSERT_EQ(gaps.size(), 1u) << "only the pause is silent for more than 300 ms:" << stretches;
+    EXPECT_GE(gaps.front(), kPauseMs - 100 - 100) << stretches;
+    // The first song's tone first, the second's last.
+    const int firstSound = runs.front().from;
+    const int lastSoundEnd = (runs.back().sounds ? runs.back() : runs.at(runs.size() - 2)).to;
     const int half = SinkRecording::kRate / 2;
     EXPECT_NEAR(recording.dominantFrequency(firstSound + half / 5, firstSound + half), kFirstTone, 5);
     EXPECT_NEAR(recording.dominantFrequency(lastSoundEnd - half, lastSoundEnd - half / 5), kSecondTone, 5);
-    EXPECT_EQ(gaps, 1) << "only the pause is silent for more than 300 ms:" << stretches;
 }
 
 // A seek forward while playing: the song sounds until the seek, then from the
@@ -176,17 +140,15 @@ TEST_F(SoundOutputTest, SeekSkipsAheadAndTheRestSoundsToTheEnd)
     constexpr int kSeekAfterMs = 800;
     constexpr int kSeekMs = 1500;
     ASSERT_NO_FATAL_FAILURE(play({writeTone(songs, "long.wav", kFirstTone, kSeconds)}));
-    ASSERT_TRUE(waitFor([&] { return watch.time >= kSeekAfterMs; }));
-    const int seekFrom = watch.time;
+    ASSERT_TRUE(waitFor([&] { return engine->position() >= kSeekAfterMs; }));
+    const int seekFrom = engine->position();
     engine->getPlayerControl()->seek(kSeekMs);
     engine->getPlayerControl()->seekFinished();
     ASSERT_NO_FATAL_FAILURE(awaitTheEnd());
 
-    int sounding = 0;
-    for (const Stretch& run : stretchesOf(recording))
-        sounding += run.sounds ? run.blocks * 10 : 0;
     // Heard: the song less what the seek skipped (within 250 ms).
-    EXPECT_NEAR(sounding, kSeconds * 1000 - kSeekMs, 250) << "seek asked at " << seekFrom << " ms";
+    EXPECT_NEAR(soundingMs(recording.stretches()), kSeconds * 1000 - kSeekMs, 250)
+        << "seek asked at " << seekFrom << " ms";
 }
 
 } // namespace
