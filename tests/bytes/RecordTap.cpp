@@ -16,7 +16,6 @@
 #include <cstdlib>
 #include <cstring>
 #include <string>
-#include <vector>
 
 #include "platform/Metadata.h"
 
@@ -34,51 +33,41 @@ std::string hexOf(const void* data, size_t size)
     return hex;
 }
 
-std::string wordHex(uint32_t value)
+/** A 32-bit field's bytes as they lie in memory (on the phone and on a PC alike, little-endian). */
+template <typename Field>
+std::string wordHex(const Field& field)
 {
-    const unsigned char bytes[4] = {uint8_t(value), uint8_t(value >> 8), uint8_t(value >> 16), uint8_t(value >> 24)};
-    return hexOf(bytes, 4);
+    static_assert(sizeof(Field) == 4, "a word is 32 bits");
+    return hexOf(&field, 4);
 }
 
-/** One record: its words in order, and the bytes its pointers reach. */
+/** One record's line: its words in order, and the bytes its pointers reach. */
 class RecordImage {
 public:
-    RecordImage(const char* call, const void* record, size_t size) : m_call(call), m_record(record), m_size(size) {}
+    RecordImage(const std::string& call, const void* record, size_t size)
+        : m_line(call), m_record(record), m_size(size) {}
 
     template <typename Field>
     RecordImage& word(const Field& field)
     {
-        static_assert(sizeof(Field) == 4, "a word is 32 bits");
-        uint32_t value;
-        std::memcpy(&value, &field, 4);
-        m_words.push_back(wordHex(value));
-        m_raw.push_back(value);
-        return *this;
+        return add(wordHex(field), wordHex(field));
     }
 
     /** A pointer word; @p reached is what it points to (left out when null). */
     RecordImage& pointer(const char* name, const void* value, const std::string& reached)
     {
-        m_words.push_back(value ? "ptr" : "00000000");
-        m_raw.push_back(uint32_t(reinterpret_cast<uintptr_t>(value)));
         if (value)
             m_reached += std::string(" ") + name + "=" + reached;
-        return *this;
+        return add(value ? "ptr" : "00000000", wordHex(uint32_t(reinterpret_cast<uintptr_t>(value))));
     }
 
-    void write(const std::string& extra = std::string()) const
+    void write() const
     {
-        std::string line = m_call + extra;
-        for (const std::string& word : m_words)
-            line += " " + word;
-        line += m_reached;
+        std::string line = m_line + m_reached;
         // On a 32-bit processor the record in memory is the layout itself.
-        if (sizeof(void*) == 4) {
-            const std::string expected = hexOf(m_raw.data(), m_raw.size() * 4);
-            const std::string found = hexOf(m_record, m_size);
-            if (found != expected)
-                line += " layout differs: " + found;
-        }
+        const std::string found = hexOf(m_record, m_size);
+        if (sizeof(void*) == 4 && found != m_layout)
+            line += " layout differs: " + found;
         if (FILE* file = std::fopen(std::getenv("MP_RECORD_TAP") ? std::getenv("MP_RECORD_TAP") : "/dev/null", "a")) {
             std::fprintf(file, "%s\n", line.c_str());
             std::fclose(file);
@@ -86,11 +75,17 @@ public:
     }
 
 private:
-    std::string m_call;
+    RecordImage& add(const std::string& shown, const std::string& bytes)
+    {
+        m_line += " " + shown;
+        m_layout += bytes;
+        return *this;
+    }
+
+    std::string m_line;
     const void* m_record;
     size_t m_size;
-    std::vector<std::string> m_words;
-    std::vector<uint32_t> m_raw;
+    std::string m_layout;  ///< the words' bytes as they lie in memory
     std::string m_reached;
 };
 
@@ -217,7 +212,7 @@ int metadataSearchMusicFile(unsigned int handle, const MetadataSearchMusicFileRe
                                     MetadataSearchMusicFileCallback, void*)>(
         "_Z23metadataSearchMusicFilejPK30MetadataSearchMusicFileRequestiPFvPvP31MetadataSearchMusicFileResponseES2_");
     if (request) {
-        RecordImage("metadataSearchMusicFile", request, sizeof *request)
+        RecordImage("metadataSearchMusicFile requests=" + std::to_string(requestCount), request, sizeof *request)
             .word(request->filterCount)
             .pointer("filters", request->filters, filters(request->filters, request->filterCount))
             .word(request->storageLocation)
@@ -225,7 +220,7 @@ int metadataSearchMusicFile(unsigned int handle, const MetadataSearchMusicFileRe
             .pointer("candidates", request->candidates, items(request->candidates, request->candidateCount))
             .word(request->resultCount)
             .word(request->firstIndex)
-            .write(" requests=" + std::to_string(requestCount));
+            .write();
     }
     return service(handle, request, requestCount, callback, userData);
 }
