@@ -1,7 +1,9 @@
 // Loaded before the host platform (LD_PRELOAD) into the application, this
 // library stands between the main-window library and the metadata service:
-// every record the library hands to the service is written, as a line, to the
-// file named by MP_RECORD_TAP, and then handed on unchanged.
+// every record the library hands to the service in the fixed scenario
+// (payload_scenario.mps) is written, as a line, to the file named by
+// MP_RECORD_TAP, and then handed on unchanged. A call the scenario comes to
+// make needs a stand-in here too.
 //
 // A line shows the record in its 32-bit layout, word by word as the bytes lie
 // in memory (little-endian), a pointer as "ptr" or, when null, as zeros; then
@@ -176,16 +178,6 @@ int saveLastPlayedList(LastPlayedListRecord* record)
     return service(record);
 }
 
-int getLastPlayedList(LastPlayedListRecord* record)
-{
-    static auto* service = next<int(LastPlayedListRecord*)>("_Z17getLastPlayedListP20LastPlayedListRecord");
-    const int found = service(record);
-    // What the library gets back, as it reads it.
-    if (record)
-        writeLastPlayed(found ? "getLastPlayedList(found)" : "getLastPlayedList(none)", *record);
-    return found;
-}
-
 int metadataSearchMedia(unsigned int handle, const MetadataSearchMediaRequest* request,
                         MetadataSearchMediaCallback callback, void* userData)
 {
@@ -236,22 +228,6 @@ int metadataAddItemsIntoGroup(unsigned int handle, const MetadataAddItemsRecord*
             .word(record->reserved2)
             .word(record->count)
             .pointer("items", record->items, items(record->items, record->count))
-            .write();
-    }
-    return service(handle, record, status);
-}
-
-int metadataRemoveItemsFromGroup(unsigned int handle, const MetadataRemoveItemsRecord* record, int* status)
-{
-    static auto* service = next<int(unsigned, const MetadataRemoveItemsRecord*, int*)>(
-        "_Z28metadataRemoveItemsFromGroupjPK25MetadataRemoveItemsRecordPi");
-    if (record) {
-        RecordImage("metadataRemoveItemsFromGroup", record, sizeof *record)
-            .word(record->groupId)
-            .word(record->groupType)
-            .word(record->storageLocation)
-            .word(record->count)
-            .pointer("positions", record->positions, items(record->positions, record->count))
             .write();
     }
     return service(handle, record, status);
