@@ -133,32 +133,9 @@ void writeSearch(const char* call, const MetadataSearchMediaRequest& request)
         .write();
 }
 
-void writeLastPlayed(const char* call, const LastPlayedListRecord& record)
-{
-    RecordImage(call, &record, sizeof record)
-        .word(record.listType)
-        .word(record.artistLength)
-        .pointer("artist", record.artist, text(record.artist))
-        .word(record.albumLength)
-        .pointer("album", record.album, text(record.album))
-        .word(record.composerLength)
-        .pointer("composer", record.composer, text(record.composer))
-        .word(record.genreLength)
-        .pointer("genre", record.genre, text(record.genre))
-        .word(record.reserved1[0])
-        .word(record.reserved1[1])
-        .word(record.groupObjectId)
-        .word(record.storageLocation)
-        .word(record.firstIndex)
-        .word(record.reserved2[0])
-        .word(record.reserved2[1])
-        .word(record.handler)
-        .write();
-}
-
-/** The service's own definition of the function this library stands in for. */
+/** The service's own definition of @p standIn, this library's function of that name. */
 template <typename Function>
-Function* next(const char* symbol)
+Function* next(Function& /*standIn*/, const char* symbol)
 {
     auto* function = reinterpret_cast<Function*>(dlsym(RTLD_NEXT, symbol));
     if (!function) {
@@ -172,16 +149,35 @@ Function* next(const char* symbol)
 
 int saveLastPlayedList(LastPlayedListRecord* record)
 {
-    static auto* service = next<int(LastPlayedListRecord*)>("_Z18saveLastPlayedListP20LastPlayedListRecord");
-    if (record)
-        writeLastPlayed("saveLastPlayedList", *record);
+    static auto* service = next(saveLastPlayedList, "_Z18saveLastPlayedListP20LastPlayedListRecord");
+    if (record) {
+        RecordImage("saveLastPlayedList", record, sizeof *record)
+            .word(record->listType)
+            .word(record->artistLength)
+            .pointer("artist", record->artist, text(record->artist))
+            .word(record->albumLength)
+            .pointer("album", record->album, text(record->album))
+            .word(record->composerLength)
+            .pointer("composer", record->composer, text(record->composer))
+            .word(record->genreLength)
+            .pointer("genre", record->genre, text(record->genre))
+            .word(record->reserved1[0])
+            .word(record->reserved1[1])
+            .word(record->groupObjectId)
+            .word(record->storageLocation)
+            .word(record->firstIndex)
+            .word(record->reserved2[0])
+            .word(record->reserved2[1])
+            .word(record->handler)
+            .write();
+    }
     return service(record);
 }
 
 int metadataSearchMedia(unsigned int handle, const MetadataSearchMediaRequest* request,
                         MetadataSearchMediaCallback callback, void* userData)
 {
-    static auto* service = next<int(unsigned, const MetadataSearchMediaRequest*, MetadataSearchMediaCallback, void*)>(
+    static auto* service = next(metadataSearchMedia,
         "_Z19metadataSearchMediajPK26MetadataSearchMediaRequestPFvPvP27MetadataSearchMediaResponseES2_");
     if (request)
         writeSearch("metadataSearchMedia", *request);
@@ -190,7 +186,7 @@ int metadataSearchMedia(unsigned int handle, const MetadataSearchMediaRequest* r
 
 int metadataBackupSearchedMedias(unsigned int handle, const MetadataSearchMediaRequest* request)
 {
-    static auto* service = next<int(unsigned, const MetadataSearchMediaRequest*)>(
+    static auto* service = next(metadataBackupSearchedMedias,
         "_Z28metadataBackupSearchedMediasjPK26MetadataSearchMediaRequest");
     if (request)
         writeSearch("metadataBackupSearchedMedias", *request);
@@ -200,8 +196,7 @@ int metadataBackupSearchedMedias(unsigned int handle, const MetadataSearchMediaR
 int metadataSearchMusicFile(unsigned int handle, const MetadataSearchMusicFileRequest* request, int requestCount,
                             MetadataSearchMusicFileCallback callback, void* userData)
 {
-    static auto* service = next<int(unsigned, const MetadataSearchMusicFileRequest*, int,
-                                    MetadataSearchMusicFileCallback, void*)>(
+    static auto* service = next(metadataSearchMusicFile,
         "_Z23metadataSearchMusicFilejPK30MetadataSearchMusicFileRequestiPFvPvP31MetadataSearchMusicFileResponseES2_");
     if (request) {
         RecordImage("metadataSearchMusicFile requests=" + std::to_string(requestCount), request, sizeof *request)
@@ -219,7 +214,7 @@ int metadataSearchMusicFile(unsigned int handle, const MetadataSearchMusicFileRe
 
 int metadataAddItemsIntoGroup(unsigned int handle, const MetadataAddItemsRecord* record, int* status)
 {
-    static auto* service = next<int(unsigned, const MetadataAddItemsRecord*, int*)>(
+    static auto* service = next(metadataAddItemsIntoGroup,
         "_Z25metadataAddItemsIntoGroupjPK22MetadataAddItemsRecordPi");
     if (record) {
         RecordImage("metadataAddItemsIntoGroup", record, sizeof *record)
