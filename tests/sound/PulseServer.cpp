@@ -52,8 +52,3 @@ PulseServer::~PulseServer()
         m_process.waitForFinished(5000);
     }
 }
-
-QByteArray PulseServer::address() const
-{
-    return "unix:" + m_runtime.path().toLocal8Bit() + "/native";
-}

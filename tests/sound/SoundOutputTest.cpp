@@ -6,7 +6,6 @@
 // skipped. Skipped (77) without pulseaudio and parec.
 
 #include <QApplication>
-#include <QDeadlineTimer>
 #include <QFile>
 #include <QStandardPaths>
 #include <QTemporaryDir>
@@ -14,7 +13,6 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <memory>
 
 #include "host/engine/HostEngine.h"
 #include "host/engine/HostOutputChoice.h"
@@ -22,6 +20,7 @@
 #include "tests/sound/PulseServer.h"
 #include "tests/sound/SinkRecording.h"
 #include "tests/support/PathList.h"
+#include "tests/support/TestEnvironment.h"
 
 namespace {
 
@@ -37,13 +36,7 @@ PulseServer* server = nullptr; // made by main() before Qt reads the sound setup
 
 bool waitFor(const std::function<bool()>& condition)
 {
-    const QDeadlineTimer deadline(kWaitMs);
-    while (!condition()) {
-        if (deadline.hasExpired())
-            return false;
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
-    }
-    return true;
+    return waitUntil(condition, kWaitMs);
 }
 
 QString writeTone(const QTemporaryDir& folder, const QString& name, int frequency, int seconds)

@@ -25,11 +25,6 @@ PrivateBus::PrivateBus()
     m_error = QStringLiteral("dbus-daemon did not start: ") + m_daemon.errorString();
 }
 
-PrivateBus::~PrivateBus()
-{
-    stop();
-}
-
 void PrivateBus::stop()
 {
     if (m_daemon.state() == QProcess::NotRunning)

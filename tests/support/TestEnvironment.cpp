@@ -49,11 +49,6 @@ void TestEnvironment::processEvents()
         QCoreApplication::processEvents(QEventLoop::AllEvents);
 }
 
-QString TestEnvironment::dataPath(const QString& name) const
-{
-    return m_dataDir.filePath(name);
-}
-
 QString TestEnvironment::writeDataFile(const QString& name, const QByteArray& contents) const
 {
     QFile file(dataPath(name));

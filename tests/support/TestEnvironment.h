@@ -35,7 +35,7 @@ protected:
     /** Runs the event loop until nothing is left to do right now. */
     static void processEvents();
 
-    QString dataPath(const QString& name) const;
+    QString dataPath(const QString& name) const { return m_dataDir.filePath(name); }
     /** Writes @p contents to dataPath(@p name), making its folder; returns the
      *  path. Untagged, a song plays for the engine's default ten seconds. */
     QString writeDataFile(const QString& name, const QByteArray& contents = "no tags") const;
