@@ -1,7 +1,9 @@
 // Loaded before the host platform (LD_PRELOAD) into the application, this
 // library stands between the main-window library and the metadata service:
-// every record the library hands to the service is written, as a line, to the
-// file named by MP_RECORD_TAP, and then handed on unchanged.
+// every record the library hands to the service in the fixed scenario
+// (payload_scenario.mps) is written, as a line, to the file named by
+// MP_RECORD_TAP, and then handed on unchanged. A call the scenario comes to
+// make needs a stand-in here too.
 //
 // A line shows the record in its 32-bit layout, word by word as the bytes lie
 // in memory (little-endian), a pointer as "ptr" or, when null, as zeros; then
@@ -16,7 +18,6 @@
 #include <cstdlib>
 #include <cstring>
 #include <string>
-#include <vector>
 
 #include "platform/Metadata.h"
 
@@ -34,51 +35,41 @@ std::string hexOf(const void* data, size_t size)
     return hex;
 }
 
-std::string wordHex(uint32_t value)
+/** A 32-bit field's bytes as they lie in memory (on the phone and on a PC alike, little-endian). */
+template <typename Field>
+std::string wordHex(const Field& field)
 {
-    const unsigned char bytes[4] = {uint8_t(value), uint8_t(value >> 8), uint8_t(value >> 16), uint8_t(value >> 24)};
-    return hexOf(bytes, 4);
+    static_assert(sizeof(Field) == 4, "a word is 32 bits");
+    return hexOf(&field, 4);
 }
 
-/** One record: its words in order, and the bytes its pointers reach. */
+/** One record's line: its words in order, and the bytes its pointers reach. */
 class RecordImage {
 public:
-    RecordImage(const char* call, const void* record, size_t size) : m_call(call), m_record(record), m_size(size) {}
+    RecordImage(const std::string& call, const void* record, size_t size)
+        : m_line(call), m_record(record), m_size(size) {}
 
     template <typename Field>
     RecordImage& word(const Field& field)
     {
-        static_assert(sizeof(Field) == 4, "a word is 32 bits");
-        uint32_t value;
-        std::memcpy(&value, &field, 4);
-        m_words.push_back(wordHex(value));
-        m_raw.push_back(value);
-        return *this;
+        return add(wordHex(field), wordHex(field));
     }
 
     /** A pointer word; @p reached is what it points to (left out when null). */
     RecordImage& pointer(const char* name, const void* value, const std::string& reached)
     {
-        m_words.push_back(value ? "ptr" : "00000000");
-        m_raw.push_back(uint32_t(reinterpret_cast<uintptr_t>(value)));
         if (value)
             m_reached += std::string(" ") + name + "=" + reached;
-        return *this;
+        return add(value ? "ptr" : "00000000", wordHex(uint32_t(reinterpret_cast<uintptr_t>(value))));
     }
 
-    void write(const std::string& extra = std::string()) const
+    void write() const
     {
-        std::string line = m_call + extra;
-        for (const std::string& word : m_words)
-            line += " " + word;
-        line += m_reached;
+        std::string line = m_line + m_reached;
         // On a 32-bit processor the record in memory is the layout itself.
-        if (sizeof(void*) == 4) {
-            const std::string expected = hexOf(m_raw.data(), m_raw.size() * 4);
-            const std::string found = hexOf(m_record, m_size);
-            if (found != expected)
-                line += " layout differs: " + found;
-        }
+        const std::string found = hexOf(m_record, m_size);
+        if (sizeof(void*) == 4 && found != m_layout)
+            line += " layout differs: " + found;
         if (FILE* file = std::fopen(std::getenv("MP_RECORD_TAP") ? std::getenv("MP_RECORD_TAP") : "/dev/null", "a")) {
             std::fprintf(file, "%s\n", line.c_str());
             std::fclose(file);
@@ -86,11 +77,17 @@ public:
     }
 
 private:
-    std::string m_call;
+    RecordImage& add(const std::string& shown, const std::string& bytes)
+    {
+        m_line += " " + shown;
+        m_layout += bytes;
+        return *this;
+    }
+
+    std::string m_line;
     const void* m_record;
     size_t m_size;
-    std::vector<std::string> m_words;
-    std::vector<uint32_t> m_raw;
+    std::string m_layout;  ///< the words' bytes as they lie in memory
     std::string m_reached;
 };
 
@@ -136,32 +133,9 @@ void writeSearch(const char* call, const MetadataSearchMediaRequest& request)
         .write();
 }
 
-void writeLastPlayed(const char* call, const LastPlayedListRecord& record)
-{
-    RecordImage(call, &record, sizeof record)
-        .word(record.listType)
-        .word(record.artistLength)
-        .pointer("artist", record.artist, text(record.artist))
-        .word(record.albumLength)
-        .pointer("album", record.album, text(record.album))
-        .word(record.composerLength)
-        .pointer("composer", record.composer, text(record.composer))
-        .word(record.genreLength)
-        .pointer("genre", record.genre, text(record.genre))
-        .word(record.reserved1[0])
-        .word(record.reserved1[1])
-        .word(record.groupObjectId)
-        .word(record.storageLocation)
-        .word(record.firstIndex)
-        .word(record.reserved2[0])
-        .word(record.reserved2[1])
-        .word(record.handler)
-        .write();
-}
-
-/** The service's own definition of the function this library stands in for. */
+/** The service's own definition of @p standIn, this library's function of that name. */
 template <typename Function>
-Function* next(const char* symbol)
+Function* next(Function& /*standIn*/, const char* symbol)
 {
     auto* function = reinterpret_cast<Function*>(dlsym(RTLD_NEXT, symbol));
     if (!function) {
@@ -175,26 +149,35 @@ Function* next(const char* symbol)
 
 int saveLastPlayedList(LastPlayedListRecord* record)
 {
-    static auto* service = next<int(LastPlayedListRecord*)>("_Z18saveLastPlayedListP20LastPlayedListRecord");
-    if (record)
-        writeLastPlayed("saveLastPlayedList", *record);
+    static auto* service = next(saveLastPlayedList, "_Z18saveLastPlayedListP20LastPlayedListRecord");
+    if (record) {
+        RecordImage("saveLastPlayedList", record, sizeof *record)
+            .word(record->listType)
+            .word(record->artistLength)
+            .pointer("artist", record->artist, text(record->artist))
+            .word(record->albumLength)
+            .pointer("album", record->album, text(record->album))
+            .word(record->composerLength)
+            .pointer("composer", record->composer, text(record->composer))
+            .word(record->genreLength)
+            .pointer("genre", record->genre, text(record->genre))
+            .word(record->reserved1[0])
+            .word(record->reserved1[1])
+            .word(record->groupObjectId)
+            .word(record->storageLocation)
+            .word(record->firstIndex)
+            .word(record->reserved2[0])
+            .word(record->reserved2[1])
+            .word(record->handler)
+            .write();
+    }
     return service(record);
-}
-
-int getLastPlayedList(LastPlayedListRecord* record)
-{
-    static auto* service = next<int(LastPlayedListRecord*)>("_Z17getLastPlayedListP20LastPlayedListRecord");
-    const int found = service(record);
-    // What the library gets back, as it reads it.
-    if (record)
-        writeLastPlayed(found ? "getLastPlayedList(found)" : "getLastPlayedList(none)", *record);
-    return found;
 }
 
 int metadataSearchMedia(unsigned int handle, const MetadataSearchMediaRequest* request,
                         MetadataSearchMediaCallback callback, void* userData)
 {
-    static auto* service = next<int(unsigned, const MetadataSearchMediaRequest*, MetadataSearchMediaCallback, void*)>(
+    static auto* service = next(metadataSearchMedia,
         "_Z19metadataSearchMediajPK26MetadataSearchMediaRequestPFvPvP27MetadataSearchMediaResponseES2_");
     if (request)
         writeSearch("metadataSearchMedia", *request);
@@ -203,7 +186,7 @@ int metadataSearchMedia(unsigned int handle, const MetadataSearchMediaRequest* r
 
 int metadataBackupSearchedMedias(unsigned int handle, const MetadataSearchMediaRequest* request)
 {
-    static auto* service = next<int(unsigned, const MetadataSearchMediaRequest*)>(
+    static auto* service = next(metadataBackupSearchedMedias,
         "_Z28metadataBackupSearchedMediasjPK26MetadataSearchMediaRequest");
     if (request)
         writeSearch("metadataBackupSearchedMedias", *request);
@@ -213,11 +196,10 @@ int metadataBackupSearchedMedias(unsigned int handle, const MetadataSearchMediaR
 int metadataSearchMusicFile(unsigned int handle, const MetadataSearchMusicFileRequest* request, int requestCount,
                             MetadataSearchMusicFileCallback callback, void* userData)
 {
-    static auto* service = next<int(unsigned, const MetadataSearchMusicFileRequest*, int,
-                                    MetadataSearchMusicFileCallback, void*)>(
+    static auto* service = next(metadataSearchMusicFile,
         "_Z23metadataSearchMusicFilejPK30MetadataSearchMusicFileRequestiPFvPvP31MetadataSearchMusicFileResponseES2_");
     if (request) {
-        RecordImage("metadataSearchMusicFile", request, sizeof *request)
+        RecordImage("metadataSearchMusicFile requests=" + std::to_string(requestCount), request, sizeof *request)
             .word(request->filterCount)
             .pointer("filters", request->filters, filters(request->filters, request->filterCount))
             .word(request->storageLocation)
@@ -225,14 +207,14 @@ int metadataSearchMusicFile(unsigned int handle, const MetadataSearchMusicFileRe
             .pointer("candidates", request->candidates, items(request->candidates, request->candidateCount))
             .word(request->resultCount)
             .word(request->firstIndex)
-            .write(" requests=" + std::to_string(requestCount));
+            .write();
     }
     return service(handle, request, requestCount, callback, userData);
 }
 
 int metadataAddItemsIntoGroup(unsigned int handle, const MetadataAddItemsRecord* record, int* status)
 {
-    static auto* service = next<int(unsigned, const MetadataAddItemsRecord*, int*)>(
+    static auto* service = next(metadataAddItemsIntoGroup,
         "_Z25metadataAddItemsIntoGroupjPK22MetadataAddItemsRecordPi");
     if (record) {
         RecordImage("metadataAddItemsIntoGroup", record, sizeof *record)
@@ -241,22 +223,6 @@ int metadataAddItemsIntoGroup(unsigned int handle, const MetadataAddItemsRecord*
             .word(record->reserved2)
             .word(record->count)
             .pointer("items", record->items, items(record->items, record->count))
-            .write();
-    }
-    return service(handle, record, status);
-}
-
-int metadataRemoveItemsFromGroup(unsigned int handle, const MetadataRemoveItemsRecord* record, int* status)
-{
-    static auto* service = next<int(unsigned, const MetadataRemoveItemsRecord*, int*)>(
-        "_Z28metadataRemoveItemsFromGroupjPK25MetadataRemoveItemsRecordPi");
-    if (record) {
-        RecordImage("metadataRemoveItemsFromGroup", record, sizeof *record)
-            .word(record->groupId)
-            .word(record->groupType)
-            .word(record->storageLocation)
-            .word(record->count)
-            .pointer("positions", record->positions, items(record->positions, record->count))
             .write();
     }
     return service(handle, record, status);

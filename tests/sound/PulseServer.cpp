@@ -42,18 +42,9 @@ PulseServer::PulseServer(int timeoutMs)
     m_running = true;
 }
 
+// Its socket and state go with the runtime folder: nothing to leave tidy.
 PulseServer::~PulseServer()
 {
-    if (m_process.state() == QProcess::NotRunning)
-        return;
-    m_process.terminate();
-    if (!m_process.waitForFinished(5000)) {
-        m_process.kill();
-        m_process.waitForFinished(5000);
-    }
-}
-
-QByteArray PulseServer::address() const
-{
-    return "unix:" + m_runtime.path().toLocal8Bit() + "/native";
+    m_process.kill();
+    m_process.waitForFinished(5000);
 }

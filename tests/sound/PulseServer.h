@@ -24,7 +24,7 @@ public:
     bool isRunning() const { return m_running; }
     QString error() const { return m_error; }
     /** The PULSE_SERVER value that reaches it. */
-    QByteArray address() const;
+    QByteArray address() const { return "unix:" + m_runtime.path().toLocal8Bit() + "/native"; }
 
 private:
     QTemporaryDir m_runtime;

@@ -9,6 +9,7 @@ namespace {
 // A tone at a tenth of full scale sounds; the silence of a paused or idle
 // sink is exact zeros, with at most a little resampling noise.
 constexpr double kSoundingRms = 300.0;
+constexpr int kBlock = SinkRecording::kRate / 100;
 
 } // namespace
 
@@ -37,12 +38,26 @@ qint16 SinkRecording::sample(int index) const
     return qFromLittleEndian<qint16>(m_bytes.constData() + 2 * index);
 }
 
-bool SinkRecording::blockSounds(int block) const
+bool SinkRecording::blockSounds(int firstSample) const
 {
     double sum = 0;
-    for (int i = block * kBlock; i < (block + 1) * kBlock; ++i)
+    for (int i = firstSample; i < firstSample + kBlock; ++i)
         sum += double(sample(i)) * sample(i);
     return std::sqrt(sum / kBlock) > kSoundingRms;
+}
+
+std::vector<SinkRecording::Stretch> SinkRecording::stretches() const
+{
+    std::vector<Stretch> runs;
+    for (int first = 0; first + kBlock <= sampleCount(); first += kBlock) {
+        const bool sounds = blockSounds(first);
+        if (runs.empty() && !sounds)
+            continue;
+        if (runs.empty() || runs.back().sounds != sounds)
+            runs.push_back({sounds, first, first});
+        runs.back().to = first + kBlock;
+    }
+    return runs;
 }
 
 // Goertzel's filter at each candidate frequency: the energy there, without a

@@ -1,11 +1,11 @@
 // What the media output makes heard, recorded from a PulseAudio server of the
 // test's own: two tone songs played as a list, the first paused in its
-// middle. The recording must hold the first song's tone, silence while it is
-// paused, the second song's tone right after the first ends, and sound for
-// as long as the songs last. Skipped (77) without pulseaudio and parec.
+// middle, the second sought forward. The recording must hold the first
+// song's tone, silence while it is paused, the second song's tone right after
+// the first ends, and sound for as long as the songs last less what the seek
+// skipped. Skipped (77) without pulseaudio and parec.
 
 #include <QApplication>
-#include <QDeadlineTimer>
 #include <QFile>
 #include <QStandardPaths>
 #include <QTemporaryDir>
@@ -13,53 +13,33 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <memory>
 
-#include "clients/MP_PlayerListener.h"
 #include "host/engine/HostEngine.h"
 #include "host/engine/HostOutputChoice.h"
 #include "host/tools/samplegen/WavSynth.h"
-#include "lists/MP_ListInterface.h"
 #include "tests/sound/PulseServer.h"
 #include "tests/sound/SinkRecording.h"
 #include "tests/support/PathList.h"
+#include "tests/support/TestEnvironment.h"
 
 namespace {
 
 constexpr int kWaitMs = 15000;
 constexpr int kFirstTone = 440;
 constexpr int kSecondTone = 660;
-constexpr int kSongSeconds = 2;
+constexpr int kFirstSeconds = 2;
+constexpr int kSecondSeconds = 4;
 constexpr int kPauseMs = 600;
+constexpr int kSeekMs = 1500;
 
 PulseServer* server = nullptr; // made by main() before Qt reads the sound setup
 
-class StateWatch : public MP_PlayerListener {
-public:
-    void updateState(MP_PLAYER_STATE s) override { state = s; }
-    void updateTime(int elapsed, int) override { time = elapsed; }
-    void updateBuffering(int) override {}
-    void updateDownloadProgress(int, int) override {}
-    void updateDownloadComplete() override {}
-    void updateMetaInfo(const QString&, const QString&, const QString&, QByteArray, bool) override {}
-    void updateConnectionStatus(int) override {}
-
-    MP_PLAYER_STATE state = MP_STATE_NONE;
-    int time = 0;
-};
-
 bool waitFor(const std::function<bool()>& condition)
 {
-    const QDeadlineTimer deadline(kWaitMs);
-    while (!condition()) {
-        if (deadline.hasExpired())
-            return false;
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
-    }
-    return true;
+    return waitUntil(condition, kWaitMs);
 }
 
-QString writeTone(const QTemporaryDir& folder, const QString& name, int frequency, int seconds = kSongSeconds)
+QString writeTone(const QTemporaryDir& folder, const QString& name, int frequency, int seconds)
 {
     const WavSynth synth(8000);
     QFile file(folder.filePath(name));
@@ -69,124 +49,61 @@ QString writeTone(const QTemporaryDir& folder, const QString& name, int frequenc
     return file.fileName();
 }
 
-// The runs of sounding and silent 10 ms blocks, from the first sounding one.
-struct Stretch {
-    bool sounds;
-    int firstBlock;
-    int blocks;
-};
-
-std::vector<Stretch> stretchesOf(const SinkRecording& recording)
+TEST(SoundOutputTest, PausesSilentlyStepsToTheNextToneAndSeeksAhead)
 {
-    std::vector<Stretch> runs;
-    for (int block = 0; block < recording.blockCount(); ++block) {
-        const bool sounds = recording.blockSounds(block);
-        if (runs.empty() && !sounds)
-            continue;
-        if (runs.empty() || runs.back().sounds != sounds)
-            runs.push_back({sounds, block, 0});
-        ++runs.back().blocks;
-    }
-    return runs;
-}
-
-class SoundOutputTest : public ::testing::Test {
-protected:
-    /** Plays a list of @p paths through the media output, once the sink's recording has begun. */
-    void play(const QStringList& paths)
-    {
-        ASSERT_TRUE(waitFor([&] {
-            return recording.sampleCount() >= SinkRecording::kRate / 10 || recording.hasFailed();
-        }));
-        ASSERT_FALSE(recording.hasFailed()) << "parec could not record the sink";
-        HostOutputChoice::setKind(HostOutputKind::Media);
-        engine = std::make_unique<HostEngine>(true, MP_LAUNCH_TYPE(0));
-        ASSERT_STREQ(engine->output().name(), "media");
-        engine->addPlayerListener(&watch);
-        list = std::make_unique<PathList>(paths);
-        engine->setPlayList(list.get());
-        engine->autoPlay(false);
-    }
-
-    /** Waits for the list's end, and for what the sink still holds of it and a quarter second of quiet after it. */
-    void awaitTheEnd()
-    {
-        ASSERT_TRUE(waitFor([&] { return watch.state == MP_STATE_FINISHED; })) << "the list never ended";
-        const int endedAt = recording.sampleCount();
-        ASSERT_TRUE(waitFor([&] { return recording.sampleCount() >= endedAt + SinkRecording::kRate / 2; }));
-    }
-
-    QTemporaryDir songs;
-    SinkRecording recording{server->address(), QString::fromLatin1(PulseServer::kSink)};
-    StateWatch watch;
-    std::unique_ptr<PathList> list;
-    std::unique_ptr<HostEngine> engine;  ///< goes before the list and the listener it holds
-};
-
-TEST_F(SoundOutputTest, PlaysTheListPausesSilentlyAndStepsToTheNextTone)
-{
-    ASSERT_NO_FATAL_FAILURE(play({writeTone(songs, "low.wav", kFirstTone), writeTone(songs, "high.wav", kSecondTone)}));
+    const QTemporaryDir songs;
+    SinkRecording recording(server->address(), QString::fromLatin1(PulseServer::kSink));
+    ASSERT_TRUE(waitFor([&] { return recording.sampleCount() >= SinkRecording::kRate / 10 || recording.hasFailed(); }));
+    ASSERT_FALSE(recording.hasFailed()) << "parec could not record the sink";
+    HostOutputChoice::setKind(HostOutputKind::Media);
+    PathList list({writeTone(songs, "low.wav", kFirstTone, kFirstSeconds),
+                   writeTone(songs, "high.wav", kSecondTone, kSecondSeconds)});
+    HostEngine engine(true, MP_LAUNCH_TYPE(0));  // goes before the list it holds
+    ASSERT_STREQ(engine.output().name(), "media");
+    engine.setPlayList(&list);
+    engine.autoPlay(false);
 
     // Half way into the first song: pause, for a stretch of recorded time.
-    ASSERT_TRUE(waitFor([&] { return watch.time >= 1000; }));
-    engine->getPlayerControl()->pause();
+    ASSERT_TRUE(waitFor([&] { return engine.position() >= 1000; }));
+    engine.control().pause();
     const int pausedAt = recording.sampleCount();
     ASSERT_TRUE(waitFor([&] { return recording.sampleCount() >= pausedAt + kPauseMs * SinkRecording::kRate / 1000; }));
-    EXPECT_EQ(watch.state, MP_STATE_PAUSED);
-    engine->getPlayerControl()->play();
-    ASSERT_NO_FATAL_FAILURE(awaitTheEnd());
-    EXPECT_EQ(list->current, 1);
+    EXPECT_EQ(engine.control().getState(), MP_STATE_PAUSED);
+    engine.control().play();
+    // Into the second song: a seek forward, after which the rest must sound
+    // to the end, and the end come.
+    ASSERT_TRUE(waitFor([&] { return list.current == 1 && engine.position() >= 800; }));
+    engine.control().seek(kSeekMs);
+    engine.control().seekFinished();
+    ASSERT_TRUE(waitFor([&] { return engine.control().getState() == MP_STATE_FINISHED; }))
+        << "the list never ended";
+    // What the sink still holds of it, and half a second of quiet after it.
+    const int endedAt = recording.sampleCount();
+    ASSERT_TRUE(waitFor([&] { return recording.sampleCount() >= endedAt + SinkRecording::kRate / 2; }));
 
-    const std::vector<Stretch> runs = stretchesOf(recording);
+    const std::vector<SinkRecording::Stretch> runs = recording.stretches();
     ASSERT_GE(runs.size(), 3u) << "sound, the pause's silence, sound";
+    // Between the songs no silence but the pause's (a silence after the last
+    // sound is the end), and that from within 100 ms of the pause on.
     int sounding = 0;
-    int longestSilence = 0;
-    int gaps = 0;
+    std::vector<int> gaps;
     std::string stretches;
-    for (const Stretch& run : runs) {
-        sounding += run.sounds ? run.blocks : 0;
-        // A silence after the last sound is the end, not a gap.
-        if (!run.sounds && &run != &runs.back()) {
-            longestSilence = std::max(longestSilence, run.blocks);
-            gaps += run.blocks * 10 > 300 ? 1 : 0;
-        }
-        stretches += (run.sounds ? " sound " : " silence ") + std::to_string(run.blocks * 10) + " ms";
+    for (const SinkRecording::Stretch& run : runs) {
+        sounding += run.sounds ? run.ms() : 0;
+        if (!run.sounds && &run != &runs.back() && run.ms() > 300)
+            gaps.push_back(run.ms());
+        stretches += (run.sounds ? " sound " : " silence ") + std::to_string(run.ms()) + " ms";
     }
-    // Both songs whole: 4 s of sound within 10%, resumed where it paused.
-    EXPECT_NEAR(sounding * 10, 2 * kSongSeconds * 1000, 2 * kSongSeconds * 100);
-    // Paused: silent within 100 ms of the pause, until it plays again.
-    EXPECT_GE(longestSilence * 10, kPauseMs - 100 - 100);
-    // The first song's tone first, the second's last; between them no
-    // silence but the pause's.
-    const int firstSound = runs.front().firstBlock * SinkRecording::kBlock;
-    const Stretch& lastSound = runs.back().sounds ? runs.back() : runs.at(runs.size() - 2);
-    const int lastSoundEnd = (lastSound.firstBlock + lastSound.blocks) * SinkRecording::kBlock;
+    ASSERT_EQ(gaps.size(), 1u) << "only the pause is silent for more than 300 ms:" << stretches;
+    EXPECT_GE(gaps.front(), kPauseMs - 100 - 100) << stretches;
+    // Both songs, resumed where it paused, less what the seek skipped.
+    EXPECT_NEAR(sounding, (kFirstSeconds + kSecondSeconds) * 1000 - kSeekMs, 300) << stretches;
+    // The first song's tone first, the second's last.
+    const int firstSound = runs.front().from;
+    const int lastSoundEnd = (runs.back().sounds ? runs.back() : runs.at(runs.size() - 2)).to;
     const int half = SinkRecording::kRate / 2;
     EXPECT_NEAR(recording.dominantFrequency(firstSound + half / 5, firstSound + half), kFirstTone, 5);
     EXPECT_NEAR(recording.dominantFrequency(lastSoundEnd - half, lastSoundEnd - half / 5), kSecondTone, 5);
-    EXPECT_EQ(gaps, 1) << "only the pause is silent for more than 300 ms:" << stretches;
-}
-
-// A seek forward while playing: the song sounds until the seek, then from the
-// asked place to its end, and then ends. Sound that stops after the seek, or
-// an end that never comes, is the fault this guards against.
-TEST_F(SoundOutputTest, SeekSkipsAheadAndTheRestSoundsToTheEnd)
-{
-    constexpr int kSeconds = 4;
-    constexpr int kSeekAfterMs = 800;
-    constexpr int kSeekMs = 1500;
-    ASSERT_NO_FATAL_FAILURE(play({writeTone(songs, "long.wav", kFirstTone, kSeconds)}));
-    ASSERT_TRUE(waitFor([&] { return watch.time >= kSeekAfterMs; }));
-    const int seekFrom = watch.time;
-    engine->getPlayerControl()->seek(kSeekMs);
-    engine->getPlayerControl()->seekFinished();
-    ASSERT_NO_FATAL_FAILURE(awaitTheEnd());
-
-    int sounding = 0;
-    for (const Stretch& run : stretchesOf(recording))
-        sounding += run.sounds ? run.blocks * 10 : 0;
-    // Heard: the song less what the seek skipped (within 250 ms).
-    EXPECT_NEAR(sounding, kSeconds * 1000 - kSeekMs, 250) << "seek asked at " << seekFrom << " ms";
 }
 
 } // namespace

@@ -78,17 +78,6 @@ MessageLines Journal::callsWithArgsMatching(const JournalLines& lines, const QRe
     return found;
 }
 
-MessageLines Journal::messages(const JournalLines& lines, const QString& channel, const QString& prefix)
-{
-    MessageLines found;
-    for (const QJsonObject& line : lines) {
-        if (text(line, "kind") == QLatin1String("qcop") && text(line, "channel") == channel
-            && text(line, "message").startsWith(prefix))
-            found.push_back((text(line, "message") + QLatin1Char(' ') + text(line, "data")).toStdString());
-    }
-    return found;
-}
-
 QStringList Journal::dialogs(const JournalLines& lines)
 {
     QStringList shown;
@@ -112,5 +101,11 @@ QStringList Journal::settingsWritten(const JournalLines& lines)
 
 MessageLines channelMessages(const QString& channel, const QString& prefix)
 {
-    return Journal::messages(Journal::captured(), channel, prefix);
+    MessageLines found;
+    for (const QJsonObject& line : Journal::captured()) {
+        if (text(line, "kind") == QLatin1String("qcop") && text(line, "channel") == channel
+            && text(line, "message").startsWith(prefix))
+            found.push_back((text(line, "message") + QLatin1Char(' ') + text(line, "data")).toStdString());
+    }
+    return found;
 }

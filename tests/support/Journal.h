@@ -34,9 +34,6 @@ QList<QJsonArray> argsOf(const JournalLines& lines, const QString& kind, const Q
 MessageLines callsWithArgs(const JournalLines& lines, const QStringList& kinds);
 /** callsWithArgs() of the lines whose "kind:call" matches @p pattern. */
 MessageLines callsWithArgsMatching(const JournalLines& lines, const QRegularExpression& pattern);
-/** "MESSAGE HEX" of the channel messages sent on @p channel whose names begin
- *  with @p prefix (an empty payload leaves "MESSAGE " with nothing after the space). */
-MessageLines messages(const JournalLines& lines, const QString& channel, const QString& prefix = QString());
 /** "title|text|answer" of every dialog shown. */
 QStringList dialogs(const JournalLines& lines);
 /** "KEY=VALUE" of every setting written, in order. */
@@ -44,5 +41,6 @@ QStringList settingsWritten(const JournalLines& lines);
 
 } // namespace Journal
 
-/** Journal::messages() of the lines captured in memory. */
+/** "MESSAGE HEX" of the captured channel messages sent on @p channel whose names begin
+ *  with @p prefix (an empty payload leaves "MESSAGE " with nothing after the space). */
 MessageLines channelMessages(const QString& channel, const QString& prefix = QString());

@@ -12,11 +12,6 @@
 #include "platform/SETUP_SET_Manager.h"
 #include "tests/support/TestEnvironment.h"
 
-struct EntryPointWindowDeleter {
-    void operator()(MP_MainWindow* window) const { MP_DeleteMainWindow(window); }
-};
-using WindowPtr = std::unique_ptr<MP_MainWindow, EntryPointWindowDeleter>;
-
 class MainWindowFixture : public TestEnvironment {
 protected:
     void TearDown() override
@@ -50,5 +45,5 @@ protected:
         return value;
     }
 
-    WindowPtr window;
+    std::unique_ptr<MP_MainWindow, decltype(&MP_DeleteMainWindow)> window{nullptr, MP_DeleteMainWindow};
 };

@@ -5,12 +5,8 @@
 PrivateBus::PrivateBus()
 {
     const QString daemon = QStandardPaths::findExecutable(QStringLiteral("dbus-daemon"));
-    if (daemon.isEmpty()) {
-        m_error = QStringLiteral("dbus-daemon is not installed (scripts/install-deps.sh installs it)");
-        return;
-    }
-    if (!m_socketFolder.isValid()) {
-        m_error = QStringLiteral("no temporary folder for the bus's socket: ") + m_socketFolder.errorString();
+    if (daemon.isEmpty() || !m_socketFolder.isValid()) {
+        m_error = QStringLiteral("no dbus-daemon (scripts/install-deps.sh installs it) or no folder for its socket");
         return;
     }
     m_daemon.start(daemon, {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address=1"),
@@ -23,11 +19,6 @@ PrivateBus::PrivateBus()
         }
     }
     m_error = QStringLiteral("dbus-daemon did not start: ") + m_daemon.errorString();
-}
-
-PrivateBus::~PrivateBus()
-{
-    stop();
 }
 
 void PrivateBus::stop()

@@ -13,7 +13,7 @@ class PrivateBus {
 public:
     /** Starts the daemon; address() is empty when it could not be started (see error()). */
     PrivateBus();
-    ~PrivateBus();
+    ~PrivateBus() { stop(); }
     PrivateBus(const PrivateBus&) = delete;
     PrivateBus& operator=(const PrivateBus&) = delete;
 

@@ -63,8 +63,7 @@ bool ProjectProgram::start(QProcess& process, const QString& name, const QString
     // A start that fails leaves exit code 0 behind: never let that read as success.
     if (process.waitForStarted(30000))
         return true;
-    ADD_FAILURE() << "cannot start " << qPrintable(path(name))
-                  << qPrintable(program == path(name) ? QString() : QStringLiteral(" through ") + program) << ": "
+    ADD_FAILURE() << "cannot start " << qPrintable(program) << ' ' << qPrintable(command.join(' ')) << ": "
                   << qPrintable(process.errorString());
     return false;
 }
@@ -75,10 +74,10 @@ QString ProjectProgram::readUntil(QProcess& process, QProcess::ProcessChannel ch
     QStringList lines;
     const QDeadlineTimer deadline(timeoutMs);
     while (lines.isEmpty() || lines.last() != last) {
-        if (!process.canReadLine() && !process.waitForReadyRead(int(deadline.remainingTime())))
-            break;
-        while (process.canReadLine() && (lines.isEmpty() || lines.last() != last))
+        if (process.canReadLine())
             lines.append(QString::fromUtf8(process.readLine()).chopped(1));
+        else if (!process.waitForReadyRead(int(deadline.remainingTime())))
+            break;
     }
     return lines.join(QLatin1Char('\n'));
 }

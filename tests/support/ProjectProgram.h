@@ -14,7 +14,6 @@ namespace ProjectProgram {
 /** True when the build's programs run under an emulator (a build for another processor). */
 bool emulated();
 
-/** The path of the build's program @p name. */
 QString path(const QString& name);
 
 /** The path of @p relative in the project's source tree (test data, scripts). */

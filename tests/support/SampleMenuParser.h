@@ -13,21 +13,9 @@ public:
     {
         if (name != QLatin1String("sample"))
             return;
-        add(list, 10, 0, "Hide");
-        add(list, 20, 0, "Send to");
-        add(list, 21, 20, "Message");
-        add(list, 30, 0, "Setup");
-        add(list, 22, 20, "Memory Card");
-        add(list, 40, 99, "Orphan");
-    }
-
-private:
-    static void add(QList<MenuItem*>& list, int id, int parentId, const char* text)
-    {
-        auto* item = new MenuItem;
-        item->text = QString::fromLatin1(text);
-        item->id = id;
-        item->parentId = parentId;
-        list.append(item);
+        // Each item's text, id and parent's id; the list's owner deletes them.
+        list << new MenuItem{QStringLiteral("Hide"), 10, 0} << new MenuItem{QStringLiteral("Send to"), 20, 0}
+             << new MenuItem{QStringLiteral("Message"), 21, 20} << new MenuItem{QStringLiteral("Setup"), 30, 0}
+             << new MenuItem{QStringLiteral("Memory Card"), 22, 20} << new MenuItem{QStringLiteral("Orphan"), 40, 99};
     }
 };

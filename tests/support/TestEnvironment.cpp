@@ -5,14 +5,12 @@
 #include <QFile>
 #include <QDeadlineTimer>
 #include <QFileInfo>
-#include <QThread>
 
 #include "host/engine/HostEngineClock.h"
 #include "host/platform/toolkit/HostDialogs.h"
 #include "host/platform/HostJournal.h"
 #include "host/platform/services/HostLaunchAction.h"
 #include "host/platform/phone/HostPhone.h"
-#include "tests/support/Journal.h"
 
 void TestEnvironment::SetUp()
 {
@@ -34,26 +32,6 @@ void TestEnvironment::TearDown()
     qunsetenv("MP_DATA_DIR");
 }
 
-QList<QJsonObject> TestEnvironment::journal()
-{
-    return Journal::captured();
-}
-
-QStringList TestEnvironment::journalCalls()
-{
-    return Journal::calls(Journal::captured());
-}
-
-QList<QJsonObject> TestEnvironment::journalLines(const QString& kind, const QString& call)
-{
-    return Journal::linesOf(Journal::captured(), kind, call);
-}
-
-QList<QJsonArray> TestEnvironment::journalArgs(const QString& kind, const QString& call)
-{
-    return Journal::argsOf(Journal::captured(), kind, call);
-}
-
 bool waitUntil(const std::function<bool()>& condition, int timeoutMs)
 {
     QDeadlineTimer deadline(timeoutMs);
@@ -69,11 +47,6 @@ void TestEnvironment::processEvents()
 {
     for (int round = 0; round < 3; ++round)
         QCoreApplication::processEvents(QEventLoop::AllEvents);
-}
-
-QString TestEnvironment::dataPath(const QString& name) const
-{
-    return m_dataDir.filePath(name);
 }
 
 QString TestEnvironment::writeDataFile(const QString& name, const QByteArray& contents) const
