@@ -18,7 +18,9 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <functional>
+#include <vector>
 
 #include <sys/resource.h>
 
@@ -88,13 +90,13 @@ bool waitFor(const std::function<bool()>& condition)
     return true;
 }
 
-bool soundsFrom(const SinkRecording& recording, int firstBlock)
+// Whether the recording sounds anywhere past its first @p firstSample samples.
+bool soundsFrom(const SinkRecording& recording, int firstSample)
 {
-    for (int block = firstBlock; block < recording.blockCount(); ++block) {
-        if (recording.blockSounds(block))
-            return true;
-    }
-    return false;
+    const std::vector<SinkRecording::Stretch> stretches = recording.stretches();
+    return std::any_of(stretches.begin(), stretches.end(), [firstSample](const SinkRecording::Stretch& stretch) {
+        return stretch.sounds && stretch.to > firstSample;
+    });
 }
 
 double residentMegabytes(qint64 pid)
@@ -125,12 +127,12 @@ void BM_LaunchToFirstSound(benchmark::State& state)
         return;
     }
     for (auto _ : state) {
-        const int fromBlock = recording.blockCount();
+        const int fromSample = recording.sampleCount();
         QElapsedTimer clock;
         clock.start();
         QProcess player;
         startPlayer(player);
-        if (!waitFor([&] { return soundsFrom(recording, fromBlock); })) {
+        if (!waitFor([&] { return soundsFrom(recording, fromSample); })) {
             state.SkipWithError("no sound came");
             return;
         }
@@ -152,7 +154,7 @@ void BM_AlbumPlayed(benchmark::State& state)
     }
     for (auto _ : state) {
         const double cpuBefore = childCpuSeconds();
-        const int fromBlock = recording.blockCount();
+        const int fromSample = recording.sampleCount();
         QProcess player;
         startPlayer(player, format);
         player.waitForStarted(kTimeoutMs);
@@ -162,7 +164,7 @@ void BM_AlbumPlayed(benchmark::State& state)
         double endMb = 0;
         waitFor([&] {
             const double now = residentMegabytes(pid);
-            if (startMb == 0 && soundsFrom(recording, fromBlock))
+            if (startMb == 0 && soundsFrom(recording, fromSample))
                 startMb = now;
             if (now > 0)
                 endMb = now;
