@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <cstdio>
 #include <utility>
 
 #include <gtest/gtest.h>
@@ -118,9 +119,10 @@ TEST_F(MP_FolderListTest, RemoveItem_OfAFileGoneOrReplacedBehindTheListsBack_Cha
     MP_FolderList list(path("b.mp3"), MP_FolderList::SortByName);
     QFile::remove(path("A.wav"));
     EXPECT_FALSE(list.removeItem(0));
-    // Another file under the listed name is not the one the user chose to delete.
-    ASSERT_TRUE(QFile::remove(path("b.mp3")));
-    make("b.mp3", 7, 0);
+    // Another file under the listed name is not the one the user chose to delete,
+    // even of the same size and time, renamed into its place.
+    make("b.new", 300, 5);
+    ASSERT_EQ(std::rename(QFile::encodeName(path("b.new")).constData(), QFile::encodeName(path("b.mp3")).constData()), 0);
     EXPECT_FALSE(list.removeItem(1));
     EXPECT_TRUE(QFile::exists(path("b.mp3")));
     EXPECT_EQ(listed(list), "A.wav b.mp3* c.MP3 d.ogg");
