@@ -62,6 +62,23 @@ protected:
     void TearDown() override { HostTranslations::use(QString()); }
 };
 
+// Which item sits under which submenu is the phone's contract: no screen test
+// opens the video menus' submenus, so their trees are pinned here.
+TEST_F(MenuDefinitionsTest, TheVideoMenusKeepThePhonesTrees)
+{
+    const std::pair<const char*, const char*> trees[] = {
+        {"video_control", "2001 2002 2004/2002 2005 2006 2007 2008/2007 2009/2007 2010 2011/2010 2012/2010 2013/2010 "
+                          "2014/2010 2015/2010 1016 1017 2020"},
+        {"stream_video", "7001 7002 7003 7004/7003 7005/7003 1016 1017 7008"},
+    };
+    for (const auto& [name, expected] : trees) {
+        QStringList tree;
+        for (const Row& row : rowsOf(name))
+            tree << (row.parentId ? QStringLiteral("%1/%2").arg(row.id).arg(row.parentId) : QString::number(row.id));
+        EXPECT_EQ(tree.join(' ').toStdString(), expected) << name;
+    }
+}
+
 TEST_F(MenuDefinitionsTest, EachScreensRecordsDressItsMenuRowForRow)
 {
     ASSERT_TRUE(HostTranslations::use(QStringLiteral("de")));
