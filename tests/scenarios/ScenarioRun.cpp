@@ -1,6 +1,5 @@
 #include "tests/scenarios/ScenarioRun.h"
 
-#include <QDir>
 #include <QFile>
 #include <QJsonArray>
 #include <QProcess>

@@ -3,7 +3,6 @@
 // and the transfer session.
 
 #include <QDir>
-#include <QFile>
 #include <QSignalSpy>
 
 #include <memory>

@@ -1,7 +1,6 @@
 // The transfer session as the download manager sees it: the journaled calls
 // of the platform session, in order and with their arguments.
 
-#include <QSignalSpy>
 
 #include "host/platform/HostJournal.h"
 #include "host/platform/services/HostDownloadManager.h"

@@ -3,7 +3,6 @@
 //   database->addMedia(song("/m/a.mp3").title("A").album("X"));
 // Fields left unset keep MediaRecord's defaults (audio, phone memory, no tags).
 
-#include <QDateTime>
 #include <QFileInfo>
 #include <QString>
 

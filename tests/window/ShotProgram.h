@@ -2,7 +2,6 @@
 // What the programs that grab the screen share: they run under an X display
 // or are skipped, and they judge a picture by what a person would see.
 
-#include <QByteArray>
 #include <QCoreApplication>
 #include <QGuiApplication>
 #include <QImage>

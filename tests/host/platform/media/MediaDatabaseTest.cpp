@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QStringList>
 
 #include <functional>
 #include <memory>
