@@ -2,7 +2,8 @@
 # to the metadata service: an artist's songs from the second, to the idle
 # screen and back, controls from the idle screen and the setup, songs played
 # to their ends (the play history), the external display while the flip is
-# closed, a play list, and last the resume of the last-played list.
+# closed, a play list, and last a launch from the home screen (the player
+# runs, so it only shows itself: the last-played list is not read back).
 clock manual
 action PlayMusicListInMediaplayer isAllArtist=0 "Artist=Aurora Lane" isAllAlbum=1 isAllGenre=1 isAllComposer=1 FirstIndex=1 StorageLocation=2
 advance 2500
