@@ -5,6 +5,7 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <climits>
 
 #include <taglib/audioproperties.h>
 #include <taglib/fileref.h>
@@ -71,7 +72,9 @@ std::optional<MediaTags> MediaTagReader::read(const QString& path)
     tags.artist = toQString(tag->artist());
     tags.album = toQString(tag->album());
     tags.genre = toQString(tag->genre());
-    tags.track = int(tag->track());
+    // TagLib hands a track tag's number over unsigned: "-5" or a number past int's
+    // range would come out negative, and sort before every real track. None is none.
+    tags.track = tag->track() <= unsigned(INT_MAX) ? int(tag->track()) : 0;
     // The composer and a full date are only reachable through the property map.
     const TagLib::PropertyMap properties = file.file()->properties();
     tags.composer = firstValue(properties, "COMPOSER");
