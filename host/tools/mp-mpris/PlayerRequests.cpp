@@ -111,10 +111,12 @@ void PlayerRequests::setPosition(const QString& trackId, qint64 position) const
 
 void PlayerRequests::setShuffle(bool shuffle) const
 {
-    if (!m_mirror.isPresent() || shuffle == (m_mirror.shuffleMode() != 0))
+    // The shuffle request applies the stored mode, so the store, not the
+    // player's last news, tells whether a request is needed: asked on and
+    // then off before the player told of on, the second request still goes.
+    // Songs is the mode the player's own shuffle key turns on.
+    if (!m_mirror.isPresent() || shuffle == (m_settings.shuffleMode() != 0))
         return;
-    // The shuffle request applies the stored mode; songs is the mode the
-    // player's own shuffle key turns on.
     m_settings.storeShuffleMode(shuffle ? 1 : 0);
     send(IdleScreenChannel::kShuffle);
 }

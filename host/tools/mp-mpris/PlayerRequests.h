@@ -10,7 +10,8 @@
 //                           past the item's end is Next, one before its start
 //                           goes back to 0; without a known length nothing
 //                           is sent (CanSeek is false then)
-//   Shuffle                 the stored music shuffle mode, then "/MP/Idle/Req/Shuffle"
+//   Shuffle                 the stored music shuffle mode, then "/MP/Idle/Req/Shuffle",
+//                           when the stored mode is not already the one asked for
 //   LoopStatus              "/MP/Idle/Req/Repeat" when repeat must change
 //   Raise, Quit             "/MP/Idle/Req/Restore", "/MP/Idle/Req/Quit"
 // Without a player nothing is sent. The requests go to the followed player

@@ -177,6 +177,8 @@ TEST_F(PlayerMirrorTest, RequestsAreTheIdleScreensAndOnlyWhileThePlayerRuns_ASee
     requests.setPosition(mirror.trackId(), 60000000);
     requests.setPosition("/org/mediaplayerhost/Track/99", 60000000);
     requests.setShuffle(true);
+    requests.setShuffle(true);
+    requests.setShuffle(false);  // before the player told of on
     requests.setLoopStatus("Track");
     requests.setLoopStatus("Sometimes");
     requests.raise();
@@ -191,10 +193,10 @@ TEST_F(PlayerMirrorTest, RequestsAreTheIdleScreensAndOnlyWhileThePlayerRuns_ASee
                                   "/MP/Idle/Req/Seek/Forth 00000001", "/MP/Idle/Req/Seek/END ",
                                   "/MP/Idle/Req/Seek/BACK 00000003", "/MP/Idle/Req/Seek/END ",
                                   "/MP/Idle/Req/Seek/Forth 00000008", "/MP/Idle/Req/Seek/END ",
-                                  "/MP/Idle/Req/Shuffle ", "/MP/Idle/Req/Repeat ", "/MP/Idle/Req/Restore ",
+                                  "/MP/Idle/Req/Shuffle ", "/MP/Idle/Req/Shuffle ", "/MP/Idle/Req/Repeat ", "/MP/Idle/Req/Restore ",
                                   "/MP/Idle/Req/Prev ", "/MP/Idle/Req/Play ", "/MP/Idle/Req/Quit ",
                                   "/MP/Idle/Req/Play "}));
-    EXPECT_EQ(settings.shuffle, 1) << "the shuffle request applies the stored mode";
+    EXPECT_EQ(settings.shuffle, 0) << "the shuffle request applies the stored mode";
 
     // Seeks beyond the item are Next or the start, whatever the offset.
     sent.clear();
