@@ -1,6 +1,8 @@
 #include "platform/SETUP_SET_Manager.h"
 
+#include <QDateTime>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QJsonValue>
 #include <QLoggingCategory>
@@ -35,6 +37,20 @@ bool isStoreWritable(const QString& fileName)
 QString settingsKey(const QString& group, const QString& key)
 {
     return group + QLatin1Char('/') + key;
+}
+
+// Every process keeps the store it last read and reads the file again only
+// when its size or its modification time (to the millisecond) changed. A
+// rewrite that changes one digit within one tick of the file system's clock
+// keeps both, and another process (the player, a desktop bridge) would go on
+// answering the old value: the new file is stamped after the one it replaced.
+void stampAfter(const QString& fileName, const QDateTime& replaced)
+{
+    if (!replaced.isValid() || QFileInfo(fileName).lastModified() > replaced)
+        return;
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadWrite) || !file.setFileTime(replaced.addMSecs(1), QFileDevice::FileModificationTime))
+        qCWarning(lcSettings) << "SETUP_SET_Manager: cannot stamp" << fileName << "after the file it replaced";
 }
 } // namespace
 
@@ -86,6 +102,8 @@ bool SETUP_SET_Manager::write(const QString& group, const QString& key, const QV
         qCWarning(lcSettings) << "SETUP_SET_Manager: read-only data folder; not writing" << key;
         return false;
     }
+    const QFileInfo stored(m_settings->fileName());
+    const QDateTime replaced = stored.exists() ? stored.lastModified() : QDateTime();
     HostJournal::settings(m_appId, group, key, QJsonValue::fromVariant(value));
     m_settings->setValue(settingsKey(group, key), value);
     // QSettings saves through a temporary file and a rename, so a crash
@@ -95,6 +113,7 @@ bool SETUP_SET_Manager::write(const QString& group, const QString& key, const QV
         qCWarning(lcSettings) << "SETUP_SET_Manager: cannot write" << m_settings->fileName();
         return false;
     }
+    stampAfter(m_settings->fileName(), replaced);
     return true;
 }
 

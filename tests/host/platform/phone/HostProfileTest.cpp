@@ -1,8 +1,10 @@
 #include "host/platform/phone/HostPhone.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 
+#include "host/platform/HostDataDir.h"
 #include "host/platform/media/database/MediaDatabase.h"
 #include "host/platform/phone/HostProfileFile.h"
 #include "host/platform/phone/HostStorage.h"
@@ -60,6 +62,18 @@ TEST_F(HostProfileTest, Phone_StartsFromDefaultsThenTheFile_ScriptsChangeBitsAft
     EXPECT_TRUE(bit(7));
     EXPECT_TRUE(bit(512)) << "a bit the file does not name keeps its default";
     EXPECT_EQ(getProfileItem("MF_FlexNumber", "StorageNumber"), "1");
+}
+
+TEST_F(HostProfileTest, SettingsRewrite_IsStampedAfterTheFileItReplaced_SoThatOtherProcessesReadIt)
+{
+    const QString store = HostDataDir::file(QStringLiteral("settings/app-71.ini"));
+    ASSERT_TRUE(SETUP_SET_Manager(71, false).setSettingInfo("MediaControlItem", "MusicShuffle", 1));
+    // A stamp no rewrite reaches by itself: the same tick of the clock, as seen by the next write.
+    const QDateTime ahead(QDate(2100, 1, 1), QTime(0, 0));
+    QFile file(store);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.setFileTime(ahead, QFileDevice::FileModificationTime));
+    ASSERT_TRUE(SETUP_SET_Manager(71, false).setSettingInfo("MediaControlItem", "MusicShuffle", 0));
+    EXPECT_EQ(QFileInfo(store).lastModified().toString(Qt::ISODateWithMs).toStdString(), "2100-01-01T00:00:00.001");
 }
 
 TEST_F(HostProfileTest, PrepareDataFolder_GivesANewFolderItsProfileAndCardOnce)
