@@ -72,7 +72,7 @@ QString ProjectProgram::readUntil(QProcess& process, QProcess::ProcessChannel ch
 {
     process.setReadChannel(channel);
     QStringList lines;
-    const QDeadlineTimer deadline(timeoutMs);
+    const QDeadlineTimer deadline(emulated() ? 4 * timeoutMs : timeoutMs);
     while (lines.isEmpty() || lines.last() != last) {
         if (process.canReadLine())
             lines.append(QString::fromUtf8(process.readLine()).chopped(1));

@@ -25,7 +25,8 @@ QString sourcePath(const QString& relative);
 bool start(QProcess& process, const QString& name, const QStringList& arguments);
 
 /** Reads @p process's @p channel line by line until a line equals @p last or
- *  @p timeoutMs pass; the lines read, joined by newlines. */
+ *  @p timeoutMs pass (four times as many under an emulator); the lines read,
+ *  joined by newlines. */
 QString readUntil(QProcess& process, QProcess::ProcessChannel channel, const QString& last, int timeoutMs = 15000);
 
 } // namespace ProjectProgram

@@ -30,7 +30,8 @@
 
 namespace {
 
-const int kWaitMs = 15000;
+// The programs run several times slower under an emulator.
+const int kWaitMs = ProjectProgram::emulated() ? 60000 : 15000;
 
 // The album from song FIRST, on the manual clock; each await is a step the test takes.
 QByteArray albumScript(int first, const QByteArray& control = "TEST/Control", const QByteArray& steps = {})
@@ -335,10 +336,12 @@ TEST_F(PlayerProcessTest, TheBridgeFollowsThePlayerAndDrivesIt_ReadsBackShuffleA
     // The player screen's key, twice: on, then back off.
     tell("TEST/Control", "keys");
     EXPECT_TRUE(shuffleIs(true));
-    ProjectProgram::readUntil(m_player, QProcess::StandardError, "await: listening on TEST/Control for again");
+    ASSERT_TRUE(ProjectProgram::readUntil(m_player, QProcess::StandardError, "await: listening on TEST/Control for again")
+                    .endsWith("again"));
     tell("TEST/Control", "again");
     EXPECT_TRUE(shuffleIs(false));
-    ProjectProgram::readUntil(m_player, QProcess::StandardError, "await: listening on TEST/Control for done");
+    ASSERT_TRUE(ProjectProgram::readUntil(m_player, QProcess::StandardError, "await: listening on TEST/Control for done")
+                    .endsWith("done"));
 
     start(m_second, "mp-mpris", {"--data-dir", m_run.dataDir() + "/data"});
     const QString instance = "mp-mpris: offering org.mpris.MediaPlayer2.mediaplayer.instance"
