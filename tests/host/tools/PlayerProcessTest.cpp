@@ -21,6 +21,7 @@
 
 #include <gtest/gtest.h>
 #include <signal.h>
+#include <sys/wait.h>
 
 #include "tests/scenarios/ScenarioRun.h"
 #include "tests/support/Journal.h"
@@ -497,9 +498,13 @@ TEST_F(PlayerProcessTest, UpdateAndNextFloods_KeepMemoryBounded_AndTerminationEn
     // backlog (an emulated or starved one slowly): the termination comes
     // once it has acted on a Next, with the rest of the flood still waiting.
     ASSERT_TRUE(journalShowsANext(journal)) << "the player acted on none of the requests";
-    // Where the journal stood when the signal went: the player writes it line by line.
+    // Where the journal stood when the signal went: the player writes it line by line. It stands
+    // still meanwhile, lest what it did while this test waited for a processor count as after it.
+    const pid_t player = pid_t(m_player.processId());
+    siginfo_t stopped{};
+    ASSERT_EQ(::kill(player, SIGSTOP) | ::waitid(P_PID, id_t(player), &stopped, WSTOPPED | WEXITED | WNOWAIT), 0);
     const qint64 journalAtTermination = QFileInfo(journal).size();
-    ASSERT_EQ(::kill(pid_t(m_player.processId()), SIGTERM), 0);
+    ASSERT_EQ(::kill(player, SIGTERM) | ::kill(player, SIGCONT), 0);
     ASSERT_TRUE(m_player.waitForFinished(kWaitMs));
     const int nextsAtTermination = countInJournal(journal, "control", "next", journalAtTermination);
     EXPECT_EQ(m_player.exitStatus(), QProcess::NormalExit);
