@@ -149,7 +149,7 @@ TEST(ToolkitScenarioTest, BadWords_StopTheScriptNamingWhatIsExpected)
 {
     ScenarioRun scenario;
     const auto runLine = [&](const QByteArray& line) {
-        EXPECT_EQ(scenario.runText("wait 20\n" + line + "\nquit\n", {kSong}), 2) << line.constData();
+        EXPECT_EQ(scenario.runText("clock manual\nwait 20\n" + line + "\nquit\n", {kSong}), 2) << line.constData();
         return scenario.errorOutput().section(": ", 1).trimmed();
     };
     EXPECT_EQ(runLine("softkey middle"), "softkey: expects left or right");
