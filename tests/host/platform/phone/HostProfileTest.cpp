@@ -68,12 +68,14 @@ TEST_F(HostProfileTest, SettingsRewrite_IsStampedAfterTheFileItReplaced_SoThatOt
 {
     const QString store = HostDataDir::file(QStringLiteral("settings/app-71.ini"));
     ASSERT_TRUE(SETUP_SET_Manager(71, false).setSettingInfo("MediaControlItem", "MusicShuffle", 1));
-    // A stamp no rewrite reaches by itself: the same tick of the clock, as seen by the next write.
-    const QDateTime ahead(QDate(2100, 1, 1), QTime(0, 0));
+    // A stamp the next write does not reach by itself, as within one tick of the clock. (Near the
+    // file's own: a 32-bit processor's file times end in 2038.)
+    const QDateTime ahead = QFileInfo(store).lastModified().addSecs(3600);
     QFile file(store);
     ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.setFileTime(ahead, QFileDevice::FileModificationTime));
     ASSERT_TRUE(SETUP_SET_Manager(71, false).setSettingInfo("MediaControlItem", "MusicShuffle", 0));
-    EXPECT_EQ(QFileInfo(store).lastModified().toString(Qt::ISODateWithMs).toStdString(), "2100-01-01T00:00:00.001");
+    EXPECT_EQ(QFileInfo(store).lastModified().toString(Qt::ISODateWithMs).toStdString(),
+              ahead.addMSecs(1).toString(Qt::ISODateWithMs).toStdString());
 }
 
 TEST_F(HostProfileTest, PrepareDataFolder_GivesANewFolderItsProfileAndCardOnce)
