@@ -82,8 +82,9 @@ bool AppOptions::parse(const QStringList& arguments, QString* error)
             // likely a pair without its "=" than a file that is gone.
             if (i + 1 < arguments.size() && !arguments.at(i + 1).startsWith(QLatin1Char('-'))
                 && !isFileOrAddress(arguments.at(i + 1))) {
-                // A name of a name's length stands as typed; a longer one is shortened
-                // as any word is, so that a pasted megabyte does not come back whole.
+                // An action name of ordinary length is shown as typed, unquoted; a
+                // longer one is shortened as any word is, so that a pasted megabyte
+                // does not come back whole.
                 const QString shownName =
                     name.size() <= ScriptWords::kExcerptLength ? name : ScriptWords::excerpt(name);
                 *error = QStringLiteral("--action %1: %2 is no key=value pair, nor a file")
